@@ -1,0 +1,48 @@
+# How a room of src/ becomes a library.
+
+# Warnings for our own code; not passed on to users.
+add_library(cuvexa_options INTERFACE)
+target_compile_features(cuvexa_options INTERFACE cxx_std_20)
+target_compile_options(cuvexa_options INTERFACE -Wall -Wextra -Wpedantic)
+
+# cuvexa_sources(<out> <room>...): the sources of the rooms.
+function(cuvexa_sources out)
+    set(found)
+    foreach(room ${ARGN})
+        file(GLOB files CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/${room}/*.cpp)
+        list(APPEND found ${files})
+    endforeach()
+    set(${out} ${found} PARENT_SCOPE)
+endfunction()
+
+# cuvexa_library(<name> ROOMS <room>... [USES <library>...]): the library cuvexa_<name>, exported as Cuvexa::<name>.
+function(cuvexa_library name)
+    cmake_parse_arguments(arg "" "" "ROOMS;USES" ${ARGN})
+    cuvexa_sources(sources ${arg_ROOMS})
+    if(NOT sources)
+        return()
+    endif()
+    add_library(cuvexa_${name} STATIC ${sources})
+    add_library(Cuvexa::${name} ALIAS cuvexa_${name})
+    set_target_properties(cuvexa_${name} PROPERTIES EXPORT_NAME ${name} LINKER_LANGUAGE CXX POSITION_INDEPENDENT_CODE ON)
+    target_compile_features(cuvexa_${name} PUBLIC cxx_std_20)
+    target_link_libraries(cuvexa_${name} PRIVATE $<BUILD_INTERFACE:cuvexa_options>)
+    target_include_directories(cuvexa_${name} PUBLIC
+        $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
+        PRIVATE ${PROJECT_SOURCE_DIR}/src)
+    foreach(used ${arg_USES})
+        target_link_libraries(cuvexa_${name} PUBLIC cuvexa_${used})
+    endforeach()
+    set_property(GLOBAL APPEND PROPERTY CUVEXA_LIBRARIES cuvexa_${name})
+endfunction()
+
+# cuvexa_embed_schema(<target>): schema/*.sql as constants of the target, so that a program needs no file beside it.
+function(cuvexa_embed_schema target)
+    foreach(file schema sample_company)
+        set(path ${PROJECT_SOURCE_DIR}/schema/${file}.sql)
+        set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${path})
+        file(READ ${path} ${file}_sql)
+    endforeach()
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/schema.cpp.in ${PROJECT_BINARY_DIR}/schema.cpp @ONLY)
+    target_sources(${target} PRIVATE ${PROJECT_BINARY_DIR}/schema.cpp)
+endfunction()

@@ -1,0 +1,159 @@
+// The one class that callers see.
+//
+// Every operation is a Boolean function (a few give a text or a number) that never throws: on entry `Error` is emptied;
+// a refusal or a failure leaves its text in `Error` and gives False (empty, or 0). Nothing runs in a transaction: each
+// statement commits by itself, and what was written before a failure stays; each member says what that may be. Texts are
+// UTF-8, line breaks in `Error` are CR LF. Four forms of `Error` exist, and callers parse them: the message alone; the
+// message with a value in it; the source tag ("Cuvexa.dll - " + member + "()"), CR LF and the message; the tag, CR LF and
+// the text of the member or service that failed, so tags nest from the outside in.
+//
+// One thread at a time uses an instance, the same that uses its `Module`.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "cuvexa/module.h"
+#include "cuvexa/records.h"
+
+namespace cuvexa {
+
+/// Extra values of a cash-receipt line. Held by reference: what the caller changes here is what the next line writes.
+class clsRpDetalle {
+public:
+    std::string Rp_Cve_Banco;    ///< bank key, checked against the catalog when not empty
+    std::string Rp_Vendedor;     ///< seller key, required when the receipt type asks for a seller
+    std::string Rp_Comisionista; ///< commission agent
+    std::string Rp_Promotor;     ///< promoter
+    std::string Rp_Chofer;       ///< driver
+    std::string Rp_Cobratario;   ///< collector
+};
+
+class Dialogs;
+
+class Tesoreria {
+public:
+    /// An instance of the component. The module must outlive it.
+    explicit Tesoreria(Module& module);
+
+    // ---- Members in the published order -------------------------------------------------------------------------------
+
+    /// Folio of the last bank movement that this instance generated, also those made inside a deposit or a check. Set as
+    /// soon as the folio is given, kept when the same call fails later. The caller may write it.
+    std::string FolioMovimiento;
+
+    bool Cancelar_Deposito(const std::string& Dp_Folio);
+
+    /// Text of the last operation's refusal or failure; empty after a success. Read it right after the call.
+    std::string Error() const { return error_; }
+
+    /// While True, every receipt line is also checked by the payment-method service. `NuevoReciboCaja` sets it to False.
+    bool Validar_Forma_Pago() const { return validate_payment_method_; }
+    void Validar_Forma_Pago(bool value) { validate_payment_method_ = value; }
+
+    /// Folio of the last deposit that this instance generated, set as soon as it is given.
+    std::string Dp_Folio() const { return deposit_folio_; }
+
+    /// Destination bank of a transfer, written to `Cheque.Ch_Banco_Destino`.
+    void Ch_Banco_Destino(const std::string& value) { destination_bank_ = value; }
+    std::string Ch_Banco_Destino() const { return destination_bank_; }
+
+    void NuevoReciboCaja();
+    bool FinReciboCaja(const std::string& Rp_Folio);
+
+    tRpEncabezado RpEncabezado() const { return receipt_; }
+    void RpEncabezado(const tRpEncabezado& value);
+
+    tRpDetalle RpDetalle() const { return receipt_line_; }
+    void RpDetalle(const tRpDetalle& value) { receipt_line_ = value; }
+
+    bool Add_Recibo_Caja_Detalle();
+
+    tTsEncabezado Encabezado() const { return check_; }
+    void Encabezado(const tTsEncabezado& value);
+
+    tTsDetalle Detalle() const { return check_line_; }
+    void Detalle(const tTsDetalle& value);
+
+    void Nuevo();
+
+    bool Add_Cheque_Detalle();
+    bool Crear_Cheque_Pago_Proveedor(const std::string& Ch_Folio);
+    bool Crear_Cheque_Devolucion_Anticipo(const std::string& Ch_Folio);
+    bool Crear_Cheque_Anticipo_Cxp();
+    bool Crear_Cheque_Devolucion_Cliente();
+    bool Crear_Cheque_Gasto_x_Comprobar();
+    bool Crear_Cheque_Deudor();
+    bool Cancelar_Cheque(const std::string& Ch_Folio);
+    bool Aplicar_Cheque(const std::string& Ch_Folio, Date Fecha, bool Firme = false);
+    bool Registra_Movimiento_Bancario_Cheque(const std::string& Ch_Folio);
+    bool Registra_Movimiento_Banco(tBnMovimiento& Datos);
+    bool Cancelar_Documento_Bancos(const std::string& Bm_Tabla, const std::string& Bm_Documento);
+    bool Cancelar_Aplicacion_Cheque(const std::string& Ch_Folio);
+    bool Crear_Cheque(const std::string& Ch_Folio);
+    bool Registrar_Deposito_Recibo_Caja(const std::string& Rp_Folio, const std::string& Bc_Cve_Banco_Cuenta);
+    bool Genera_Deposito(const std::string& Bc_Cve_Banco_Cuenta, const std::string& Rp_Folio, Date Dp_Fecha, bool Bm_Firme,
+                         Date Bm_Fecha_Firme, const std::string& sComentario = {});
+    double GetSaldo(const std::string& Bc_Cve_Banco_Cuenta, bool SoloFirme = false);
+    std::string PedirDatosDeposito(Date FechaDeposito, const std::string& Moneda, int EnFirme = 0,
+                                   const std::string& Empresa = {});
+    bool Cancelar_Movimiento_Bancos(const std::string& Bm_Folio);
+    bool Cancelar_Recibo_Caja(const std::string& Rp_Folio, bool bCancelaDeposito = false, bool bCancelaPagos = false);
+    bool Crear_Traspaso_Cuenta_Propia();
+    bool Finalizar_Cheque(const std::string& Ch_Folio);
+
+    tSchEncabezado SchEncabezado() const { return request_; }
+    void SchEncabezado(const tSchEncabezado& value);
+
+    tSchDetalle SchDetalle() const { return request_line_; }
+    void SchDetalle(const tSchDetalle& value);
+
+    bool Add_Solicitud_Cheque();
+    bool Add_Solicitud_Cheque_Detalle();
+    bool Autorizar_Solicitud_Cheque(const std::string& Folio);
+    bool Cancelar_Solicitud_Cheque(const std::string& Folio);
+    bool Afectar_Cheque_Presupuesto(const std::string& Ch_Folio, int Tipo);
+    std::string PedirDatosFormaPago(const std::string& FormaPago, const std::string& Dcb_Tabla = {},
+                                    const std::string& Dcb_Documento = {}, const std::string& Banco = {},
+                                    const std::string& Referencia = {}, const std::string& Cuenta = {},
+                                    const std::string& nBanco = {}, bool bSugerirCuenta = false);
+
+    std::shared_ptr<clsRpDetalle> RpDetalle2() const;
+    void RpDetalle2(std::shared_ptr<clsRpDetalle> value);
+
+private:
+    bool Inserta_Recibo_Pago();
+    bool Inserta_Cheque(const std::string& Ch_Folio);
+    bool Inserta_Detalle_Cheque();
+    bool Contabiliza_Banco_Movimiento(const std::string& Bm_Folio, const std::string& Bm_Tabla,
+                                      const std::string& Bm_Documento);
+    bool Valida_Poliza_Contable(const std::string& Tabla, const std::string& Documento);
+    bool Inserta_Solicitud_Cheque();
+    bool Inserta_Solicitud_Cheque_Detalle();
+    bool Aplicar_Anticipo_Cxc(const std::string& Ch_Folio, Date Fecha);
+    bool Cancelar_Aplicacion_Cheque_Anticipo(const std::string& Ch_Folio);
+
+    /// The next line number of the document in capture, as four digits; the 16-bit counter that receipts, checks and check
+    /// requests share. Throws `Automation_error` (6) after 32767.
+    std::string next_line_id();
+
+    Module& module_;
+    std::string error_;
+    tTsEncabezado check_;
+    tTsDetalle check_line_;
+    std::string destination_bank_;
+    tRpEncabezado receipt_;
+    tRpDetalle receipt_line_;
+    std::shared_ptr<clsRpDetalle> receipt_line_extras_;
+    tSchEncabezado request_;
+    tSchDetalle request_line_;
+    std::int16_t line_counter_ = 0;
+    bool validate_payment_method_ = false;
+    std::string branch_server_id_;
+    std::string deposit_folio_;
+    std::string receipt_stamp_;  ///< creation stamp of the receipt in capture
+    std::string check_stamp_;    ///< registration stamp of the check in capture
+    std::string request_stamp_;  ///< capture stamp of the check request in capture
+};
+
+}  // namespace cuvexa

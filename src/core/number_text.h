@@ -1,0 +1,18 @@
+// Numbers as text: in statements, in messages, and as line numbers.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace cuvexa {
+
+/// Writes at most 15 significant digits of a finite number and gives the length. Throws `Automation_error` (6) otherwise.
+std::size_t write_number(double number, char (&buffer)[40]);
+
+/// The number as a message shows it: as `number_text`, and "NaN", "Infinito" or "-Infinito" for what no statement may carry.
+std::string shown_number(double number);
+
+/// A line number as the documents write it: at least four digits, "0001".
+std::string four_digits(int number);
+
+}  // namespace cuvexa

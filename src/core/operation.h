@@ -1,0 +1,114 @@
+// The frame of every operation: what it may call, how it refuses, and the only place that catches.
+#pragma once
+
+#include <exception>
+#include <string>
+#include <string_view>
+
+#include "core/rows.h"
+#include "core/statement.h"
+#include "cuvexa/module.h"
+
+namespace cuvexa {
+
+inline constexpr std::string_view line_break = "\r\n";
+
+/// A business refusal on its way to `Error`. It carries the finished text.
+struct Refusal {
+    std::string text;
+};
+
+/// One operation in progress. Inside it a failure is an exception; the frame below makes it a Boolean.
+class Operation {
+public:
+    Operation(Module& module, const std::string& error, std::string_view tag)
+        : module_(module), error_(error), tag_(tag) {}
+
+    Module& module() { return module_; }
+    DataServices& data() { return module_.data(); }
+    SessionServices& session() { return module_.session(); }
+
+    // ---- The database ---------------------------------------------------------------------------------------------
+
+    template <class... Arguments>
+    Rows query(Holes<std::type_identity_t<Arguments>...> statement, const Arguments&... arguments) {
+        fill(module_.statement(), statement, arguments...);
+        return Rows(session().GetConnection().execute(module_.statement()));
+    }
+
+    template <class... Arguments>
+    void execute(Holes<std::type_identity_t<Arguments>...> statement, const Arguments&... arguments) {
+        query(statement, arguments...);
+    }
+
+    /// The server's date and time, now, as text for the audit columns.
+    std::string server_stamp() { return data().SqlDateTime(data().GetServerDate()); }
+
+    // ---- The four forms of a refusal --------------------------------------------------------------------------------
+
+    /// Tag, line break, message.
+    template <class... Arguments>
+    [[noreturn]] void refuse(Holes<std::type_identity_t<Arguments>...> message, const Arguments&... arguments) {
+        throw Refusal{tagged(filled(message, arguments...))};
+    }
+    template <class... Arguments>
+    void refuse_if(bool condition, Holes<std::type_identity_t<Arguments>...> message, const Arguments&... arguments) {
+        if (condition) throw Refusal{tagged(filled(message, arguments...))};
+    }
+
+    /// The message alone, with or without data in it.
+    template <class... Arguments>
+    void refuse_plain_if(bool condition, Holes<std::type_identity_t<Arguments>...> message, const Arguments&... arguments) {
+        if (condition) throw Refusal{filled(message, arguments...)};
+    }
+
+    /// Tag, line break, and the text that a member called inside left in `Error`.
+    void relay_unless(bool succeeded) {
+        if (!succeeded) throw Refusal{tagged(error_)};
+    }
+
+    /// Tag, line break, and the last error of a service. `last_error` is asked only when the service failed.
+    template <class Last_error>
+    void relay_unless(bool succeeded, Last_error&& last_error) {
+        if (!succeeded) throw Refusal{tagged(last_error())};
+    }
+
+    /// The text that a member called inside left in `Error` becomes this operation's own.
+    void pass_on_unless(bool succeeded) {
+        if (!succeeded) throw Refusal{error_};
+    }
+
+    std::string tagged(std::string_view message) const {
+        std::string text(tag_);
+        text += line_break;
+        text += message;
+        return text;
+    }
+
+private:
+    Module& module_;
+    const std::string& error_;
+    std::string_view tag_;
+};
+
+/// Runs `body(Operation&)`: empties `error`, and turns a refusal into its text and any other failure into the tag, a line
+/// break and the description (the description alone when the tag is empty). True when the body came to its end.
+template <class Body>
+bool operation(Module& module, std::string& error, std::string_view tag, Body&& body) {
+    error.clear();
+    Operation op(module, error, tag);
+    try {
+        body(op);
+        error.clear();  // a member called inside may have failed without the body minding
+        return true;
+    } catch (const Refusal& refusal) {
+        error = refusal.text;
+    } catch (const std::exception& failure) {
+        error = tag.empty() ? std::string(failure.what()) : op.tagged(failure.what());
+    } catch (...) {
+        error = op.tagged("Error desconocido");
+    }
+    return false;
+}
+
+}  // namespace cuvexa

@@ -1,0 +1,73 @@
+// The members that belong to no subsystem: construction, the check's header and line, what is not supported.
+#include "cuvexa/tesoreria.h"
+
+#include <limits>
+
+#include "core/number_text.h"
+#include "core/report.h"
+
+namespace cuvexa {
+namespace {
+
+constexpr auto not_supported = "Esta operación no está soportada por la versión del sistema";
+
+}  // namespace
+
+Tesoreria::Tesoreria(Module& module) : module_(module) {}
+
+void Tesoreria::Encabezado(const tTsEncabezado& value) {
+    if (!check_.Ch_Folio.empty()) return;
+    // The folio is the component's; the second currency and its rate are never taken from the caller.
+    check_.Ch_Fecha = value.Ch_Fecha;
+    check_.Tc_Cve_Tipo_Cheque = value.Tc_Cve_Tipo_Cheque;
+    check_.Ch_Transferencia = value.Ch_Transferencia;
+    check_.Ch_Tabla = value.Ch_Tabla;
+    check_.Ch_Documento = value.Ch_Documento;
+    check_.Ch_Referencia = value.Ch_Referencia;
+    check_.Ch_Concepto = value.Ch_Concepto;
+    check_.Ch_Beneficiario = value.Ch_Beneficiario;
+    check_.Bc_Cve_Banco_Cuenta = value.Bc_Cve_Banco_Cuenta;
+    check_.Bc_Cve_Banco_Cuenta2 = value.Bc_Cve_Banco_Cuenta2;
+    check_.Mn_Cve_Moneda = value.Mn_Cve_Moneda;
+    check_.Ch_Tipo_Cambio = value.Ch_Tipo_Cambio;
+    check_.Ch_Solicitar_Valor = value.Ch_Solicitar_Valor;
+    check_.Sucursal.Sc_Cve_Sucursal = value.Sucursal.Sc_Cve_Sucursal;
+}
+
+void Tesoreria::Detalle(const tTsDetalle& value) {
+    reporting(module_, "Property Let Detalle()", "ERR-ID:7500012", [&] { check_line_ = value; });
+}
+
+void Tesoreria::Nuevo() {
+    line_counter_ = 0;
+    check_.Ch_Folio.clear();
+    check_.Tc_Cve_Tipo_Cheque.clear();
+    check_.Ch_Transferencia.clear();
+    check_.Ch_Tabla.clear();
+    check_.Ch_Documento.clear();
+    check_.Ch_Referencia.clear();
+    check_.Ch_Concepto.clear();
+    check_.Ch_Beneficiario.clear();
+    check_.Bc_Cve_Banco_Cuenta.clear();
+    check_.Mn_Cve_Moneda.clear();
+    check_.Ch_Solicitar_Valor.clear();
+    check_.Ch_Tipo_Cambio = 0;
+    check_.Ch_Fecha = module_.data().GetServerDate();
+}
+
+bool Tesoreria::Crear_Cheque(const std::string&) {
+    error_ = not_supported;
+    return false;
+}
+
+bool Tesoreria::Registrar_Deposito_Recibo_Caja(const std::string&, const std::string&) {
+    error_ = not_supported;
+    return false;
+}
+
+std::string Tesoreria::next_line_id() {
+    if (line_counter_ == std::numeric_limits<std::int16_t>::max()) throw Automation_error(error_overflow, "Desbordamiento");
+    return four_digits(++line_counter_);
+}
+
+}  // namespace cuvexa

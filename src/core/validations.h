@@ -1,0 +1,28 @@
+// Validations that several operations share, and the marker of how each reports them.
+#pragma once
+
+#include <string>
+
+#include "core/operation.h"
+
+namespace cuvexa {
+
+/// How an operation reports a shared validation: the message alone, or behind its tag.
+enum class Form { plain, tagged };
+
+/// Refuses when this installation is not the server that owns the branch (or, for a branch without server, not the central).
+void check_central_server(Operation& op, const std::string& branch_server_id, Form form);
+
+/// While "GEN_FORZAR_TIEMPO_REAL" is on, refuses a document that is not of the server's day; the time of day is ignored.
+void check_same_day(Operation& op, Date document_date, Form form);
+
+/// While the parameter "GEN_VALIDAR_PERIODO_OPERATIVO" is on, refuses a date outside an open period of "FINANZAS".
+void check_operating_period(Operation& op, Date document_date, Form form);
+
+/// Refuses a currency that does not exist or is inactive.
+void check_currency(Operation& op, const std::string& currency, Form form);
+
+/// Whether an exchange rate can be used: greater than 0 (and a number).
+bool is_valid_rate(double rate);
+
+}  // namespace cuvexa

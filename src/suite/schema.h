@@ -1,0 +1,11 @@
+// The database schema and the sample company, as scripts in the SQL Server dialect.
+#pragma once
+
+#include <string_view>
+
+namespace cuvexa {
+
+std::string_view schema_sql();
+std::string_view sample_company_sql();
+
+}  // namespace cuvexa
