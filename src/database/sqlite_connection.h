@@ -1,0 +1,74 @@
+// The embedded database: a SQLite file that is spoken to in the SQL Server dialect.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "cuvexa/data_access.h"
+
+struct sqlite3;
+
+namespace cuvexa {
+
+/// What an acknowledged statement survives.
+enum class Synchronous {
+    full,    ///< a power cut
+    normal,  ///< a crash of the program; the last statements may be lost with the power
+    off,     ///< a crash of the program; the file may be damaged with the power
+};
+
+/// The setting of that name ("full", "normal", "off", whatever the case). Throws `Database_error` for another name.
+Synchronous synchronous_named(std::string_view name);
+
+struct Sqlite_options {
+    Synchronous synchronous = Synchronous::full;
+    int busy_timeout_ms = 10000;            ///< how long a statement waits for another program
+    bool create = false;                    ///< make the file when there is none
+    bool read_only = false;
+    std::size_t kept_statements = 256;      ///< prepared statements kept, by shape
+};
+
+/// A SQLite file, or ":memory:". Used by one thread; several connections and programs may share a file.
+///
+/// Rows are read completely before `execute` returns: an open recordset holds no lock and sees no later change.
+/// After a failure the connection remains usable.
+class Sqlite_connection : public Connection {
+public:
+    /// Throws `Database_error` when the file cannot be opened or is not a database.
+    explicit Sqlite_connection(const std::string& path, const Sqlite_options& options = {});
+    ~Sqlite_connection() override;
+
+    Sqlite_connection(const Sqlite_connection&) = delete;
+    Sqlite_connection& operator=(const Sqlite_connection&) = delete;
+
+    std::unique_ptr<Recordset> execute(std::string_view text) override;
+
+    /// The statement as the engine would be given it with its literals in place.
+    std::string translate(std::string_view text) const;
+
+    /// Rows changed by the last INSERT, UPDATE or DELETE.
+    std::int64_t changes() const noexcept;
+
+    /// Gives the file back; every later `execute` fails. Destruction does the same.
+    void close() noexcept;
+
+    /// Prepared statements held now, and texts translated so far: what tests and benchmarks look at.
+    std::size_t kept_statements() const noexcept;
+    std::uint64_t translations() const noexcept;
+
+    /// The engine's own handle, for tests and benchmarks; null when closed.
+    sqlite3* handle() const noexcept;
+
+private:
+    class Engine;
+    std::unique_ptr<Engine> engine_;
+};
+
+/// Opens a file as `Sqlite_connection` does (settings and functions included) and gives the bare handle, to be closed
+/// with sqlite3_close. For what must run texts of `translate` on equal terms.
+sqlite3* open_sqlite(const std::string& path, const Sqlite_options& options = {});
+
+}  // namespace cuvexa
