@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "core/number_text.h"
+
 namespace cuvexa {
 namespace {
 
@@ -45,6 +47,10 @@ void check_operating_period(Operation& op, Date document_date, Form form) {
 void check_currency(Operation& op, const std::string& currency, Form form) {
     if (!op.data().LookupValue("Mn_Descripcion", "Mn_Cve_Moneda", currency, "Moneda").empty()) return;
     refuse(op, form, filled("La moneda: {}, no existe o está dada de baja", currency));
+}
+
+void check_rate(Operation& op, double rate, Form form) {
+    if (!is_valid_rate(rate)) refuse(op, form, filled("El tipo de cambio: {}, no es válido", shown_number(rate)));
 }
 
 bool is_valid_rate(double rate) { return rate > 0 && std::isfinite(rate); }

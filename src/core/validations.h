@@ -22,6 +22,9 @@ void check_operating_period(Operation& op, Date document_date, Form form);
 /// Refuses a currency that does not exist or is inactive.
 void check_currency(Operation& op, const std::string& currency, Form form);
 
+/// Refuses an exchange rate that is not valid.
+void check_rate(Operation& op, double rate, Form form);
+
 /// Whether an exchange rate can be used: greater than 0 (and a number).
 bool is_valid_rate(double rate);
 

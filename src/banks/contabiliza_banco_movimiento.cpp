@@ -1,0 +1,34 @@
+// The hand-off of bank movements to accounting.
+#include "core/operation.h"
+#include "core/posting.h"
+#include "cuvexa/tesoreria.h"
+
+namespace cuvexa {
+
+bool Tesoreria::Contabiliza_Banco_Movimiento(const std::string& Bm_Folio, const std::string& Bm_Tabla,
+                                             const std::string& Bm_Documento) {
+    return operation(module_, error_, "Cuvexa.dll - Contabiliza_Banco_Movimiento()", [&](Operation& op) {
+        const auto accounting = module_.suite().new_accounting();
+        if (!accounting->IsPostingEnabled("BANCO_MOVIMIENTO")) return;
+
+        const bool by_document = !Bm_Documento.empty() && !Bm_Tabla.empty();
+        const std::string or_document =
+            by_document ? filled("  OR (Bm_Documento = '{}' AND Bm_Tabla = '{}' ) ) AND ", Bm_Documento, Bm_Tabla)
+                        : std::string(" ) AND ");
+        const Rows movement = op.query(
+            "SELECT Banco_Movimiento.Bm_Folio, Empresa.Em_Cve_Empresa "
+            "FROM Banco_Movimiento "
+            "   INNER JOIN Banco_Cuenta ON Banco_Cuenta.Bc_Cve_Banco_Cuenta= Banco_Movimiento.Bc_Cve_Banco_Cuenta "
+            "   INNER JOIN Empresa ON Empresa.Em_Cve_Empresa = Banco_Cuenta.Em_Cve_Empresa "
+            "WHERE "
+            "   (Bm_Folio = '{}' "
+            "{}"
+            "   Banco_Movimiento.Es_Cve_Estado <> 'CA' AND "
+            "   Empresa.Es_Cve_Estado <> 'BA' ",
+            Bm_Folio, or_document);
+        op.refuse_if(movement.eof(), "No es posible determinar la empresa para la póliza");
+        post(op, *accounting, "BANCO_MOVIMIENTO", movement.text("Bm_Folio"), movement.text("Em_Cve_Empresa"));
+    });
+}
+
+}  // namespace cuvexa

@@ -1,0 +1,173 @@
+// Closing of a cash receipt: what it collected goes to payables, receivables and accounting.
+#include "core/operation.h"
+#include "core/posting.h"
+#include "cuvexa/tesoreria.h"
+
+namespace cuvexa {
+namespace {
+
+constexpr auto code = "RECIBO_PAGO";
+constexpr auto source_table = "Recibo_Pago";
+
+/// One row of the closing query: the lines of one payment method, added up.
+struct Collected {
+    explicit Collected(const Rows& row)
+        : date(row.date("Rp_Fecha")),
+          branch(row.text("Sc_Cve_Sucursal")),
+          currency(row.text("Mn_Cve_Moneda")),
+          rate(row.number("Rp_Tipo_Cambio")),
+          party(row.text("Rp_Solicitar_Valor")),
+          comment(row.text("Rp_Comentario")),
+          reference(row.text("Rp_Referencia")),
+          amount(row.number("Rp_Importe")),
+          asks_for(row.text("Trp_Solicitar")),
+          creates_receivable(row.text("Fp_Generar_Cuenta_x_Cobrar") == "SI"),
+          method_customer(row.text("Fp_Cliente")) {}
+
+    Date date;
+    std::string branch, currency;
+    double rate;
+    std::string party;  ///< supplier or customer that the receipt type asks for
+    std::string comment, reference;
+    double amount;
+    std::string asks_for;
+    bool creates_receivable;
+    std::string method_customer;  ///< who owes the money collected with the method
+};
+
+/// The date plus the credit days of a catalog row; no such row gives no days.
+Date due_date(Operation& op, Date date, const char* column, const char* key_column, const std::string& key,
+              const char* table) {
+    const std::string credit_days = op.data().LookupValue(column, key_column, key, table);
+    return credit_days.empty() ? date : add_days(date, to_integer(credit_days));
+}
+
+void create_payable(Operation& op, AccountsPayableService& payables, const std::string& folio, const Collected& row) {
+    const Date due = due_date(op, row.date, "Pv_Dias_Credito", "Pv_Cve_Proveedor", row.party, "Proveedor");
+    Payable payable = payables.NewDocument();
+    payable.supplier = row.party;
+    payable.branch = row.branch;
+    payable.date = row.date;
+    payable.comment = row.comment;
+    payable.source_table = source_table;
+    payable.source_document = folio;
+    payable.due_date = due;
+    payable.amount = row.amount;
+    payable.net_amount = row.amount;
+    payable.reference = row.reference;
+    payable.currency = row.currency;
+    payable.exchange_rate = row.rate;
+    op.relay_unless(payables.CreatePayable(payable), [&] { return payables.LastError(); });
+}
+
+void apply_receipt(Operation& op, AccountsReceivableService& receivables, const std::string& folio, const Collected& row) {
+    const Receipt_application receipt{.customer = row.party,
+                                      .document_code = code,
+                                      .folio = folio,
+                                      .date = row.date,
+                                      .reference = row.reference,
+                                      .comment = row.comment,
+                                      .branch = row.branch,
+                                      .amount = row.amount,
+                                      .currency = row.currency,
+                                      .exchange_rate = row.rate};
+    op.relay_unless(receivables.ApplyReceipt(receipt), [&] { return receivables.LastError(); });
+}
+
+void create_receivable(Operation& op, AccountsReceivableService& receivables, const std::string& folio,
+                       const Collected& row) {
+    const Date due = due_date(op, row.date, "Cl_Dias_Credito", "Cl_Cve_Cliente", row.method_customer, "Cliente");
+    const Receivable receivable{.branch = row.branch,
+                                .customer = row.method_customer,
+                                .exchange_rate = row.rate,
+                                .currency = row.currency,
+                                .source_table = source_table,
+                                .source_document = folio,
+                                .comment = row.comment,
+                                .reference = row.reference,
+                                .date = row.date,
+                                .due_date = due,
+                                .amount = row.amount,
+                                .net_amount = row.amount,
+                                .net_price_amount = row.amount,
+                                .balance = row.amount};
+    op.relay_unless(receivables.CreateReceivable(receivable), [&] { return receivables.LastError(); });
+}
+
+void mark_applied(Operation& op, const std::string& folio) {
+    op.execute(
+        "UPDATE Recibo_Pago SET "
+        "   Es_Cve_Estado = 'AP', "
+        "   Oper_Ult_Modif = '{}', "
+        "   Fecha_Ult_Modif = '{}' "
+        "WHERE Rp_Folio = '{}'",
+        op.session().GetUserName(), op.server_stamp(), folio);
+}
+
+}  // namespace
+
+bool Tesoreria::FinReciboCaja(const std::string& Rp_Folio) {
+    return operation(module_, error_, "Cuvexa.dll - FinReciboCaja()", [&](Operation& op) {
+        const auto payables = module_.suite().new_accounts_payable();
+        const auto receivables = module_.suite().new_accounts_receivable();
+        const auto accounting = module_.suite().new_accounting();
+
+        Rows rows = op.query(
+            "SELECT "
+            "   Recibo_Pago.Rp_Folio, "
+            "   Recibo_Pago.Rp_Fecha, "
+            "   Recibo_Pago.Sc_Cve_Sucursal, "
+            "   Recibo_Pago.Mn_Cve_Moneda, "
+            "   Recibo_Pago.Rp_Tipo_Cambio, "
+            "   Recibo_Pago.Rp_Solicitar_Valor, "
+            "   Recibo_Pago.Rp_Comentario, "
+            "   Recibo_Pago.Rp_Referencia, "
+            "   SUM(Recibo_Pago.Rp_Importe) as Rp_Importe, "
+            "   Forma_Pago.Fp_Cve_Forma_Pago, "
+            "   Tipo_Recibo_Pago.Trp_Solicitar, "
+            "   Forma_Pago.Fp_Generar_Cuenta_x_Cobrar, "
+            "   Forma_Pago.Fp_Cliente, "
+            "   Sucursal.Em_Cve_Empresa "
+            "FROM Recibo_Pago "
+            "   INNER JOIN Tipo_Recibo_Pago ON Recibo_Pago.Trp_Cve_Tipo_Recibo_Pago = "
+            "Tipo_Recibo_Pago.Trp_Cve_Tipo_Recibo_Pago "
+            "   INNER JOIN Forma_Pago ON Recibo_Pago.Fp_Cve_Forma_Pago = Forma_Pago.Fp_Cve_Forma_Pago "
+            "   INNER JOIN Sucursal ON Recibo_Pago.Sc_Cve_Sucursal = Sucursal.Sc_Cve_Sucursal "
+            "WHERE Recibo_Pago.Rp_Folio = '{}' AND "
+            "   Recibo_Pago.Es_Cve_Estado <> 'CA' "
+            "GROUP BY "
+            "   Recibo_Pago.Rp_Folio, "
+            "   Recibo_Pago.Rp_Fecha, "
+            "   Recibo_Pago.Sc_Cve_Sucursal, "
+            "   Recibo_Pago.Mn_Cve_Moneda, "
+            "   Recibo_Pago.Rp_Tipo_Cambio, "
+            "   Recibo_Pago.Rp_Solicitar_Valor, "
+            "   Recibo_Pago.Rp_Comentario, "
+            "   Recibo_Pago.Rp_Referencia, "
+            "   Forma_Pago.Fp_Cve_Forma_Pago, "
+            "   Tipo_Recibo_Pago.Trp_Solicitar, "
+            "   Forma_Pago.Fp_Generar_Cuenta_x_Cobrar, "
+            "   Forma_Pago.Fp_Cliente, "
+            "   Sucursal.Em_Cve_Empresa",
+            Rp_Folio);
+        op.refuse_if(rows.eof(), "No se encontró el recibo de caja: {}", Rp_Folio);
+        const std::string company = rows.text("Em_Cve_Empresa");
+
+        for (; !rows.eof(); rows.next()) {
+            const Collected row(rows);
+            if (row.asks_for == "04") {
+                create_payable(op, *payables, Rp_Folio, row);
+                mark_applied(op, Rp_Folio);
+            } else if (row.asks_for == "02" || row.asks_for == "03") {
+                apply_receipt(op, *receivables, Rp_Folio, row);
+                mark_applied(op, Rp_Folio);
+            }
+            if (row.creates_receivable) create_receivable(op, *receivables, Rp_Folio, row);
+        }
+
+        post_if_enabled(op, *accounting, code, Rp_Folio, company);
+        op.relay_unless(op.data().RegisterDocument(code, Rp_Folio), [&] { return op.data().LastErrorText(); });
+    });
+}
+
+}  // namespace cuvexa
