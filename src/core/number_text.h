@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 
 namespace cuvexa {
@@ -14,5 +15,8 @@ std::string shown_number(double number);
 
 /// A line number as the documents write it: at least four digits, "0001".
 std::string four_digits(int number);
+
+/// Raises a 16-bit line counter and gives the line number. Throws `Automation_error` (6) after 32767.
+std::string next_line_number(std::int16_t& counter);
 
 }  // namespace cuvexa

@@ -1,8 +1,6 @@
 // The members that belong to no subsystem: construction, the check's header and line, what is not supported.
 #include "cuvexa/tesoreria.h"
 
-#include <limits>
-
 #include "core/number_text.h"
 #include "core/report.h"
 
@@ -65,9 +63,6 @@ bool Tesoreria::Registrar_Deposito_Recibo_Caja(const std::string&, const std::st
     return false;
 }
 
-std::string Tesoreria::next_line_id() {
-    if (line_counter_ == std::numeric_limits<std::int16_t>::max()) throw Automation_error(error_overflow, "Desbordamiento");
-    return four_digits(++line_counter_);
-}
+std::string Tesoreria::next_line_id() { return next_line_number(line_counter_); }
 
 }  // namespace cuvexa

@@ -69,6 +69,11 @@ std::string four_digits(int number) {
     return digits.size() < 4 ? std::string(4 - digits.size(), '0') + digits : digits;
 }
 
+std::string next_line_number(std::int16_t& counter) {
+    if (counter == std::numeric_limits<std::int16_t>::max()) overflow();
+    return four_digits(++counter);
+}
+
 std::string shown_number(double number) {
     if (std::isnan(number)) return "NaN";
     if (std::isinf(number)) return number > 0 ? "Infinito" : "-Infinito";

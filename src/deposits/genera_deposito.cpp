@@ -1,6 +1,5 @@
 // Deposit of cash receipts into a bank account: one line and one bank movement per group of payment lines.
-#include <algorithm>
-#include <limits>
+#include <string>
 
 #include "core/number_text.h"
 #include "core/operation.h"
@@ -199,18 +198,6 @@ void mark_receipts(Operation& op, const Deposit& deposit, const std::string& lin
         deposit.folio, line_id, op.data().SqlDate(deposit.date), deposit.receipts, group.method, group.bank, group.check);
 }
 
-/// The deposit's own line numbers; the instance's counter belongs to the document in capture.
-class Line_numbers {
-public:
-    std::string next() {
-        if (last_ == std::numeric_limits<std::int16_t>::max()) throw Automation_error(error_overflow, "Desbordamiento");
-        return four_digits(++last_);
-    }
-
-private:
-    std::int16_t last_ = 0;
-};
-
 }  // namespace
 
 bool Tesoreria::Genera_Deposito(const std::string& Bc_Cve_Banco_Cuenta, const std::string& Rp_Folio, Date Dp_Fecha,
@@ -242,9 +229,10 @@ bool Tesoreria::Genera_Deposito(const std::string& Bc_Cve_Banco_Cuenta, const st
         deposit_folio_ = deposit.folio;
         op.refuse_if(deposit.folio.empty(), "Imposible obtener el folio del depósito");
 
-        for (Line_numbers lines; !rows.eof(); rows.next()) {
+        // A counter of its own: a receipt in capture on this instance is not renumbered.
+        for (std::int16_t lines = 0; !rows.eof(); rows.next()) {
             const Group group(rows);
-            const std::string line_id = lines.next();
+            const std::string line_id = next_line_number(lines);
             insert_line(op, deposit, line_id, group);
             tBnMovimiento movement = movement_of(deposit, line_id, group);
             op.pass_on_unless(Registra_Movimiento_Banco(movement));
