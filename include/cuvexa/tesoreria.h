@@ -58,23 +58,49 @@ public:
     void Ch_Banco_Destino(const std::string& value) { destination_bank_ = value; }
     std::string Ch_Banco_Destino() const { return destination_bank_; }
 
+    /// Starts a receipt: line counter to 0, `Validar_Forma_Pago` to False, the header's texts, rate and keys emptied, both dates
+    /// to today on the clock of this machine. Kept on purpose: `Rp_Deposito_ID`, the description and flags of the receipt type,
+    /// the rest of the branch, the line and its extras.
     void NuevoReciboCaja();
+    /// Closes the receipt `Rp_Folio`: per payment method, creates the payable ("04") or applies the receipt to the customer
+    /// ("02", "03") that its type asks for and marks all its lines 'AP', and creates the receivable that the method asks for;
+    /// then posts the receipt to accounting when that is automatic, and registers it. Gives True when all of it is done.
+    /// Refusals, in order: no live line of that folio; then, row by row, what payables or receivables refuse; what accounting
+    /// refuses, or reports after a success; what the registration refuses. All carry the tag.
+    /// Left half done by a failure: everything done for earlier rows, the state 'AP' included. A second call repeats all rows.
     bool FinReciboCaja(const std::string& Rp_Folio);
 
+    /// Header of the receipt in capture. A let looks up the server of the branch, takes the whole record, folio included (an
+    /// empty folio starts a new receipt with the next line), and fills description and flags from the catalog of receipt types
+    /// when the type exists. The let has no trap: it throws what the database throws.
     tRpEncabezado RpEncabezado() const { return receipt_; }
     void RpEncabezado(const tRpEncabezado& value);
 
+    /// Line of the receipt in capture; plain copies.
     tRpDetalle RpDetalle() const { return receipt_line_; }
     void RpDetalle(const tRpDetalle& value) { receipt_line_ = value; }
 
+    /// Validates the current line, and with the first one the header, and writes it at once as a row of `Recibo_Pago`. The first
+    /// line takes the folio; lines are numbered "0001", "0002", …
+    /// Refusals, in order. First line only: central server, same day (tagged), operating period (tagged), currency, exchange rate
+    /// not above 0, no folio. Every line: payment method, amount 0 (negative ones pass), bank of the extras when given, seller of
+    /// the extras when the type asks for one; then, while `Validar_Forma_Pago` is True, what the payment-method service refuses
+    /// (tagged). A failing INSERT leaves the database's description alone, without tag.
+    /// Left half done by a failure: the folio stays with the header once given, so the next call checks only the line; a line
+    /// that fails after its checks uses up its number; lines written before stay.
     bool Add_Recibo_Caja_Detalle();
 
+    /// Header of the check in capture. A let is ignored once the check has its folio; it never takes `Ch_Folio`,
+    /// `Mn_Cve_Moneda_2` or `Ch_Tipo_Cambio_2`, and of the branch takes the key alone.
     tTsEncabezado Encabezado() const { return check_; }
     void Encabezado(const tTsEncabezado& value);
 
+    /// Line of the check in capture; a let takes the whole record.
     tTsDetalle Detalle() const { return check_line_; }
     void Detalle(const tTsDetalle& value);
 
+    /// Starts a check: line counter to 0, folio, keys, texts and rate of the header emptied, its date to the server's date. Kept
+    /// on purpose: `Bc_Cve_Banco_Cuenta2`, the second currency and its rate, the branch.
     void Nuevo();
 
     bool Add_Cheque_Detalle();
@@ -86,12 +112,33 @@ public:
     bool Crear_Cheque_Deudor();
     bool Cancelar_Cheque(const std::string& Ch_Folio);
     bool Aplicar_Cheque(const std::string& Ch_Folio, Date Fecha, bool Firme = false);
+    /// Registers the bank movement of the check or transfer `Ch_Folio`, always in transit, by `Registra_Movimiento_Banco`. The
+    /// movement type is the parameter "TES_MOVIMIENTO_CHEQUE" or "TES_MOVIMIENTO_TRANSFERENCIA" and must be an outflow. The
+    /// amount is the check's, times its rate when the currency of its lines is not the account's.
+    /// Refusals, in order: no such check (tagged); those of `Registra_Movimiento_Banco`, as they are.
     bool Registra_Movimiento_Bancario_Cheque(const std::string& Ch_Folio);
+    /// Writes one bank movement and moves the balances of its account and of the account's bank by the same signed amount, hands
+    /// it to accounting and registers it. `Datos` (by reference) comes back changed, also after a failure: account data filled
+    /// in, the amount negated for outflow types, an empty table as "Cheque". `FolioMovimiento` gets the folio.
+    /// Refusals, in order: account unknown; account inactive; same day; movement type unknown or inactive; no folio; accounting;
+    /// registration. All tagged; the tag has a blank behind it, but for same day, accounting and registration.
+    /// Left half done by a failure: none up to the type; the folio after that; then the row and the balances already moved.
     bool Registra_Movimiento_Banco(tBnMovimiento& Datos);
     bool Cancelar_Documento_Bancos(const std::string& Bm_Tabla, const std::string& Bm_Documento);
     bool Cancelar_Aplicacion_Cheque(const std::string& Ch_Folio);
+    /// Not supported; kept for old callers. Always False with a text in `Error`.
     bool Crear_Cheque(const std::string& Ch_Folio);
+    /// Not supported; kept for old callers. Always False with a text in `Error`.
     bool Registrar_Deposito_Recibo_Caja(const std::string& Rp_Folio, const std::string& Bc_Cve_Banco_Cuenta);
+    /// Deposits receipts into the account `Bc_Cve_Banco_Cuenta`. `Rp_Folio` lists their folios, separated by commas; blanks are
+    /// ignored. The depositable lines in 'AC' or 'AP' are grouped by branch, company, method, comment, bank, check, currency and
+    /// rate (cash folds: its bank, check and comment do not count); each group becomes a line of one deposit dated `Dp_Fecha`,
+    /// with comment `sComentario` and one bank movement, firm at `Bm_Fecha_Firme` when `Bm_Firme`, else in transit; the receipt
+    /// lines go from 'AC' to 'DP', from 'AP' to 'AD'. `Dp_Folio` gets the deposit's folio. True with nothing written when no line
+    /// is depositable.
+    /// Refusals, in order, all tagged but those of the movement: account unknown or inactive; same day; no receipt in a state to
+    /// deposit; no folio; what `Registra_Movimiento_Banco` refuses (as it is); accounting; registration.
+    /// Left half done by a failure: lines, movements and marks of the earlier groups, the current line, the consumed folio.
     bool Genera_Deposito(const std::string& Bc_Cve_Banco_Cuenta, const std::string& Rp_Folio, Date Dp_Fecha, bool Bm_Firme,
                          Date Bm_Fecha_Firme, const std::string& sComentario = {});
     double GetSaldo(const std::string& Bc_Cve_Banco_Cuenta, bool SoloFirme = false);
@@ -118,6 +165,8 @@ public:
                                     const std::string& Referencia = {}, const std::string& Cuenta = {},
                                     const std::string& nBanco = {}, bool bSugerirCuenta = false);
 
+    /// Extras of the receipt lines. A let keeps the object itself. The get never hands it back: it throws `Automation_error`
+    /// (91), as callers know it.
     std::shared_ptr<clsRpDetalle> RpDetalle2() const;
     void RpDetalle2(std::shared_ptr<clsRpDetalle> value);
 
