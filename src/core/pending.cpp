@@ -11,7 +11,6 @@ bool refuse_for_now(std::string& error) {
 
 }  // namespace
 
-bool Tesoreria::Cancelar_Deposito(const std::string&) { return refuse_for_now(error_); }
 bool Tesoreria::Add_Cheque_Detalle() { return refuse_for_now(error_); }
 bool Tesoreria::Crear_Cheque_Pago_Proveedor(const std::string&) { return refuse_for_now(error_); }
 bool Tesoreria::Crear_Cheque_Devolucion_Anticipo(const std::string&) { return refuse_for_now(error_); }
@@ -19,24 +18,11 @@ bool Tesoreria::Crear_Cheque_Anticipo_Cxp() { return refuse_for_now(error_); }
 bool Tesoreria::Crear_Cheque_Devolucion_Cliente() { return refuse_for_now(error_); }
 bool Tesoreria::Crear_Cheque_Gasto_x_Comprobar() { return refuse_for_now(error_); }
 bool Tesoreria::Crear_Cheque_Deudor() { return refuse_for_now(error_); }
-bool Tesoreria::Cancelar_Cheque(const std::string&) { return refuse_for_now(error_); }
 bool Tesoreria::Aplicar_Cheque(const std::string&, Date, bool) { return refuse_for_now(error_); }
-bool Tesoreria::Cancelar_Documento_Bancos(const std::string&, const std::string&) { return refuse_for_now(error_); }
-bool Tesoreria::Cancelar_Aplicacion_Cheque(const std::string&) { return refuse_for_now(error_); }
-bool Tesoreria::Cancelar_Movimiento_Bancos(const std::string&) { return refuse_for_now(error_); }
-bool Tesoreria::Cancelar_Recibo_Caja(const std::string&, bool, bool) { return refuse_for_now(error_); }
 bool Tesoreria::Crear_Traspaso_Cuenta_Propia() { return refuse_for_now(error_); }
 bool Tesoreria::Finalizar_Cheque(const std::string&) { return refuse_for_now(error_); }
-bool Tesoreria::Add_Solicitud_Cheque() { return refuse_for_now(error_); }
-bool Tesoreria::Add_Solicitud_Cheque_Detalle() { return refuse_for_now(error_); }
-bool Tesoreria::Autorizar_Solicitud_Cheque(const std::string&) { return refuse_for_now(error_); }
-bool Tesoreria::Cancelar_Solicitud_Cheque(const std::string&) { return refuse_for_now(error_); }
 bool Tesoreria::Afectar_Cheque_Presupuesto(const std::string&, int) { return refuse_for_now(error_); }
-
-double Tesoreria::GetSaldo(const std::string&, bool) {
-    refuse_for_now(error_);
-    return 0;
-}
+bool Tesoreria::Cancelar_Aplicacion_Cheque_Anticipo(const std::string&) { return refuse_for_now(error_); }
 
 std::string Tesoreria::PedirDatosDeposito(Date, const std::string&, int, const std::string&) {
     refuse_for_now(error_);
@@ -48,9 +34,5 @@ std::string Tesoreria::PedirDatosFormaPago(const std::string&, const std::string
     refuse_for_now(error_);
     return {};
 }
-
-void Tesoreria::SchEncabezado(const tSchEncabezado&) {}
-
-void Tesoreria::SchDetalle(const tSchDetalle&) {}
 
 }  // namespace cuvexa
