@@ -42,6 +42,13 @@ public:
     /// soon as the folio is given, kept when the same call fails later. The caller may write it.
     std::string FolioMovimiento;
 
+    /// Undoes a deposit: its receipt lines go back ('DP' to 'AC', 'AD' to 'AP') and lose their link to it, its lines become
+    /// 'CA', and its bank movements are cancelled, which takes them out of the balances.
+    ///
+    /// Refuses, in this order: a folio without lines; a deposit already cancelled; while "GEN_FORZAR_TIEMPO_REAL" is on, one
+    /// not of the server's day; one that accounting does not let go. Up to here nothing is written. Then the receipts, the
+    /// lines and the movements are written in that order: a movement that cannot be cancelled leaves the receipts restored
+    /// and the lines 'CA' while the bank still counts the money.
     bool Cancelar_Deposito(const std::string& Dp_Folio);
 
     /// Text of the last operation's refusal or failure; empty after a success. Read it right after the call.
@@ -110,7 +117,17 @@ public:
     bool Crear_Cheque_Devolucion_Cliente();
     bool Crear_Cheque_Gasto_x_Comprobar();
     bool Crear_Cheque_Deudor();
+
+    /// Cancels a check for good: undoes its application when its first line is 'AP', cancels the expense to be justified
+    /// that it created, marks the check and its lines 'CA' and cancels its bank movement (a check in 'PXA' has none).
+    ///
+    /// Refuses, in this order: a folio without check, lines or check type; while "GEN_FORZAR_TIEMPO_REAL" is on, a check not
+    /// of the server's day; one that accounting does not let go (this text alone stands under the tag of
+    /// `Cancelar_Deposito`); what `Cancelar_Aplicacion_Cheque` refuses. At the end, what `Cancelar_Documento_Bancos`
+    /// refuses: then the check is already 'CA' while its movement still counts. A check already cancelled is not refused
+    /// here but there.
     bool Cancelar_Cheque(const std::string& Ch_Folio);
+
     bool Aplicar_Cheque(const std::string& Ch_Folio, Date Fecha, bool Firme = false);
     /// Registers the bank movement of the check or transfer `Ch_Folio`, always in transit, by `Registra_Movimiento_Banco`. The
     /// movement type is the parameter "TES_MOVIMIENTO_CHEQUE" or "TES_MOVIMIENTO_TRANSFERENCIA" and must be an outflow. The
@@ -124,8 +141,25 @@ public:
     /// registration. All tagged; the tag has a blank behind it, but for same day, accounting and registration.
     /// Left half done by a failure: none up to the type; the folio after that; then the row and the balances already moved.
     bool Registra_Movimiento_Banco(tBnMovimiento& Datos);
+
+    /// Cancels every bank movement of a source document: takes each out of the balances of its account and bank, marks it
+    /// 'CA' and registers it. `Bm_Tabla` is the document's table code ("CHEQUE", "DEPOSITO_PAGO"), `Bm_Documento` its folio.
+    /// Neither the date nor the operating period is looked at.
+    ///
+    /// Refuses a document without movements; then, movement by movement: one already cancelled (they are read too, so a
+    /// second call stops at once), one that accounting does not let go, one that cannot be registered. The movements before
+    /// it stay cancelled; the one that cannot be registered is cancelled as well.
     bool Cancelar_Documento_Bancos(const std::string& Bm_Tabla, const std::string& Bm_Documento);
+
+    /// Undoes the application of a check: takes back each line's effect (supplier payments, customer advances, receivables,
+    /// the supplier advance), returns the check and all its lines to 'AC' and its bank movement to 'TR'. What was created is
+    /// withdrawn by rewriting its table code to "<code>-CA:<own folio>", once. The check's own state is not looked at.
+    ///
+    /// Refuses a folio without check, lines or check type; then, line by line: a payment that payables does not cancel; the
+    /// advances or the receivable that receivables does not let go; a supplier advance already applied, or that payables
+    /// does not let go. What the earlier lines took back stays taken back, and the states stay as they were.
     bool Cancelar_Aplicacion_Cheque(const std::string& Ch_Folio);
+
     /// Not supported; kept for old callers. Always False with a text in `Error`.
     bool Crear_Cheque(const std::string& Ch_Folio);
     /// Not supported; kept for old callers. Always False with a text in `Error`.
@@ -141,24 +175,74 @@ public:
     /// Left half done by a failure: lines, movements and marks of the earlier groups, the current line, the consumed folio.
     bool Genera_Deposito(const std::string& Bc_Cve_Banco_Cuenta, const std::string& Rp_Folio, Date Dp_Fecha, bool Bm_Firme,
                          Date Bm_Fecha_Firme, const std::string& sComentario = {});
+
+    /// The balance of a bank account in its own currency: the sum of its movements that are not cancelled, in transit ones
+    /// included; 0 when there is none. The running balance of the account is not read. 0 with a text in `Error` for an
+    /// account that does not exist or is inactive, and whenever `SoloFirme` is True: the database does not take that
+    /// statement.
     double GetSaldo(const std::string& Bc_Cve_Banco_Cuenta, bool SoloFirme = false);
+
     std::string PedirDatosDeposito(Date FechaDeposito, const std::string& Moneda, int EnFirme = 0,
                                    const std::string& Empresa = {});
+
+    /// Cancels one bank movement: takes it out of the balances of its account and bank, marks it 'CA' and registers it.
+    ///
+    /// Refuses, in this order: a folio that does not exist; a movement already cancelled; while "GEN_FORZAR_TIEMPO_REAL" is
+    /// on, one not of the server's day; while "GEN_VALIDAR_PERIODO_OPERATIVO" is on, one outside an open period of
+    /// "FINANZAS"; one that accounting does not let go. Up to here nothing is written. A failed registration (reported under
+    /// the tag of `Registra_Movimiento_Banco`) leaves the movement cancelled.
     bool Cancelar_Movimiento_Bancos(const std::string& Bm_Folio);
+
+    /// Cancels a cash receipt, all its lines, with the advances, payables and receivables that its closing produced.
+    /// `bCancelaPagos` lets payments that it made on receivables be undone too; `bCancelaDeposito` lets its deposit be
+    /// cancelled along with it when no other receipt is in it.
+    ///
+    /// Refuses, in this order: a folio that does not exist; a receipt whose first line is cancelled; while
+    /// "GEN_FORZAR_TIEMPO_REAL" is on, one not of the server's day; one that accounting does not let go; a payment line that
+    /// its method does not release; the document's payments; payments applied (without `bCancelaPagos`) or not cancellable;
+    /// advances, payables and receivables that their modules do not cancel; a deposit (without `bCancelaDeposito`, or with
+    /// other receipts in it, or that `Cancelar_Deposito` refuses). What the steps before the refusal undid stays undone
+    /// while the receipt stays live.
     bool Cancelar_Recibo_Caja(const std::string& Rp_Folio, bool bCancelaDeposito = false, bool bCancelaPagos = false);
+
     bool Crear_Traspaso_Cuenta_Propia();
     bool Finalizar_Cheque(const std::string& Ch_Folio);
 
+    /// Header of the check request in capture. Letting it copies all but the folio, and of the branch the key; once the
+    /// request has its folio a let changes nothing, so an instance captures one request.
     tSchEncabezado SchEncabezado() const { return request_; }
     void SchEncabezado(const tSchEncabezado& value);
 
+    /// Line of the check request in capture.
     tSchDetalle SchDetalle() const { return request_line_; }
     void SchDetalle(const tSchDetalle& value);
 
+    /// Writes the header of the check request, in state 'PXA' while "TES_AUTORIZAR_SOLICITUD_CHEQUE" is on, else 'AC'. The
+    /// folio is then in `SchEncabezado`. True, and nothing written, when the request already has its folio.
+    ///
+    /// Refuses, in this order: a server that does not own the branch; while "GEN_FORZAR_TIEMPO_REAL" is on, a date other
+    /// than the server's day; a closed operating period; a branch, currency or check type that does not exist; an empty
+    /// `Sch_Transferencia`, `Sch_Aplicar` or `Sch_Firme`; a rate not above 0; the beneficiary that the check type asks for
+    /// (types "01" to "04"; key "0000" asks for none); an amount of 0 (a negative one passes); no folio to be had. When the
+    /// row cannot be written the folio stays in the header, and another call on this instance writes nothing.
     bool Add_Solicitud_Cheque();
+
+    /// Writes `SchDetalle` as the next line ("0001", …) of the request in capture, in the state its header was given.
+    ///
+    /// Refuses, in this order: an empty `Sch_Folio`; one that is not, letter by letter, the request's; an empty `Scd_Tabla`;
+    /// an empty `Scd_Documento`; an amount not above 0; an empty currency; a rate not above 0. These use up no line number;
+    /// a line that cannot be written does.
     bool Add_Solicitud_Cheque_Detalle();
+
+    /// Authorizes a check request: its header becomes 'AC', and so do all its lines, cancelled ones too, when at least one
+    /// is not cancelled. Refuses an empty folio, and one of no request or of a cancelled one.
     bool Autorizar_Solicitud_Cheque(const std::string& Folio);
+
+    /// Cancels a check request, lines first. Refuses, in this order: an empty folio; one of no request; a request already
+    /// cancelled; one paid by a check that is not cancelled. A failure between the two writes leaves cancelled lines under a
+    /// live header.
     bool Cancelar_Solicitud_Cheque(const std::string& Folio);
+
     bool Afectar_Cheque_Presupuesto(const std::string& Ch_Folio, int Tipo);
     std::string PedirDatosFormaPago(const std::string& FormaPago, const std::string& Dcb_Tabla = {},
                                     const std::string& Dcb_Documento = {}, const std::string& Banco = {},
