@@ -64,6 +64,8 @@ std::string number_text(double number) {
     return std::string(buffer, write_number(number, buffer));
 }
 
+double as_written(double number) { return parse_number(number_text(number)); }
+
 std::string four_digits(int number) {
     std::string digits = std::to_string(number);
     return digits.size() < 4 ? std::string(4 - digits.size(), '0') + digits : digits;
