@@ -7,19 +7,27 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "lexer.h"
 
 namespace cuvexa {
 
-/// A function call: its name, its number of arguments (-1: any) and what stands in its place, "$1" being an argument
-/// and "$*" all of them.
+/// What a function gives, as far as text joins and comparisons go.
+enum class Function_result : unsigned char {
+    other,         ///< nothing that is compared as text
+    text,          ///< text
+    as_arguments,  ///< text when an argument is text
+};
+
+/// A function call: its name, its number of arguments (-1: any) and what stands in its place, "$1" being an argument.
+/// An empty replacement leaves the call as it is.
 struct Function_rule {
     std::string_view name;
     int arguments;
     std::string_view replacement;
-    bool gives_text;  ///< the result is compared as text
+    Function_result result = Function_result::other;
 };
 
 /// A column type, without its length, and what stands in its place.
@@ -27,10 +35,10 @@ struct Type_rule {
     std::string_view name;
     std::string_view column;  ///< in a column definition
     std::string_view cast;    ///< in CAST and CONVERT
-    bool text;
+    bool text = false;
 };
 
-/// A whole statement that is replaced by another.
+/// A whole statement, its words parted by single blanks, that is replaced by another.
 struct Statement_rule {
     std::string_view statement;
     std::string_view replacement;
@@ -42,7 +50,7 @@ struct Dialect {
     std::span<const Type_rule> types;
     std::span<const Statement_rule> statements;
 
-    /// Added to a text expression that is not a column, so that it compares without regard to case; empty: nothing.
+    /// Collation added to a text expression that is not a column, so that it compares without regard to case; empty: none.
     std::string_view text_collation;
 
     /// Aggregate that gives its only value and fails at a second one; empty where the engine itself refuses a scalar
@@ -50,38 +58,37 @@ struct Dialect {
     std::string_view single_value;
 };
 
-/// SQLite with the functions that `Sqlite_connection` adds.
+/// SQLite with the functions that `install_functions` adds.
 const Dialect& sqlite_dialect();
 
-/// A statement rewritten. Literals can be put back or replaced by parameters.
+/// A statement rewritten. Refers into the text it was made from and into the tables of its dialect.
 class Translation {
 public:
     /// The statement with its literals in place.
     std::string with_literals() const;
 
     /// The statement with ?1, ?2, … in place of the literals that may vary. The parameter of the i-th literal of the
-    /// source is i + 1, whatever order the rewriting gave them.
+    /// source is ?(i + 1), whatever order the rewriting gave them.
     std::string with_parameters() const;
 
     /// Whether the statement may be prepared with parameters (a definition may not).
     bool takes_parameters() const noexcept { return takes_parameters_; }
 
     /// Literals of the source, by position, that stay in place because their value decides what the statement means.
-    const std::vector<std::size_t>& pinned() const noexcept { return pinned_; }
+    std::vector<std::size_t> pinned() const;
 
     struct Piece {
-        std::string text;
+        std::string_view text;
         int literal = -1;  ///< position among the literals of the source, or -1
         bool pinned = false;
     };
 
-private:
-    friend Translation translate(std::string_view, const std::vector<Token>&, const Dialect&);
-    std::string render(bool parameters) const;
+    Translation(std::vector<Piece> pieces, bool takes_parameters)
+        : pieces_(std::move(pieces)), takes_parameters_(takes_parameters) {}
 
+private:
     std::vector<Piece> pieces_;
-    std::vector<std::size_t> pinned_;
-    bool takes_parameters_ = true;
+    bool takes_parameters_;
 };
 
 /// Rewrites a statement that `tokenize` has read. What it does not know it passes on as it stands.

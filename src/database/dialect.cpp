@@ -1,0 +1,155 @@
+#include "dialect.h"
+
+#include <algorithm>
+#include <array>
+
+#include "rewriter.h"
+#include "sql_tree.h"
+
+namespace cuvexa {
+namespace {
+
+using enum Function_result;
+
+constexpr std::array sqlite_functions{
+    Function_rule{"ISNULL", 2, "IFNULL($1,$2)", as_arguments},
+    Function_rule{"COALESCE", -1, "", as_arguments},
+    Function_rule{"NULLIF", 2, "", as_arguments},
+    Function_rule{"MAX", 1, "", as_arguments},
+    Function_rule{"MIN", 1, "", as_arguments},
+    Function_rule{"GETDATE", 0, "strftime('%Y-%m-%dT%H:%M:%S','now','localtime')"},
+    Function_rule{"YEAR", 1, "cuvexa_year($1)"},
+    Function_rule{"MONTH", 1, "cuvexa_month($1)"},
+    Function_rule{"DAY", 1, "cuvexa_day($1)"},
+    Function_rule{"LEN", 1, "LENGTH(RTRIM($1))"},
+    Function_rule{"CHARINDEX", 2, "INSTR(UPPER($2),UPPER($1))"},
+    Function_rule{"SUBSTRING", 3, "SUBSTR($1,$2,$3)", text},
+    Function_rule{"LEFT", 2, "SUBSTR($1,1,$2)", text},
+    Function_rule{"RIGHT", 2, "SUBSTR($1,-($2))", text},
+    Function_rule{"UPPER", 1, "", text},
+    Function_rule{"LOWER", 1, "", text},
+    Function_rule{"LTRIM", 1, "", text},
+    Function_rule{"RTRIM", 1, "", text},
+    Function_rule{"REPLACE", 3, "", text},
+};
+
+constexpr std::string_view sqlite_text = "TEXT COLLATE NOCASE";
+
+constexpr std::array sqlite_types{
+    Type_rule{"varchar", sqlite_text, "TEXT", true},
+    Type_rule{"nvarchar", sqlite_text, "TEXT", true},
+    Type_rule{"char", sqlite_text, "TEXT", true},
+    Type_rule{"nchar", sqlite_text, "TEXT", true},
+    Type_rule{"text", sqlite_text, "TEXT", true},
+    Type_rule{"ntext", sqlite_text, "TEXT", true},
+    Type_rule{"datetime", "TEXT", "TEXT"},
+    Type_rule{"datetime2", "TEXT", "TEXT"},
+    Type_rule{"smalldatetime", "TEXT", "TEXT"},
+    Type_rule{"date", "TEXT", "TEXT"},
+    Type_rule{"float", "REAL", "REAL"},
+    Type_rule{"real", "REAL", "REAL"},
+    Type_rule{"decimal", "REAL", "REAL"},
+    Type_rule{"numeric", "REAL", "REAL"},
+    Type_rule{"money", "REAL", "REAL"},
+    Type_rule{"smallmoney", "REAL", "REAL"},
+    Type_rule{"bigint", "INTEGER", "INTEGER"},
+    Type_rule{"int", "INTEGER", "INTEGER"},
+    Type_rule{"smallint", "INTEGER", "INTEGER"},
+    Type_rule{"tinyint", "INTEGER", "INTEGER"},
+    Type_rule{"bit", "INTEGER", "INTEGER"},
+};
+
+// A transaction takes the write lock at once: waiting for it later could only end in a refusal.
+constexpr std::array sqlite_statements{
+    Statement_rule{"BEGIN TRANSACTION", "BEGIN IMMEDIATE"},
+    Statement_rule{"BEGIN TRAN", "BEGIN IMMEDIATE"},
+    Statement_rule{"COMMIT TRAN", "COMMIT"},
+    Statement_rule{"ROLLBACK TRAN", "ROLLBACK"},
+};
+
+constexpr Dialect sqlite{sqlite_functions, sqlite_types, sqlite_statements, "NOCASE", "cuvexa_single"};
+
+void add_pieces(const Nodes& nodes, std::vector<Translation::Piece>& pieces);
+
+void add_piece(const Node& node, std::vector<Translation::Piece>& pieces) {
+    switch (node.kind) {
+        case Node::Kind::token: pieces.push_back({node.text, node.literal, node.pinned}); return;
+        case Node::Kind::span: add_pieces(node.children, pieces); return;
+        case Node::Kind::group: pieces.push_back({"("}); break;
+        case Node::Kind::case_when: pieces.push_back({"CASE"}); break;
+    }
+    add_pieces(node.children, pieces);
+    pieces.push_back({node.kind == Node::Kind::group ? ")" : "END"});
+}
+
+void add_pieces(const Nodes& nodes, std::vector<Translation::Piece>& pieces) {
+    for (const Node& node : nodes) add_piece(node, pieces);
+}
+
+bool is_definition(const Nodes& nodes) {
+    return !nodes.empty() && nodes.front().is_any_word({"CREATE", "ALTER", "DROP", "PRAGMA"});
+}
+
+// Whether the statement is these words and nothing else.
+bool is_statement(const Nodes& nodes, std::string_view words) {
+    for (const Node& node : nodes) {
+        const std::size_t end = std::min(words.find(' '), words.size());
+        if (end == 0 || !node.is_word(words.substr(0, end))) return false;
+        words.remove_prefix(std::min(end + 1, words.size()));
+    }
+    return words.empty();
+}
+
+// The text of a literal in the form that every engine reads.
+std::string_view engine_literal(std::string_view literal) {
+    return literal.front() == 'N' || literal.front() == 'n' ? literal.substr(1) : literal;
+}
+
+}  // namespace
+
+const Dialect& sqlite_dialect() { return sqlite; }
+
+std::vector<std::size_t> Translation::pinned() const {
+    std::vector<std::size_t> result;
+    for (const Piece& piece : pieces_)
+        if (piece.pinned) result.push_back(static_cast<std::size_t>(piece.literal));
+    return result;
+}
+
+std::string Translation::with_literals() const {
+    std::string result;
+    for (const Piece& piece : pieces_) {
+        if (!result.empty()) result += ' ';
+        result += piece.literal >= 0 ? engine_literal(piece.text) : piece.text;
+    }
+    return result;
+}
+
+std::string Translation::with_parameters() const {
+    std::string result;
+    for (const Piece& piece : pieces_) {
+        if (!result.empty()) result += ' ';
+        if (piece.literal < 0 || piece.pinned)
+            result += piece.text;
+        else
+            (result += '?') += std::to_string(piece.literal + 1);
+    }
+    return result;
+}
+
+Translation translate(std::string_view text, const std::vector<Token>& tokens, const Dialect& dialect) {
+    std::vector<Translation::Piece> pieces;
+    std::optional<Nodes> nodes = parse_tree(text, tokens);
+    if (!nodes) {
+        add_pieces(flat_nodes(text, tokens), pieces);
+        return {std::move(pieces), true};
+    }
+    for (const Statement_rule& rule : dialect.statements)
+        if (is_statement(*nodes, rule.statement)) return {{{rule.replacement}}, true};
+    const bool definition = is_definition(*nodes);
+    add_pieces(definition ? rewrite_definition(std::move(*nodes), dialect) : rewrite_statement(std::move(*nodes), dialect),
+               pieces);
+    return {std::move(pieces), !definition};
+}
+
+}  // namespace cuvexa

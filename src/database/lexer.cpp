@@ -1,0 +1,206 @@
+#include "lexer.h"
+
+#include <algorithm>
+#include <array>
+
+#include "cuvexa/errors.h"
+
+namespace cuvexa {
+namespace {
+
+enum class Class : std::uint8_t { unknown, blank, letter, digit, quote, nul, high, symbol, special };
+
+// Characters that need a look at what follows are `special`.
+constexpr std::array<Class, 256> make_classes() {
+    std::array<Class, 256> classes{};
+    for (int c = 0x80; c < 256; ++c) classes[c] = Class::high;
+    for (int c = 'a'; c <= 'z'; ++c) classes[c] = Class::letter;
+    for (int c = 'A'; c <= 'Z'; ++c) classes[c] = Class::letter;
+    for (int c = '0'; c <= '9'; ++c) classes[c] = Class::digit;
+    for (const char c : {' ', '\t', '\r', '\n', '\f', '\v'}) classes[static_cast<unsigned char>(c)] = Class::blank;
+    for (const char c : {'+', '*', '%', '&', '^', '~', ',', '='}) classes[static_cast<unsigned char>(c)] = Class::symbol;
+    for (const char c : {'-', '/', '<', '>', '!', '|', '.', '(', ')', '[', '"', ';', '?', '@', ':', '$'})
+        classes[static_cast<unsigned char>(c)] = Class::special;
+    classes['_'] = classes['#'] = Class::letter;
+    classes['\''] = Class::quote;
+    classes[0] = Class::nul;
+    return classes;
+}
+
+constexpr auto classes = make_classes();
+
+[[noreturn]] void refuse(const char* reason) {
+    throw Database_error(std::string(reason) + "; la instrucción no se envió a la base de datos");
+}
+
+class Reader {
+public:
+    Reader(std::string_view text, std::vector<Token>& tokens) : text_(text), tokens_(tokens) {}
+
+    void read() {
+        while (at_ < text_.size()) read_one();
+    }
+
+private:
+    Class look(std::size_t at) const { return at < text_.size() ? classes[static_cast<unsigned char>(text_[at])] : Class::blank; }
+    char character(std::size_t at) const { return at < text_.size() ? text_[at] : ' '; }
+
+    void add(Token_kind kind, std::size_t end) {
+        tokens_.push_back({kind, at_, end - at_});
+        at_ = end;
+    }
+
+    void read_one() {
+        switch (look(at_)) {
+            case Class::blank: ++at_; return;
+            case Class::letter:
+            case Class::high: return read_word();
+            case Class::digit: return read_number();
+            case Class::quote: return add(Token_kind::text, end_of_quoted(at_, '\''));
+            case Class::symbol: return add(Token_kind::symbol, at_ + 1);
+            case Class::special: return read_special();
+            case Class::nul: refuse("El texto de la instrucción contiene un carácter nulo");
+            case Class::unknown: return add(Token_kind::unknown, at_ + 1);
+        }
+    }
+
+    void read_word() {
+        if ((text_[at_] == 'N' || text_[at_] == 'n') && look(at_ + 1) == Class::quote)
+            return add(Token_kind::text, end_of_quoted(at_ + 1, '\''));
+        add(Token_kind::word, end_of_word(at_));
+    }
+
+    std::size_t end_of_word(std::size_t at) const {
+        for (;;) {
+            const Class c = look(at);
+            if (c == Class::high)
+                at = end_of_sequence(at);
+            else if (c == Class::letter || c == Class::digit || character(at) == '$' || character(at) == '@')
+                ++at;
+            else
+                return at;
+        }
+    }
+
+    // A number that runs into letters is no number: it goes on in one piece and the engine says so.
+    void read_number() {
+        std::size_t end = at_;
+        while (look(end) == Class::digit) ++end;
+        if (character(end) == '.') {
+            ++end;
+            while (look(end) == Class::digit) ++end;
+        }
+        if (character(end) == 'e' || character(end) == 'E') end = end_of_exponent(end);
+        const Class next = look(end);
+        if (next == Class::letter || next == Class::high || character(end) == '.')
+            return add(Token_kind::unknown, std::max(end + (character(end) == '.'), end_of_word(end)));
+        add(Token_kind::number, end);
+    }
+
+    std::size_t end_of_exponent(std::size_t at) const {
+        std::size_t end = at + 1;
+        if (character(end) == '+' || character(end) == '-') ++end;
+        if (look(end) != Class::digit) return at;
+        while (look(end) == Class::digit) ++end;
+        return end;
+    }
+
+    void read_special() {
+        const char c = text_[at_], next = character(at_ + 1);
+        switch (c) {
+            case '-':
+                if (next == '-') refuse("El texto de la instrucción contiene un comentario (--)");
+                return add(Token_kind::symbol, at_ + 1);
+            case '/':
+                if (next == '*') refuse("El texto de la instrucción contiene un comentario (/*)");
+                return add(Token_kind::symbol, at_ + 1);
+            case '<': return add(Token_kind::symbol, at_ + (next == '=' || next == '>' ? 2 : 1));
+            case '>':
+            case '!': return add(Token_kind::symbol, at_ + (next == '=' ? 2 : 1));
+            case '|': return add(Token_kind::symbol, at_ + (next == '|' ? 2 : 1));
+            case '.': return look(at_ + 1) == Class::digit ? read_number() : add(Token_kind::symbol, at_ + 1);
+            case '(': return add(Token_kind::open, at_ + 1);
+            case ')': return add(Token_kind::close, at_ + 1);
+            case '[': return add(Token_kind::quoted_name, end_of_quoted(at_, ']'));
+            case '"': return add(Token_kind::quoted_name, end_of_quoted(at_, '"'));
+            case ';': return read_end();
+            default: refuse("El texto de la instrucción contiene un parámetro sin valor (?, @, : o $)");
+        }
+    }
+
+    void read_end() {
+        for (++at_; at_ < text_.size(); ++at_)
+            if (look(at_) != Class::blank)
+                refuse("El texto de la instrucción contiene una segunda instrucción después de «;»");
+    }
+
+    // Past the closing mark; a doubled mark stands for itself.
+    std::size_t end_of_quoted(std::size_t open, char mark) const {
+        std::size_t at = open + 1;
+        while (at < text_.size()) {
+            const char c = text_[at];
+            if (c == mark) {
+                if (character(at + 1) != mark) return at + 1;
+                at += 2;
+            } else if (static_cast<unsigned char>(c) >= 0x80) {
+                at = end_of_sequence(at);
+            } else if (c == '\0') {
+                refuse("El texto de la instrucción contiene un carácter nulo");
+            } else {
+                ++at;
+            }
+        }
+        refuse(mark == '\'' ? "Falta la comilla que cierra un texto de la instrucción"
+                            : "Falta la marca que cierra un nombre de la instrucción");
+    }
+
+    // Past one UTF-8 sequence of two bytes or more: no overlong form, no surrogate, nothing above U+10FFFF.
+    std::size_t end_of_sequence(std::size_t at) const {
+        const auto byte = [&](std::size_t i) { return i < text_.size() ? static_cast<unsigned char>(text_[i]) : 0u; };
+        const auto follows = [&](std::size_t i) { return (byte(i) & 0xC0u) == 0x80u; };
+        const unsigned first = byte(at), second = byte(at + 1);
+        if (first >= 0xC2 && first <= 0xDF && follows(at + 1)) return at + 2;
+        if (first >= 0xE0 && first <= 0xEF && follows(at + 1) && follows(at + 2) && !(first == 0xE0 && second < 0xA0) &&
+            !(first == 0xED && second > 0x9F))
+            return at + 3;
+        if (first >= 0xF0 && first <= 0xF4 && follows(at + 1) && follows(at + 2) && follows(at + 3) &&
+            !(first == 0xF0 && second < 0x90) && !(first == 0xF4 && second > 0x8F))
+            return at + 4;
+        refuse("El texto de la instrucción no es UTF-8 válido");
+    }
+
+    std::string_view text_;
+    std::vector<Token>& tokens_;
+    std::size_t at_ = 0;
+};
+
+char lower(char c) noexcept { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+}  // namespace
+
+void tokenize(std::string_view text, std::vector<Token>& tokens) {
+    tokens.clear();
+    Reader(text, tokens).read();
+}
+
+std::string_view text_content(std::string_view literal, std::string& scratch) {
+    const std::size_t open = literal.front() == '\'' ? 1 : 2;
+    const std::string_view inside = literal.substr(open, literal.size() - open - 1);
+    std::size_t quote = inside.find('\'');
+    if (quote == std::string_view::npos) return inside;
+    scratch.clear();
+    std::size_t from = 0;
+    for (; quote != std::string_view::npos; quote = inside.find('\'', from)) {
+        scratch.append(inside, from, quote + 1 - from);
+        from = quote + 2;
+    }
+    scratch.append(inside, from);
+    return scratch;
+}
+
+bool same_name(std::string_view a, std::string_view b) noexcept {
+    return a.size() == b.size() &&
+           std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return x == y || lower(x) == lower(y); });
+}
+
+}  // namespace cuvexa

@@ -1,0 +1,94 @@
+// CREATE TABLE, ALTER TABLE … ADD, CREATE INDEX: column types and words that only SQL Server knows.
+#include <utility>
+
+#include "rewriter.h"
+
+namespace cuvexa {
+namespace {
+
+class Definition {
+public:
+    explicit Definition(const Dialect& dialect) : dialect_(dialect) {}
+
+    Nodes rewrite(Nodes nodes) const {
+        nodes = without_storage(std::move(nodes));
+        const bool table = nodes.size() > 1 && nodes[1].is_word("TABLE");
+        if (!table) return nodes;
+        if (nodes.front().is_word("CREATE") && nodes.back().is_group())
+            nodes.back().children = columns(nodes.back().children);
+        else if (nodes.front().is_word("ALTER"))
+            rewrite_added_column(nodes);
+        return nodes;
+    }
+
+private:
+    // [dbo]., CLUSTERED, IDENTITY(1,1), ON [PRIMARY]: where and how rows are kept is the engine's own business.
+    static Nodes without_storage(Nodes nodes) {
+        Nodes result;
+        for (std::size_t i = 0; i < nodes.size(); ++i) {
+            const bool more = i + 1 < nodes.size();
+            if (nodes[i].is_any_word({"CLUSTERED", "NONCLUSTERED"})) continue;
+            if (nodes[i].is_any_word({"IDENTITY", "INCLUDE"})) {
+                i += more && nodes[i + 1].is_group() ? 1 : 0;
+            } else if (more && nodes[i].is_word("ON") && same_name(plain_name(nodes[i + 1]), "PRIMARY")) {
+                ++i;
+            } else if (more && nodes[i].is_name() && nodes[i + 1].is_symbol(".") && same_name(plain_name(nodes[i]), "dbo")) {
+                ++i;
+            } else {
+                nodes[i].children = without_storage(std::move(nodes[i].children));
+                result.push_back(std::move(nodes[i]));
+            }
+        }
+        return result;
+    }
+
+    Nodes columns(const Nodes& nodes) const {
+        Nodes result;
+        for (Nodes& part : split_at_commas(nodes)) {
+            if (!result.empty()) result.push_back(symbol(","));
+            append(result, column(std::move(part)));
+        }
+        return result;
+    }
+
+    Nodes column(Nodes part) const {
+        if (part.size() < 2 || part.front().is_any_word({"CONSTRAINT", "PRIMARY", "UNIQUE", "FOREIGN", "CHECK"})) return part;
+        for (const Type_rule& rule : dialect_.types) {
+            if (!part[1].is_name() || !same_name(rule.name, plain_name(part[1]))) continue;
+            if (part.size() > 2 && part[2].is_group()) cut(part, 2, 3);
+            part[1] = word(rule.column);
+            break;
+        }
+        return with_default(std::move(part));
+    }
+
+    // DEFAULT GETDATE(): a call stands between parentheses.
+    Nodes with_default(Nodes part) const {
+        const std::size_t at = find_word(part, {"DEFAULT"}) + 1;
+        if (at >= part.size()) return part;
+        const std::size_t end = at + (at + 1 < part.size() && part[at].is_name() && part[at + 1].is_group() ? 2 : 1);
+        Nodes value = cut(part, at, end);
+        const bool call = value.size() == 2;
+        value = rewrite_expressions(std::move(value), dialect_);
+        Nodes result = cut(part, 0, at);
+        append(result, call ? Nodes{group(std::move(value))} : std::move(value));
+        append(result, std::move(part));
+        return result;
+    }
+
+    // ALTER TABLE T ADD [COLUMN] name type …
+    void rewrite_added_column(Nodes& nodes) const {
+        std::size_t at = find_word(nodes, {"ADD"}) + 1;
+        if (at < nodes.size() && nodes[at].is_word("COLUMN")) ++at;
+        if (at >= nodes.size()) return;
+        append(nodes, column(cut(nodes, at, nodes.size())));
+    }
+
+    const Dialect& dialect_;
+};
+
+}  // namespace
+
+Nodes rewrite_definition(Nodes nodes, const Dialect& dialect) { return Definition(dialect).rewrite(std::move(nodes)); }
+
+}  // namespace cuvexa

@@ -1,0 +1,25 @@
+// The rewriting of a statement's tree. For the use of `translate`.
+#pragma once
+
+#include "dialect.h"
+#include "sql_tree.h"
+
+namespace cuvexa {
+
+/// SELECT, INSERT, UPDATE, DELETE.
+Nodes rewrite_statement(Nodes nodes, const Dialect& dialect);
+
+/// CREATE, ALTER, DROP.
+Nodes rewrite_definition(Nodes nodes, const Dialect& dialect);
+
+/// What stands inside a query or an expression: functions, joined texts, collations, sub-selects. `nodes` is a statement
+/// or what stands between two parentheses.
+Nodes rewrite_expressions(Nodes nodes, const Dialect& dialect);
+
+/// What concerns one query as a whole, its expressions being rewritten: TOP.
+void rewrite_query(Nodes& query);
+
+/// UPDATE … SET … FROM … with the target joined, as the form in which FROM names the other tables only.
+void rewrite_update(Nodes& nodes);
+
+}  // namespace cuvexa

@@ -1,0 +1,39 @@
+#include "row_set.h"
+
+#include "cuvexa/errors.h"
+#include "lexer.h"
+
+namespace cuvexa {
+
+std::int64_t Row_set::rows() const noexcept {
+    return columns_->empty() ? changes_ : static_cast<std::int64_t>(cells_.size() / columns_->size());
+}
+
+Value Row_set::field(std::string_view name) const {
+    if (eof()) throw Database_error("No hay un registro actual");
+    std::size_t column = 0;
+    while (column < columns_->size() && !same_name((*columns_)[column], name)) ++column;
+    if (column == columns_->size()) throw Database_error("No existe la columna: " + std::string(name));
+    const Cell& cell = cells_[at_ + column];
+    switch (cell.kind) {
+        case Kind::whole: return cell.value.whole;
+        case Kind::real: return cell.value.real;
+        case Kind::text: return bytes_.substr(cell.value.offset, cell.length);
+        case Kind::null: break;
+    }
+    return {};
+}
+
+void Row_set::move_next() {
+    if (eof()) throw Database_error("No hay un registro actual");
+    at_ += columns_->size();
+}
+
+void Row_set::close() {
+    cells_.clear();
+    cells_.shrink_to_fit();
+    bytes_ = {};
+    at_ = 0;
+}
+
+}  // namespace cuvexa

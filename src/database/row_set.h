@@ -1,0 +1,61 @@
+// Rows read completely before they are walked, so that an open recordset holds nothing of the database.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cuvexa/data_access.h"
+
+namespace cuvexa {
+
+/// Names of the columns of a statement; shared by all its recordsets.
+using Column_names = std::shared_ptr<const std::vector<std::string>>;
+
+/// A recordset in memory. An engine adds the cells row by row, left to right, before it hands the recordset out.
+class Row_set : public Recordset {
+public:
+    explicit Row_set(Column_names columns) : columns_(std::move(columns)) {}
+
+    void add_null() { cells_.push_back({Kind::null, {}, 0}); }
+    void add(std::int64_t number) { cells_.push_back({Kind::whole, {.whole = number}, 0}); }
+    void add(double number) { cells_.push_back({Kind::real, {.real = number}, 0}); }
+    void add(std::string_view text) {
+        cells_.push_back({Kind::text, {.offset = bytes_.size()}, text.size()});
+        bytes_.append(text);
+    }
+
+    /// Rows changed by the statement, where it gives none.
+    void set_changes(std::int64_t changes) noexcept { changes_ = changes; }
+
+    /// Rows given, or changed where the statement gives none.
+    std::int64_t rows() const noexcept;
+
+    bool eof() const override { return at_ >= cells_.size(); }
+    Value field(std::string_view name) const override;
+    void move_next() override;
+    void close() override;
+
+private:
+    enum class Kind : std::uint8_t { null, whole, real, text };
+    struct Cell {
+        Kind kind;
+        union {
+            std::int64_t whole;
+            double real;
+            std::size_t offset;
+        } value;
+        std::size_t length;
+    };
+
+    Column_names columns_;
+    std::vector<Cell> cells_;
+    std::string bytes_;
+    std::size_t at_ = 0;
+    std::int64_t changes_ = 0;
+};
+
+}  // namespace cuvexa

@@ -1,0 +1,14 @@
+// The functions that rewritten statements call. No stored schema uses them.
+#pragma once
+
+struct sqlite3;
+
+namespace cuvexa {
+
+/// Adds to an open SQLite handle:
+/// - cuvexa_single(x): aggregate; its only value, NULL of none, an error at the second row;
+/// - cuvexa_year(x), cuvexa_month(x), cuvexa_day(x): parts of a date text, NULL of NULL, an error of other text.
+/// Throws `Database_error` when the engine does not take them.
+void install_functions(sqlite3* database);
+
+}  // namespace cuvexa
