@@ -110,12 +110,45 @@ public:
     /// on purpose: `Bc_Cve_Banco_Cuenta2`, the second currency and its rate, the branch.
     void Nuevo();
 
+    /// Validates the current line, and with the first one the header, and writes it at once as a row of `Cheque_x_Aplicar`. The
+    /// first line takes the folio into `Encabezado`; lines are numbered "0001", "0002", …
+    /// Refusals, in order, all without tag. First line only: central server (of the check's branch); same day; operating
+    /// period; branch, currency, check type in their catalogs; no transfer marker; exchange rate not above 0; beneficiary that
+    /// the type asks for (type "0000" asks for none); number already issued on that account and not cancelled; no folio. Every
+    /// line: amount 0 (negative ones pass), rate of the line not above 0. A failing INSERT stands behind the tag of
+    /// `Inserta_Detalle_Cheque`.
+    /// Left half done by a failure: nothing up to the folio, and the next call validates the header again. Later the folio stays
+    /// open, the line has used its number, and lines written before stay.
     bool Add_Cheque_Detalle();
+    // The seven creation members write the check in capture: the row of `Cheque` with the total of its lines, each at its own
+    // rate, brought back to the check's currency. What else each does stands with it. A failure inside stops at that step and
+    // leaves that step's text; what was written before stays, the check's row included, and is taken back by `Cancelar_Cheque`.
+    // All refuse, without tag, a check whose lines add up to 0.
+
+    /// Writes the check of supplier payments, its lines captured before, and its bank movement. `Ch_Folio` must be the folio in
+    /// `Encabezado`: it says which lines are added up, while the row and the movement take the header's.
+    /// Refusals, in order: total 0; those of `Registra_Movimiento_Bancario_Cheque`.
     bool Crear_Cheque_Pago_Proveedor(const std::string& Ch_Folio);
+    /// Writes the check that gives back an advance: as `Crear_Cheque_Pago_Proveedor`.
     bool Crear_Cheque_Devolucion_Anticipo(const std::string& Ch_Folio);
+    /// Adds the current line, writes the check of a supplier advance, and charges it to its budget; unless the budget holds it
+    /// back ('PXA', still True), registers its bank movement. A line added before is counted as well.
+    /// Refusals, in order: those of `Add_Cheque_Detalle`; total 0; those of `Afectar_Cheque_Presupuesto` for kind 0; those of
+    /// `Registra_Movimiento_Bancario_Cheque`.
     bool Crear_Cheque_Anticipo_Cxp();
+    /// Writes the check of a customer refund, its lines captured before; budget and movement as `Crear_Cheque_Anticipo_Cxp`.
+    /// Refusals, in order: total 0; those of `Afectar_Cheque_Presupuesto` for kind 4; those of the movement.
     bool Crear_Cheque_Devolucion_Cliente();
+    /// Adds the current line, writes the check of an expense to be justified and the expense itself ('PXA', at the line's rate),
+    /// to which every line then points; budget and movement as `Crear_Cheque_Anticipo_Cxp`. With the movement the expense
+    /// becomes 'PA'.
+    /// Refusals, in order: those of `Add_Cheque_Detalle`; total 0; no folio for the expense (without tag); those of
+    /// `Afectar_Cheque_Presupuesto` for kind 1; those of the movement.
+    /// Left half done by a failure: the check, then the expense in 'PXA', then the lines that point to it, then the movement.
     bool Crear_Cheque_Gasto_x_Comprobar();
+    /// Adds the current line and writes the check of a loan to a debtor; budget and movement as `Crear_Cheque_Anticipo_Cxp`.
+    /// Refusals, in order: those of `Add_Cheque_Detalle`; total 0; those of `Afectar_Cheque_Presupuesto` for kind 3; those of
+    /// the movement.
     bool Crear_Cheque_Deudor();
 
     /// Cancels a check for good: undoes its application when its first line is 'AP', cancels the expense to be justified
@@ -128,6 +161,16 @@ public:
     /// here but there.
     bool Cancelar_Cheque(const std::string& Ch_Folio);
 
+    /// Applies the check `Ch_Folio` on `Fecha`: line by line in number order, pays the payable ("01", when the type pays
+    /// suppliers), turns the expense into a receivable and applies the check's advances to it ("02"), charges the whole check
+    /// to the customer or debtor ("03", "04"), or creates a supplier advance for the whole check ("05", its folio goes to the
+    /// line); each line done becomes 'AP', and the check when no line is left in 'AC'. `Firme`: the check is marked firm on
+    /// `Fecha` and its movement 'FI', else 'TR'. Then the movement is handed to accounting.
+    /// Refusals, in order, all behind the tag: no such check; state other than 'AC'; no open line; line by line, no payment
+    /// method configured for the check's kind ("01"), what the services and the advances refuse; accounting.
+    /// Left half done by a failure: lines already 'AP' and their effects, and what the failing line's services had done; the
+    /// check stays 'AC' and a second call goes on with the open lines. A failure of the last three steps leaves all lines 'AP',
+    /// and once the check is 'AP' too it cannot be applied again.
     bool Aplicar_Cheque(const std::string& Ch_Folio, Date Fecha, bool Firme = false);
     /// Registers the bank movement of the check or transfer `Ch_Folio`, always in transit, by `Registra_Movimiento_Banco`. The
     /// movement type is the parameter "TES_MOVIMIENTO_CHEQUE" or "TES_MOVIMIENTO_TRANSFERENCIA" and must be an outflow. The
@@ -205,7 +248,13 @@ public:
     /// while the receipt stays live.
     bool Cancelar_Recibo_Caja(const std::string& Rp_Folio, bool bCancelaDeposito = false, bool bCancelaPagos = false);
 
+    /// Writes the check or transfer between own accounts, its lines captured before; no budget, no bank movement.
+    /// Refusals, in order, without tag: no folio in the header; total 0.
     bool Crear_Traspaso_Cuenta_Propia();
+    /// Closes the check `Ch_Folio`: generates its own voucher when checks are posted automatically, and registers the document.
+    /// Refusals, in order, all behind the tag: company not to be found (no such check, a cancelled one, an inactive branch); what
+    /// accounting refuses, or reports after a success; what the registration refuses.
+    /// Left half done by a failure: the voucher.
     bool Finalizar_Cheque(const std::string& Ch_Folio);
 
     /// Header of the check request in capture. Letting it copies all but the folio, and of the branch the key; once the
@@ -243,6 +292,13 @@ public:
     /// live header.
     bool Cancelar_Solicitud_Cheque(const std::string& Folio);
 
+    /// Charges the written check `Ch_Folio` to the budget of its month and puts it in 'PXA' when the budget is exceeded. `Tipo`:
+    /// 0 supplier advance, 1 expense to verify, 3 loan to a debtor, 4 customer refund; any other value passes. The kind's
+    /// parameter gives the mode: 1 control where a budget exists, 2 strict (no budget holds back), else none. The budget is that
+    /// of the most specific level with an amount above 0; what equals it passes. True also when the check is held back.
+    /// Refusals, in order, behind the tag "Afectar_Cheque_Presupuesto()": no folio; no such check; state 'CA', 'AP' or 'PXA'; no
+    /// beneficiary of the kind's class; type of another kind.
+    /// Left half done by a failure: nothing.
     bool Afectar_Cheque_Presupuesto(const std::string& Ch_Folio, int Tipo);
     std::string PedirDatosFormaPago(const std::string& FormaPago, const std::string& Dcb_Tabla = {},
                                     const std::string& Dcb_Documento = {}, const std::string& Banco = {},
@@ -256,14 +312,25 @@ public:
 
 private:
     bool Inserta_Recibo_Pago();
+    /// Writes the check in capture with the total of the lines of `Ch_Folio`. Refuses, without tag, a total of 0.
     bool Inserta_Cheque(const std::string& Ch_Folio);
+    /// Writes the current line.
     bool Inserta_Detalle_Cheque();
     bool Contabiliza_Banco_Movimiento(const std::string& Bm_Folio, const std::string& Bm_Tabla,
                                       const std::string& Bm_Documento);
     bool Valida_Poliza_Contable(const std::string& Tabla, const std::string& Documento);
     bool Inserta_Solicitud_Cheque();
     bool Inserta_Solicitud_Cheque_Detalle();
+    /// Sets every open advance named by the lines of the check's expense against it: a payment on the expense's receivable and
+    /// one on the advance's, both dated `Fecha`; an advance wholly used becomes 'AP'.
+    /// Refusals, in order, behind the tag "Aplicar_Anticipo_Cxc()" but for those of the receivables service, which stand alone:
+    /// no receivable of the expense; no advance to apply; per advance, no receivable, balance of the expense, the service, paid
+    /// twice, balance of the advance, the service. Balances are compared in whole units.
+    /// Left half done by a failure: the advances handled before, and the failing one's first payment.
     bool Aplicar_Anticipo_Cxc(const std::string& Ch_Folio, Date Fecha);
+    /// Takes back what `Aplicar_Anticipo_Cxc` did for the check: cancels every live payment of the receivables of the advances
+    /// that paid its expense, and opens those advances. Without such payments only marks the expense's lines 'CA'.
+    /// Refusals are the receivables service's, as they stand. Left half done by a failure: the advances handled before.
     bool Cancelar_Aplicacion_Cheque_Anticipo(const std::string& Ch_Folio);
 
     /// The next line number of the document in capture, as four digits; the 16-bit counter that receipts, checks and check

@@ -16,7 +16,9 @@ void pass_on_unless(bool succeeded, AccountsReceivableService& receivables) {
 }
 
 /// The amount in whole units of its currency, which is how balances are compared here: less than a unit is tolerated.
-double whole_units(double amount) { return std::trunc(std::round(amount * 100) / 100); }
+double whole_units(double amount) {
+    return std::trunc(std::round(amount * 100) / 100);
+}
 
 /// The receivable of the expense that the check paid.
 struct Expense {
@@ -53,7 +55,8 @@ Expense read_expense(Operation& op, const std::string& check) {
         "FROM Cuenta_X_Cobrar "
         "WHERE "
         "   Cxc_Tabla = 'GASTO_X_COMPROBAR' AND "
-        "   Cxc_Documento IN (SELECT Gc_Folio FROM Gasto_x_Comprobar WHERE Gc_Tabla = 'CHEQUE' AND Gc_Documento = '{}') ",
+        "   Cxc_Documento IN (SELECT Gc_Folio FROM Gasto_x_Comprobar "
+        "      WHERE Gc_Tabla = 'CHEQUE' AND Gc_Documento = '{}') ",
         check);
     op.refuse_if(row.eof(), "No se encontró la cuenta x cobrar del cheque!");
     return Expense(row);
@@ -116,22 +119,22 @@ void check_balance(Operation& op, const std::string& receivable, double amount) 
 
 /// Refuses when more was paid under the reference than is being applied, as when an application runs twice.
 void check_not_duplicated(Operation& op, const Advance& advance, const std::string& reference) {
-    const double paid = op
-                            .query(
-                                "SELECT ISNULL(SUM(Pc_Importe * Pc_Tipo_Cambio),0) AS Pagos "
-                                "FROM Pago_Cxc "
-                                "WHERE "
-                                "   Pc_Tabla = 'ANTICIPO_CXC' AND "
-                                "   Pc_Documento = '{}' AND "
-                                "   Pc_Referencia = '{}' AND "
-                                "   Fp_Cve_Forma_Pago <> 'DA' ",
-                                advance.folio, reference)
+    const double paid = op.query(
+                              "SELECT ISNULL(SUM(Pc_Importe * Pc_Tipo_Cambio),0) AS Pagos "
+                              "FROM Pago_Cxc "
+                              "WHERE "
+                              "   Pc_Tabla = 'ANTICIPO_CXC' AND "
+                              "   Pc_Documento = '{}' AND "
+                              "   Pc_Referencia = '{}' AND "
+                              "   Fp_Cve_Forma_Pago <> 'DA' ",
+                              advance.folio, reference)
                             .number("Pagos");
-    op.refuse_if(whole_units(advance.amount) < whole_units(paid),
-                 "Se ha aplicado un importe mayor al saldo del anticipo, probablemente se está duplicando la aplicación\r\n"
-                 " importe anticipo: {}\r\n"
-                 " Pagos: {}",
-                 advance.amount, paid);
+    op.refuse_if(
+        whole_units(advance.amount) < whole_units(paid),
+        "Se ha aplicado un importe mayor al saldo del anticipo, probablemente se está duplicando la aplicación\r\n"
+        " importe anticipo: {}\r\n"
+        " Pagos: {}",
+        advance.amount, paid);
 }
 
 /// The receivable of an advance carries its paid amount with negative sign.
@@ -165,8 +168,8 @@ struct Payment_data {
     std::string method;
 };
 
-void apply_advance(Operation& op, AccountsReceivableService& receivables, const Expense& expense, const Advance& advance,
-                   const Payment_data& common) {
+void apply_advance(Operation& op, AccountsReceivableService& receivables, const Expense& expense,
+                   const Advance& advance, const Payment_data& common) {
     const Application application = next_application(op, advance);
     Receivable_payment payment{.receivable_folio = expense.receivable,
                                .amount = advance.amount,
@@ -222,7 +225,8 @@ void cancel_payments(Operation& op, AccountsReceivableService& receivables, cons
         "FROM Pago_Cxc "
         "WHERE "
         "   Es_Cve_Estado <> 'CA' AND "
-        "   Cxc_Folio IN (SELECT Cxc_Folio FROM Cuenta_X_Cobrar WHERE Cxc_Tabla = 'ANTICIPO_CXC' AND Cxc_Documento = '{}') ",
+        "   Cxc_Folio IN (SELECT Cxc_Folio FROM Cuenta_X_Cobrar "
+        "      WHERE Cxc_Tabla = 'ANTICIPO_CXC' AND Cxc_Documento = '{}') ",
         advance);
     for (; !payments.eof(); payments.next()) {
         pass_on_unless(receivables.CancelPayment(payments.text("Cxc_Folio"), payments.text("Pc_Id")), receivables);

@@ -132,8 +132,9 @@ void charge_expense(Operation& op, const Line& line) {
 
 /// "03" and "04". Once per line, and each time for the whole check.
 void charge_customer(Operation& op, const Line& line) {
-    const std::string credit_days = op.data().LookupValue("Cl_Dias_Credito", "Cl_Cve_Cliente", line.beneficiary, "CLIENTE",
-                                                          line.asks_for == "04" ? "Tc_Cve_Tipo_Cliente = 'DE'" : "");
+    const std::string credit_days =
+        op.data().LookupValue("Cl_Dias_Credito", "Cl_Cve_Cliente", line.beneficiary, "CLIENTE",
+                              line.asks_for == "04" ? "Tc_Cve_Tipo_Cliente = 'DE'" : "");
     const Receivable receivable{
         .branch = line.branch,
         .customer = line.beneficiary,

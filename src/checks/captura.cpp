@@ -20,6 +20,10 @@ void check_catalogs(Operation& op, const tTsEncabezado& header) {
                        "El tipo de cheque: {}, no existe o esta dado de baja", type);
 }
 
+std::string customer_name(Operation& op, const std::string& key, const char* condition) {
+    return op.data().LookupValue("Cl_Descripcion", "Cl_Cve_Cliente", key, "Cliente", condition);
+}
+
 /// The supplier, debtor or customer that the check type asks for must be active in its catalog.
 void check_beneficiary(Operation& op, const tTsEncabezado& header) {
     if (header.Tc_Cve_Tipo_Cheque == no_type) return;
@@ -30,17 +34,15 @@ void check_beneficiary(Operation& op, const tTsEncabezado& header) {
         op.refuse_plain_if(op.data().LookupValue("Pv_Descripcion", "Pv_Cve_Proveedor", key, "Proveedor").empty(),
                            "El proveedor: {}, no existe o esta dado de baja", key);
     } else if (asks_for == "02" || asks_for == "04") {
-        op.refuse_plain_if(
-            op.data().LookupValue("Cl_Descripcion", "Cl_Cve_Cliente", key, "Cliente", "Tc_Cve_Tipo_Cliente = 'DE'").empty(),
-            "El deudor: {}, no existe o esta dado de baja", key);
+        op.refuse_plain_if(customer_name(op, key, "Tc_Cve_Tipo_Cliente = 'DE'").empty(),
+                           "El deudor: {}, no existe o esta dado de baja", key);
     } else if (asks_for == "03") {
-        op.refuse_plain_if(
-            op.data().LookupValue("Cl_Descripcion", "Cl_Cve_Cliente", key, "Cliente", "Tc_Cve_Tipo_Cliente = 'CL'").empty(),
-            "El cliente: {}, no existe o esta dado de baja", key);
+        op.refuse_plain_if(customer_name(op, key, "Tc_Cve_Tipo_Cliente = 'CL'").empty(),
+                           "El cliente: {}, no existe o esta dado de baja", key);
     }
 }
 
-/// A number is issued once per account and kind; a check and a transfer may share it, and a cancelled one gives it back.
+/// A number is issued once per account and kind: a check and a transfer may share it. A cancelled check frees it.
 void check_not_issued(Operation& op, const tTsEncabezado& header) {
     const Rows issued = op.query(
         "SELECT Ch_Folio "
@@ -59,10 +61,9 @@ void check_not_issued(Operation& op, const tTsEncabezado& header) {
 }
 
 void check_header(Operation& op, const tTsEncabezado& header) {
-    check_central_server(op,
-                         op.data().LookupValue("Sc_Servidor_Id", "Sc_Cve_Sucursal", header.Sucursal.Sc_Cve_Sucursal,
-                                               "Sucursal"),
-                         Form::plain);
+    check_central_server(
+        op, op.data().LookupValue("Sc_Servidor_Id", "Sc_Cve_Sucursal", header.Sucursal.Sc_Cve_Sucursal, "Sucursal"),
+        Form::plain);
     check_same_day(op, header.Ch_Fecha, Form::plain);
     check_operating_period(op, header.Ch_Fecha, Form::plain);
     check_catalogs(op, header);
@@ -86,7 +87,8 @@ bool Tesoreria::Add_Cheque_Detalle() {
             check_.Ch_Folio = folio;
         }
 
-        op.refuse_plain_if(check_line_.Ch_Importe == 0, "Importe del cheque erróneo!");  // a negative one lowers the total
+        // A negative amount is taken on purpose: it lowers the total.
+        op.refuse_plain_if(check_line_.Ch_Importe == 0, "Importe del cheque erróneo!");
         op.refuse_plain_if(!is_valid_rate(check_line_.Ch_Tipo_Cambio), "El tipo de cambio del pago es incorrecto!");
         check_line_.Ch_ID = next_line_id();
         op.pass_on_unless(Inserta_Detalle_Cheque());

@@ -29,6 +29,16 @@ constexpr Level supplier_levels[] = {supplier, supplier_group, branch, company};
 constexpr Level debtor_levels[] = {debtor, branch, company};
 constexpr Level customer_levels[] = {customer, branch, company};
 
+constexpr auto supplier_join =
+    "INNER JOIN Proveedor ON Proveedor.Pv_Cve_Proveedor = Cheque.Ch_Solicitar_Valor "
+    "   INNER JOIN Grupo_Proveedor ON Grupo_Proveedor.Gp_Cve_Grupo_Proveedor = Proveedor.Gp_Cve_Grupo_Proveedor";
+constexpr auto debtor_join =
+    "INNER JOIN Cliente ON Cliente.Cl_Cve_Cliente = Cheque.Ch_Solicitar_Valor AND "
+    "      Cliente.Tc_Cve_Tipo_Cliente = 'DE'";
+constexpr auto customer_join =
+    "INNER JOIN Cliente ON Cliente.Cl_Cve_Cliente = Cheque.Ch_Solicitar_Valor AND "
+    "      Cliente.Tc_Cve_Tipo_Cliente = 'CL'";
+
 /// One kind of check under budget control.
 struct Kind {
     int type;  ///< the argument `Tipo`
@@ -46,17 +56,13 @@ constexpr std::array kinds = {
     Kind{0, "TES_MODO_AUTORIZAR_ANTICIPO_PROVEEDOR", "05", "un anticipo a proveedor", "Anticipo_Proveedor_Presupuesto",
          "App_", supplier_levels,
          "Proveedor.Pv_Cve_Proveedor AS Proveedor, Grupo_Proveedor.Gp_Cve_Grupo_Proveedor AS Grupo_Proveedor",
-         "INNER JOIN Proveedor ON Proveedor.Pv_Cve_Proveedor = Cheque.Ch_Solicitar_Valor "
-         "   INNER JOIN Grupo_Proveedor ON Grupo_Proveedor.Gp_Cve_Grupo_Proveedor = Proveedor.Gp_Cve_Grupo_Proveedor"},
-    Kind{1, "TES_MODO_AUTORIZAR_GASTO_X_COMPROBAR", "02", "un gasto x comprobar", "Gasto_x_Comprobar_Presupuesto", "Gcp_",
-         debtor_levels, "Cliente.Cl_Cve_Cliente AS Deudor",
-         "INNER JOIN Cliente ON Cliente.Cl_Cve_Cliente = Cheque.Ch_Solicitar_Valor AND Cliente.Tc_Cve_Tipo_Cliente = 'DE'"},
+         supplier_join},
+    Kind{1, "TES_MODO_AUTORIZAR_GASTO_X_COMPROBAR", "02", "un gasto x comprobar", "Gasto_x_Comprobar_Presupuesto",
+         "Gcp_", debtor_levels, "Cliente.Cl_Cve_Cliente AS Deudor", debtor_join},
     Kind{3, "TES_MODO_AUTORIZAR_PRESTAMO_DEUDOR", "04", "un préstamo a deudor", "Prestamo_Deudor_Presupuesto", "Pdp_",
-         debtor_levels, "Cliente.Cl_Cve_Cliente AS Deudor",
-         "INNER JOIN Cliente ON Cliente.Cl_Cve_Cliente = Cheque.Ch_Solicitar_Valor AND Cliente.Tc_Cve_Tipo_Cliente = 'DE'"},
+         debtor_levels, "Cliente.Cl_Cve_Cliente AS Deudor", debtor_join},
     Kind{4, "TES_MODO_AUTORIZAR_DEVOLUCION_CLIENTE", "03", "una devolución a cliente", "Devolucion_Cliente_Presupuesto",
-         "Dcp_", customer_levels, "Cliente.Cl_Cve_Cliente AS Cliente",
-         "INNER JOIN Cliente ON Cliente.Cl_Cve_Cliente = Cheque.Ch_Solicitar_Valor AND Cliente.Tc_Cve_Tipo_Cliente = 'CL'"},
+         "Dcp_", customer_levels, "Cliente.Cl_Cve_Cliente AS Cliente", customer_join},
 };
 
 // Control modes; every other value is no control either.
@@ -80,8 +86,8 @@ void check_chargeable(Operation& op, const std::string& folio) {
     const Rows check = op.query("SELECT * FROM Cheque WHERE Ch_Folio = '{}' ", folio);
     op.refuse_if(check.eof(), "el cheque: {} no existe!", folio);
     const std::string state = check.text("Es_Cve_Estado");
-    op.refuse_if(state == "CA" || state == "AP" || state == "PXA", "Imposible afectar el cheque: {}, con estado: {}", folio,
-                 state);
+    op.refuse_if(state == "CA" || state == "AP" || state == "PXA", "Imposible afectar el cheque: {}, con estado: {}",
+                 folio, state);
 }
 
 /// The month of a check, as the budget tables and the sum of the spent amount see it.
@@ -123,8 +129,9 @@ struct Governing_budget {
     double amount;
 };
 
-/// The most specific level with an amount for the month. A missing row, a zero and a negative amount pass to the next level.
-std::optional<Governing_budget> governing_budget(Operation& op, const Kind& kind, const Rows& data, const Period& period) {
+/// The most specific level with an amount for the month; a missing row, a zero and a negative amount pass on.
+std::optional<Governing_budget> governing_budget(Operation& op, const Kind& kind, const Rows& data,
+                                                 const Period& period) {
     for (const Level& level : kind.levels) {
         const std::string holder = data.text(level.holder);
         const Rows budget = op.query(
@@ -143,7 +150,7 @@ std::optional<Governing_budget> governing_budget(Operation& op, const Kind& kind
     return std::nullopt;
 }
 
-/// What the holder's checks of the month amount to, this one among them; those that wait for authorization do not count.
+/// What the holder's checks of the month amount to, this one among them, those that wait for authorization not.
 double spent(Operation& op, const Kind& kind, const Governing_budget& budget, const Period& period) {
     return op
         .query(
@@ -188,8 +195,8 @@ bool Tesoreria::Afectar_Cheque_Presupuesto(const std::string& Ch_Folio, int Tipo
         const int mode = modes[static_cast<std::size_t>(kind - kinds.begin())];
         if (mode != where_a_budget_exists && mode != strict) return;
         const auto budget = governing_budget(op, *kind, data, period);
-        const bool exceeded = budget ? as_written(budget->amount) < as_written(spent(op, *kind, *budget, period))
-                                     : mode == strict;
+        const bool exceeded =
+            budget ? as_written(budget->amount) < as_written(spent(op, *kind, *budget, period)) : mode == strict;
         if (exceeded) hold_back(op, Ch_Folio);
     });
 }
