@@ -1,4 +1,7 @@
 // A suite over another one, whose operations can be told to refuse, to answer or to fail, and which notes the calls.
+//
+// `failing_statement = n` makes the n-th statement of the component fail, `failing_call = n` the n-th service call, whatever
+// it is: a test that counts n up until the operation succeeds has met every failure there is.
 #pragma once
 
 #include <cstddef>
@@ -15,6 +18,14 @@
 
 namespace cuvexa::testing {
 
+/// One call of the suite's error dialog.
+struct Report {
+    std::string description;
+    int style = 0;
+    std::string routine, title, project, code;
+    bool operator==(const Report&) const = default;
+};
+
 /// What stands in the way of the services' operations, by operation name.
 class Obstacles {
 public:
@@ -27,7 +38,7 @@ public:
     /// The operation refuses only a call that is noted as `call`.
     void refuse_call(const std::string& call, const std::string& text) { answers_[call] = {false, text}; }
 
-    /// The operation throws.
+    /// The operation throws; any operation of the services, also those that give no Boolean.
     void fail(const std::string& operation, const std::string& description) { failures_[operation] = description; }
 
     /// `GetNextFolio` gives this.
@@ -44,8 +55,20 @@ public:
     /// What was shown in the suite's error dialog: routine, code and description.
     std::vector<std::string> reports;
 
+    /// The same with everything that was passed.
+    std::vector<Report> reports_in_full;
+
     /// The Boolean operations called, as "Name(argument, argument)".
     std::vector<std::string> calls;
+
+    /// Every operation called, by name, and the one of them, counted from 1, that throws `obstructed::call_failure`.
+    std::vector<std::string> asked;
+    std::size_t failing_call = 0;
+
+    /// What was handed to `CreatePayable`, `CreateReceivable` and `ApplyReceipt`.
+    std::vector<Payable> payables;
+    std::vector<Receivable> receivables;
+    std::vector<Receipt_application> applications;
 
     /// The statements that the component itself ran (those of the services are not among them), and the one of them,
     /// counted from 1, that fails instead of running.
@@ -57,6 +80,7 @@ public:
         failures_.clear();
         next_folio.reset();
         failing_statement = 0;
+        failing_call = 0;
     }
 
     /// Forgets what was noted so far.
@@ -64,7 +88,15 @@ public:
         calls.clear();
         statements.clear();
         reports.clear();
+        reports_in_full.clear();
+        asked.clear();
+        payables.clear();
+        receivables.clear();
+        applications.clear();
     }
+
+    /// Every service operation passes here first.
+    void enter(const std::string& operation);
 
     template <class Forward>
     bool decide(const std::string& operation, std::initializer_list<std::string> arguments,
@@ -73,9 +105,7 @@ public:
         for (const std::string& argument : arguments) call += (call.back() == '(' ? "" : ", ") + argument;
         call += ")";
         calls.push_back(call);
-        if (const auto failure = failures_.find(operation); failure != failures_.end()) {
-            throw std::runtime_error(failure->second);
-        }
+        enter(operation);
         for (const std::string& key : {call, operation}) {
             if (const auto answer = answers_.find(key); answer != answers_.end()) {
                 last_error = answer->second.second;
@@ -94,6 +124,19 @@ private:
 namespace obstructed {
 
 inline constexpr auto statement_failure = "se perdió la conexión";
+inline constexpr auto call_failure = "el servicio no responde";
+
+}  // namespace obstructed
+
+inline void Obstacles::enter(const std::string& operation) {
+    asked.push_back(operation);
+    if (asked.size() == failing_call) throw std::runtime_error(obstructed::call_failure);
+    if (const auto failure = failures_.find(operation); failure != failures_.end()) {
+        throw std::runtime_error(failure->second);
+    }
+}
+
+namespace obstructed {
 
 class Noted_connection : public Connection {
 public:
@@ -116,14 +159,25 @@ public:
     Connection& GetConnection() override { return connection_; }
     Value GetParameter(const std::string& name, int flag, const std::string& type,
                        const std::string& fallback) override {
+        on_.enter("GetParameter");
         const auto set = on_.parameters.find(name);
         return set != on_.parameters.end() ? set->second : inner_->GetParameter(name, flag, type, fallback);
     }
-    std::string GetUserName() override { return on_.user ? *on_.user : inner_->GetUserName(); }
-    std::string GetServerId() override { return on_.server_id ? *on_.server_id : inner_->GetServerId(); }
-    bool IsReplicaServer() override { return on_.replica ? *on_.replica : inner_->IsReplicaServer(); }
-    void ReportError(const std::string& description, int, const std::string& routine, const std::string&,
-                     const std::string&, const std::string& code) override {
+    std::string GetUserName() override {
+        on_.enter("GetUserName");
+        return on_.user ? *on_.user : inner_->GetUserName();
+    }
+    std::string GetServerId() override {
+        on_.enter("GetServerId");
+        return on_.server_id ? *on_.server_id : inner_->GetServerId();
+    }
+    bool IsReplicaServer() override {
+        on_.enter("IsReplicaServer");
+        return on_.replica ? *on_.replica : inner_->IsReplicaServer();
+    }
+    void ReportError(const std::string& description, int style, const std::string& routine, const std::string& title,
+                     const std::string& project, const std::string& code) override {
+        on_.reports_in_full.push_back({description, style, routine, title, project, code});
         on_.reports.push_back(routine + " " + code + " " + description);
     }
 
@@ -138,18 +192,29 @@ public:
     Data(std::shared_ptr<DataServices> inner, Obstacles& obstacles) : inner_(std::move(inner)), on_(obstacles) {}
     std::string LookupValue(const std::string& column, const std::string& key_column, const std::string& key,
                             const std::string& table, const std::string& condition) override {
+        on_.enter("LookupValue");
         return inner_->LookupValue(column, key_column, key, table, condition);
     }
-    Date GetServerDate() override { return on_.server_date ? *on_.server_date : inner_->GetServerDate(); }
+    Date GetServerDate() override {
+        on_.enter("GetServerDate");
+        return on_.server_date ? *on_.server_date : inner_->GetServerDate();
+    }
     std::string GetNextFolio(const std::string& branch, const std::string& document_code) override {
+        on_.enter("GetNextFolio");
         return on_.next_folio ? *on_.next_folio : inner_->GetNextFolio(branch, document_code);
     }
     bool IsOperatingPeriodOpen(Date date, const std::string& module) override {
         return on_.decide("IsOperatingPeriodOpen", {iso_date(date), module}, last_error_,
                           [&] { return inner_->IsOperatingPeriodOpen(date, module); });
     }
-    std::string SqlDate(Date date) override { return inner_->SqlDate(date); }
-    std::string SqlDateTime(Date date) override { return inner_->SqlDateTime(date); }
+    std::string SqlDate(Date date) override {
+        on_.enter("SqlDate");
+        return inner_->SqlDate(date);
+    }
+    std::string SqlDateTime(Date date) override {
+        on_.enter("SqlDateTime");
+        return inner_->SqlDateTime(date);
+    }
     bool RegisterDocument(const std::string& code, const std::string& folio) override {
         return on_.decide("RegisterDocument", {code, folio}, last_error_,
                           [&] { return inner_->RegisterDocument(code, folio); });
@@ -212,8 +277,12 @@ class Payables : public AccountsPayableService {
 public:
     Payables(std::unique_ptr<AccountsPayableService> inner, Obstacles& obstacles)
         : inner_(std::move(inner)), on_(obstacles) {}
-    Payable NewDocument() override { return inner_->NewDocument(); }
+    Payable NewDocument() override {
+        on_.enter("NewDocument");
+        return inner_->NewDocument();
+    }
     bool CreatePayable(const Payable& payable) override {
+        on_.payables.push_back(payable);
         return on_.decide("CreatePayable", {payable.supplier}, last_error_,
                           [&] { return inner_->CreatePayable(payable); });
     }
@@ -253,9 +322,11 @@ public:
     Receivables(std::unique_ptr<AccountsReceivableService> inner, Obstacles& obstacles)
         : inner_(std::move(inner)), on_(obstacles) {}
     bool ApplyReceipt(const Receipt_application& receipt) override {
+        on_.applications.push_back(receipt);
         return on_.decide("ApplyReceipt", {receipt.folio}, last_error_, [&] { return inner_->ApplyReceipt(receipt); });
     }
     bool CreateReceivable(const Receivable& receivable) override {
+        on_.receivables.push_back(receivable);
         return on_.decide("CreateReceivable", {receivable.source_table, receivable.source_document}, last_error_,
                           [&] { return inner_->CreateReceivable(receivable); });
     }
