@@ -1,10 +1,10 @@
-#include "dialect.h"
+#include "database/dialect.h"
 
 #include <algorithm>
 #include <array>
 
-#include "rewriter.h"
-#include "sql_tree.h"
+#include "database/rewriter.h"
+#include "database/sql_tree.h"
 
 namespace cuvexa {
 namespace {

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "lexer.h"
+#include "database/lexer.h"
 
 namespace cuvexa {
 

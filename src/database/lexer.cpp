@@ -1,9 +1,10 @@
-#include "lexer.h"
+#include "database/lexer.h"
 
 #include <algorithm>
 #include <array>
 
 #include "cuvexa/errors.h"
+#include "database/utf8.h"
 
 namespace cuvexa {
 namespace {
@@ -154,27 +155,16 @@ private:
                             : "Falta la marca que cierra un nombre de la instrucción");
     }
 
-    // Past one UTF-8 sequence of two bytes or more: no overlong form, no surrogate, nothing above U+10FFFF.
     std::size_t end_of_sequence(std::size_t at) const {
-        const auto byte = [&](std::size_t i) { return i < text_.size() ? static_cast<unsigned char>(text_[i]) : 0u; };
-        const auto follows = [&](std::size_t i) { return (byte(i) & 0xC0u) == 0x80u; };
-        const unsigned first = byte(at), second = byte(at + 1);
-        if (first >= 0xC2 && first <= 0xDF && follows(at + 1)) return at + 2;
-        if (first >= 0xE0 && first <= 0xEF && follows(at + 1) && follows(at + 2) && !(first == 0xE0 && second < 0xA0) &&
-            !(first == 0xED && second > 0x9F))
-            return at + 3;
-        if (first >= 0xF0 && first <= 0xF4 && follows(at + 1) && follows(at + 2) && follows(at + 3) &&
-            !(first == 0xF0 && second < 0x90) && !(first == 0xF4 && second > 0x8F))
-            return at + 4;
-        refuse("El texto de la instrucción no es UTF-8 válido");
+        const std::size_t length = utf8_length(text_, at);
+        if (length == 0) refuse("El texto de la instrucción no es UTF-8 válido");
+        return at + length;
     }
 
     std::string_view text_;
     std::vector<Token>& tokens_;
     std::size_t at_ = 0;
 };
-
-char lower(char c) noexcept { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 }  // namespace
 
@@ -196,11 +186,6 @@ std::string_view text_content(std::string_view literal, std::string& scratch) {
     }
     scratch.append(inside, from);
     return scratch;
-}
-
-bool same_name(std::string_view a, std::string_view b) noexcept {
-    return a.size() == b.size() &&
-           std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return x == y || lower(x) == lower(y); });
 }
 
 }  // namespace cuvexa

@@ -40,7 +40,4 @@ void tokenize(std::string_view text, std::vector<Token>& tokens);
 /// quotes; then it is unescaped into `scratch`, to which the result refers.
 std::string_view text_content(std::string_view literal, std::string& scratch);
 
-/// Whether two names are the same without regard to (ASCII) case.
-bool same_name(std::string_view a, std::string_view b) noexcept;
-
 }  // namespace cuvexa

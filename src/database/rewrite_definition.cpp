@@ -1,7 +1,7 @@
 // CREATE TABLE, ALTER TABLE … ADD, CREATE INDEX: column types and words that only SQL Server knows.
 #include <utility>
 
-#include "rewriter.h"
+#include "database/rewriter.h"
 
 namespace cuvexa {
 namespace {
@@ -30,9 +30,9 @@ private:
             if (nodes[i].is_any_word({"CLUSTERED", "NONCLUSTERED"})) continue;
             if (nodes[i].is_any_word({"IDENTITY", "INCLUDE"})) {
                 i += more && nodes[i + 1].is_group() ? 1 : 0;
-            } else if (more && nodes[i].is_word("ON") && same_name(plain_name(nodes[i + 1]), "PRIMARY")) {
+            } else if (more && nodes[i].is_word("ON") && same_text(plain_name(nodes[i + 1]), "PRIMARY")) {
                 ++i;
-            } else if (more && nodes[i].is_name() && nodes[i + 1].is_symbol(".") && same_name(plain_name(nodes[i]), "dbo")) {
+            } else if (more && nodes[i].is_name() && nodes[i + 1].is_symbol(".") && same_text(plain_name(nodes[i]), "dbo")) {
                 ++i;
             } else {
                 nodes[i].children = without_storage(std::move(nodes[i].children));
@@ -54,7 +54,7 @@ private:
     Nodes column(Nodes part) const {
         if (part.size() < 2 || part.front().is_any_word({"CONSTRAINT", "PRIMARY", "UNIQUE", "FOREIGN", "CHECK"})) return part;
         for (const Type_rule& rule : dialect_.types) {
-            if (!part[1].is_name() || !same_name(rule.name, plain_name(part[1]))) continue;
+            if (!part[1].is_name() || !same_text(rule.name, plain_name(part[1]))) continue;
             if (part.size() > 2 && part[2].is_group()) cut(part, 2, 3);
             part[1] = word(rule.column);
             break;

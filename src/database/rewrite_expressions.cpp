@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "rewriter.h"
+#include "database/rewriter.h"
 
 namespace cuvexa {
 
@@ -82,7 +82,7 @@ private:
 
     // The dot of dbo.T; the engine has no such owner.
     static bool is_owner(const Nodes& before, const Node& node) {
-        return node.is_symbol(".") && !before.empty() && before.back().is_name() && same_name(plain_name(before.back()), "dbo");
+        return node.is_symbol(".") && !before.empty() && before.back().is_name() && same_text(plain_name(before.back()), "dbo");
     }
 
     void add_case(Nodes& result, Node node) const {
@@ -140,7 +140,7 @@ private:
 
     const Function_rule* rule_for(std::string_view name, std::size_t arguments) const {
         for (const Function_rule& rule : dialect_.functions)
-            if (same_name(rule.name, name) && (rule.arguments < 0 || static_cast<std::size_t>(rule.arguments) == arguments))
+            if (same_text(rule.name, name) && (rule.arguments < 0 || static_cast<std::size_t>(rule.arguments) == arguments))
                 return &rule;
         return nullptr;
     }
@@ -181,7 +181,7 @@ private:
     const Type_rule* type_for(const Node& node) const {
         if (!node.is_name()) return nullptr;
         for (const Type_rule& rule : dialect_.types)
-            if (same_name(rule.name, plain_name(node))) return &rule;
+            if (same_text(rule.name, plain_name(node))) return &rule;
         return nullptr;
     }
 

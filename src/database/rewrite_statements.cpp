@@ -1,7 +1,7 @@
 // The shape of whole statements: TOP, OUTPUT, the words that SQL Server lets one leave out.
 #include <utility>
 
-#include "rewriter.h"
+#include "database/rewriter.h"
 
 namespace cuvexa {
 namespace {
@@ -21,7 +21,7 @@ void complete_words(Nodes& nodes) {
 bool drop_row_name(Nodes& list, std::string_view row) {
     for (std::size_t i = 0; i + 1 < list.size(); ++i) {
         if (!list[i + 1].is_symbol(".") || !list[i].is_name()) continue;
-        if (!same_name(plain_name(list[i]), row)) return false;
+        if (!same_text(plain_name(list[i]), row)) return false;
         cut(list, i, i + 2);
     }
     return true;

@@ -7,7 +7,7 @@
 #include <optional>
 #include <utility>
 
-#include "rewriter.h"
+#include "database/rewriter.h"
 
 namespace cuvexa {
 namespace {
@@ -61,7 +61,7 @@ Update_parts split(Nodes nodes) {
     return parts;
 }
 
-bool names(const Node& node, std::string_view name) { return node.is_name() && same_name(plain_name(node), name); }
+bool names(const Node& node, std::string_view name) { return node.is_name() && same_text(plain_name(node), name); }
 
 std::string_view alias_of(const Joined_table& table) {
     return table.table.size() > 1 ? plain_name(table.table.back()) : std::string_view{};
@@ -70,7 +70,7 @@ std::string_view alias_of(const Joined_table& table) {
 // An alias goes before a table of that name, as it does for SQL Server.
 std::optional<std::size_t> find_target(const std::vector<Joined_table>& from, std::string_view target) {
     for (std::size_t i = 0; i < from.size(); ++i)
-        if (same_name(alias_of(from[i]), target)) return i;
+        if (same_text(alias_of(from[i]), target)) return i;
     for (std::size_t i = 0; i < from.size(); ++i)
         if (!from[i].table.empty() && names(from[i].table.front(), target)) return i;
     return std::nullopt;

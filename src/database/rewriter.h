@@ -1,8 +1,8 @@
 // The rewriting of a statement's tree. For the use of `translate`.
 #pragma once
 
-#include "dialect.h"
-#include "sql_tree.h"
+#include "database/dialect.h"
+#include "database/sql_tree.h"
 
 namespace cuvexa {
 

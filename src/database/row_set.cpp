@@ -1,7 +1,7 @@
-#include "row_set.h"
+#include "database/row_set.h"
 
+#include "core/case.h"
 #include "cuvexa/errors.h"
-#include "lexer.h"
 
 namespace cuvexa {
 
@@ -12,7 +12,7 @@ std::int64_t Row_set::rows() const noexcept {
 Value Row_set::field(std::string_view name) const {
     if (eof()) throw Database_error("No hay un registro actual");
     std::size_t column = 0;
-    while (column < columns_->size() && !same_name((*columns_)[column], name)) ++column;
+    while (column < columns_->size() && !same_text((*columns_)[column], name)) ++column;
     if (column == columns_->size()) throw Database_error("No existe la columna: " + std::string(name));
     const Cell& cell = cells_[at_ + column];
     switch (cell.kind) {

@@ -1,4 +1,4 @@
-#include "sql_tree.h"
+#include "database/sql_tree.h"
 
 #include <algorithm>
 #include <iterator>
@@ -40,7 +40,7 @@ private:
     }
 
     bool next_is_word(std::string_view word) const {
-        return tokens_[at_].kind == Token_kind::word && same_name(tokens_[at_].in(text_), word);
+        return tokens_[at_].kind == Token_kind::word && same_text(tokens_[at_].in(text_), word);
     }
 
     Node nested(Node::Kind kind, Until until, int depth) {

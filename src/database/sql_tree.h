@@ -7,7 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "lexer.h"
+#include "core/case.h"
+#include "database/lexer.h"
 
 namespace cuvexa {
 
@@ -32,7 +33,7 @@ struct Node {
     Nodes children;
 
     bool is_word(std::string_view word) const noexcept {
-        return kind == Kind::token && token == Token_kind::word && same_name(text, word);
+        return kind == Kind::token && token == Token_kind::word && same_text(text, word);
     }
     bool is_any_word(std::initializer_list<std::string_view> words) const noexcept;
     bool is_symbol(std::string_view symbol) const noexcept {

@@ -1,4 +1,4 @@
-#include "sqlite_connection.h"
+#include "database/sqlite_connection.h"
 
 #include <sqlite3.h>
 
@@ -12,11 +12,12 @@
 #include <utility>
 #include <vector>
 
+#include "core/case.h"
 #include "cuvexa/errors.h"
-#include "dialect.h"
-#include "lexer.h"
-#include "row_set.h"
-#include "sqlite_functions.h"
+#include "database/dialect.h"
+#include "database/lexer.h"
+#include "database/row_set.h"
+#include "database/sqlite_functions.h"
 
 namespace cuvexa {
 namespace {
@@ -342,7 +343,7 @@ private:
 
 Synchronous synchronous_named(std::string_view name) {
     for (const Synchronous value : {Synchronous::full, Synchronous::normal, Synchronous::off})
-        if (same_name(name, name_of(value))) return value;
+        if (same_text(name, name_of(value))) return value;
     throw Database_error("No existe la sincronización: " + std::string(name) + " (full, normal, off)");
 }
 

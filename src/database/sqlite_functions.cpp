@@ -1,4 +1,4 @@
-#include "sqlite_functions.h"
+#include "database/sqlite_functions.h"
 
 #include <sqlite3.h>
 

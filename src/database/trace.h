@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <ostream>
+#include <string>
 #include <string_view>
 
 #include "cuvexa/data_access.h"
@@ -12,8 +13,9 @@ namespace cuvexa {
 
 /// Passes statements on and writes one JSON object per statement and line, flushed at once:
 /// {"seq":1,"text":"SELECT …","us":85,"rows":2,"error":null}
-/// `text` is the statement as composed, `us` the microseconds it took, `rows` the rows it gave (a statement that changes
-/// rows: how many, where the connection can tell), `error` the description of a failure.
+/// `text` is the statement as composed; bytes that are no UTF-8 become U+FFFD. `us` is how long it took, in microseconds.
+/// `rows`: the rows given, or changed where the statement gives none; null after a failure or where the connection cannot
+/// tell. `error`: the description of a failure, or null.
 class Traced_connection : public Connection {
 public:
     /// Both must outlive the object.
@@ -22,6 +24,8 @@ public:
     std::unique_ptr<Recordset> execute(std::string_view text) override;
 
 private:
+    void write(std::string_view text, std::int64_t us, const std::string& rows, const char* error);
+
     Connection* connection_;
     std::ostream* out_;
     std::uint64_t sequence_ = 0;

@@ -1,0 +1,71 @@
+#include "database/script.h"
+
+#include <string>
+
+#include "core/case.h"
+#include "cuvexa/errors.h"
+
+namespace cuvexa {
+namespace {
+
+std::string_view trimmed(std::string_view text) {
+    constexpr std::string_view blanks = " \t\r\n";
+    const std::size_t first = text.find_first_not_of(blanks);
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(blanks) + 1 - first);
+}
+
+/// Gathers lines until a statement is whole. Within a text nothing ends a statement and nothing is a comment.
+class Script {
+public:
+    explicit Script(Connection& connection) : connection_(connection) {}
+
+    void take(std::string_view line) {
+        const std::string_view content = trimmed(line);
+        if (!in_text_ && content.starts_with("--")) return;
+        if (!in_text_ && same_text(content, "GO")) return run();
+        for (const char c : line) in_text_ ^= c == '\'';
+        statement_.append(line).push_back('\n');
+        if (!in_text_ && content.ends_with(';')) run();
+    }
+
+    void run() {
+        if (!trimmed(statement_).empty()) connection_.execute(trimmed(statement_));
+        statement_.clear();
+    }
+
+private:
+    Connection& connection_;
+    std::string statement_;
+    bool in_text_ = false;
+};
+
+}  // namespace
+
+void run_script(Connection& connection, std::string_view script) {
+    Script statements(connection);
+    while (!script.empty()) {
+        const std::size_t end = script.find('\n');
+        statements.take(script.substr(0, end));
+        script.remove_prefix(end == std::string_view::npos ? script.size() : end + 1);
+    }
+    statements.run();
+}
+
+Transaction::Transaction(Connection& connection) : connection_(&connection) { connection_->execute("BEGIN TRANSACTION"); }
+
+Transaction::~Transaction() {
+    if (!open_) return;
+    try {
+        connection_->execute("ROLLBACK");
+    } catch (const Database_error&) {
+        // The engine has undone it by itself, as it does after some failures.
+    }
+}
+
+void Transaction::commit() {
+    connection_->execute("COMMIT");
+    open_ = false;
+}
+
+}  // namespace cuvexa
