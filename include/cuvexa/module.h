@@ -3,10 +3,13 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "cuvexa/services.h"
 
 namespace cuvexa {
+
+class Dialog_toolkit;
 
 /// System parameters read once, at start-up, and kept for the life of the module.
 struct Cached_parameters {
@@ -40,6 +43,10 @@ public:
     /// Identifier of this server, as read at start-up.
     const std::string& server_id() const { return server_id_; }
 
+    /// What draws the two dialogs (`cuvexa/dialogs.h`); none at first, and then they cannot be shown.
+    std::shared_ptr<Dialog_toolkit> dialog_toolkit() const { return dialog_toolkit_; }
+    void dialog_toolkit(std::shared_ptr<Dialog_toolkit> toolkit) { dialog_toolkit_ = std::move(toolkit); }
+
     /// The buffer into which every statement is composed before it runs; each statement overwrites it.
     std::string& statement() { return statement_; }
 
@@ -58,6 +65,7 @@ private:
     Cached_parameters parameters_;
     std::string server_id_;
     std::string statement_;
+    std::shared_ptr<Dialog_toolkit> dialog_toolkit_;
 };
 
 }  // namespace cuvexa

@@ -29,8 +29,6 @@ public:
     std::string Rp_Cobratario;   ///< collector
 };
 
-class Dialogs;
-
 class Tesoreria {
 public:
     /// An instance of the component. The module must outlive it.

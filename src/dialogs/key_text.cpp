@@ -1,0 +1,60 @@
+#include "dialogs/key_text.h"
+
+#include <algorithm>
+
+namespace cuvexa {
+namespace {
+
+std::string quoted(std::string_view text) {
+    std::string out = "'";
+    for (const char c : text) {
+        out += c;
+        if (c == '\'') out += c;
+    }
+    return out += '\'';
+}
+
+/// One pass, so that a mark inside what is put in is never replaced again.
+std::string replaced(std::string_view text, std::string_view mark, std::string_view with) {
+    std::string out;
+    for (std::size_t at = text.find(mark); at != std::string_view::npos; at = text.find(mark)) {
+        out.append(text.substr(0, at)).append(with);
+        text.remove_prefix(at + mark.size());
+    }
+    return out.append(text);
+}
+
+bool all_of_digits(std::string_view text) {
+    return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+}  // namespace
+
+std::string capitals(std::string_view text) {
+    std::string out(text);
+    for (std::size_t i = 0; i < out.size(); ++i) {
+        auto& c = out[i];
+        if (c >= 'a' && c <= 'z') {
+            c = static_cast<char>(c - 'a' + 'A');
+        } else if (c == '\xC3' && i + 1 < out.size()) {
+            // U+00E0 … U+00FE, "à" to "þ", but not the division sign between them.
+            auto& second = out[++i];
+            if (second >= '\xA0' && second <= '\xBE' && second != '\xB7') second = static_cast<char>(second - 0x20);
+        }
+    }
+    return out;
+}
+
+std::string formatted(std::string_view key, std::string_view format) {
+    const bool zeros = !format.empty() && format.find_first_not_of('0') == std::string_view::npos;
+    if (!zeros || !all_of_digits(key) || key.size() >= format.size()) return std::string(key);
+    return std::string(format.size() - key.size(), '0').append(key);
+}
+
+std::string with_key(std::string_view sql, std::string_view key) { return replaced(sql, "'?'", quoted(key)); }
+
+std::string with_pattern(std::string_view sql, std::string_view text) {
+    return replaced(sql, "LIKE ?", "LIKE " + quoted("%" + std::string(text) + "%"));
+}
+
+}  // namespace cuvexa
