@@ -69,17 +69,23 @@ public:
     std::vector<Payable> payables;
     std::vector<Receivable> receivables;
     std::vector<Receipt_application> applications;
+    /// To `CreateSupplierAdvance`, `AddPaymentLine` and `RegisterPayment`.
+    std::vector<Supplier_advance> supplier_advances;
+    std::vector<Payment_line> payment_lines;
+    std::vector<Receivable_payment> receivable_payments;
 
     /// The statements that the component itself ran (those of the services are not among them), and the one of them,
     /// counted from 1, that fails instead of running.
     std::vector<std::string> statements;
     std::size_t failing_statement = 0;
+    /// The one, counted the same way, that gives no rows, as if they had gone meanwhile.
+    std::size_t silent_statement = 0;
 
     void clear() {
         answers_.clear();
         failures_.clear();
         next_folio.reset();
-        failing_statement = 0;
+        failing_statement = silent_statement = 0;
         failing_call = 0;
     }
 
@@ -93,6 +99,9 @@ public:
         payables.clear();
         receivables.clear();
         applications.clear();
+        supplier_advances.clear();
+        payment_lines.clear();
+        receivable_payments.clear();
     }
 
     /// Every service operation passes here first.
@@ -144,6 +153,7 @@ public:
     std::unique_ptr<Recordset> execute(std::string_view text) override {
         on_.statements.emplace_back(text);
         if (on_.statements.size() == on_.failing_statement) throw Database_error(statement_failure);
+        if (on_.statements.size() == on_.silent_statement) return inner_.execute("SELECT 0 AS Nada WHERE 0 = 1");
         return inner_.execute(text);
     }
 
@@ -287,10 +297,12 @@ public:
                           [&] { return inner_->CreatePayable(payable); });
     }
     bool CreateSupplierAdvance(const Supplier_advance& advance, std::string& payable_folio) override {
+        on_.supplier_advances.push_back(advance);
         return on_.decide("CreateSupplierAdvance", {advance.check_folio}, last_error_,
                           [&] { return inner_->CreateSupplierAdvance(advance, payable_folio); });
     }
     bool AddPaymentLine(const Payment_line& line) override {
+        on_.payment_lines.push_back(line);
         return on_.decide("AddPaymentLine", {line.payable_folio, line.check_folio}, last_error_,
                           [&] { return inner_->AddPaymentLine(line); });
     }
@@ -351,6 +363,7 @@ public:
                           [&] { return inner_->CancelPayment(receivable_folio, payment_id); });
     }
     bool RegisterPayment(const Receivable_payment& payment) override {
+        on_.receivable_payments.push_back(payment);
         return on_.decide("RegisterPayment", {payment.receivable_folio}, last_error_,
                           [&] { return inner_->RegisterPayment(payment); });
     }
