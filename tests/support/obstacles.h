@@ -74,6 +74,9 @@ public:
     std::vector<Payment_line> payment_lines;
     std::vector<Receivable_payment> receivable_payments;
 
+    /// What was handed to `ValidatePaymentLine`, the eight arguments parted by "|".
+    std::vector<std::string> validated_lines;
+
     /// The statements that the component itself ran (those of the services are not among them), and the one of them,
     /// counted from 1, that fails instead of running.
     std::vector<std::string> statements;
@@ -101,6 +104,7 @@ public:
         applications.clear();
         supplier_advances.clear();
         payment_lines.clear();
+        validated_lines.clear();
         receivable_payments.clear();
     }
 
@@ -249,6 +253,8 @@ public:
                              const std::string& bank, double amount, const std::string& document_code,
                              const std::string& folio, const std::string& reference,
                              const std::string& comment) override {
+        on_.validated_lines.push_back(payment_method + "|" + reference_number + "|" + bank + "|" + number_text(amount) + "|" +
+                                    document_code + "|" + folio + "|" + reference + "|" + comment);
         return on_.decide("ValidatePaymentLine", {payment_method, reference_number, bank}, last_error_, [&] {
             return inner_->ValidatePaymentLine(payment_method, reference_number, bank, amount, document_code, folio,
                                                reference, comment);
