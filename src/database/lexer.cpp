@@ -92,10 +92,16 @@ private:
             while (look(end) == Class::digit) ++end;
         }
         if (character(end) == 'e' || character(end) == 'E') end = end_of_exponent(end);
-        const Class next = look(end);
-        if (next == Class::letter || next == Class::high || character(end) == '.')
-            return add(Token_kind::unknown, std::max(end + (character(end) == '.'), end_of_word(end)));
+        const std::size_t malformed = end_of_malformed(end);
+        if (malformed != end) return add(Token_kind::unknown, malformed);
         add(Token_kind::number, end);
+    }
+
+    std::size_t end_of_malformed(std::size_t at) const {
+        for (std::size_t end = at;; at = end) {
+            end = character(at) == '.' ? at + 1 : end_of_word(at);
+            if (end == at) return at;
+        }
     }
 
     std::size_t end_of_exponent(std::size_t at) const {

@@ -17,6 +17,13 @@ void complete_words(Nodes& nodes) {
     if (nodes[0].is_word("DELETE") && !nodes[1].is_word("FROM")) insert_at(nodes, 1, word("FROM"));
 }
 
+// INSERT INTO T (…) (SELECT …)
+void open_select(Nodes& nodes) {
+    Node& last = nodes.back();
+    if (nodes.front().is_word("INSERT") && last.is_group() && !last.children.empty() && last.children.front().is_word("SELECT"))
+        last.kind = Node::Kind::span;
+}
+
 // inserted.Column, where the engine gives the row as it is after the statement (deleted.Column: as it was, of a DELETE).
 bool drop_row_name(Nodes& list, std::string_view row) {
     for (std::size_t i = 0; i + 1 < list.size(); ++i) {
@@ -64,6 +71,7 @@ Nodes rewrite_statement(Nodes nodes, const Dialect& dialect) {
     complete_words(nodes);
     rewrite_query(nodes);
     if (nodes.empty() || !nodes.front().is_any_word({"INSERT", "UPDATE", "DELETE"})) return nodes;
+    open_select(nodes);
     move_output(nodes);
     if (nodes.front().is_word("UPDATE")) rewrite_update(nodes);
     return nodes;

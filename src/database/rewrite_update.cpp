@@ -150,6 +150,7 @@ void rewrite_update(Nodes& nodes) {
     // An outer join cannot go to WHERE; the engine says that the target is named twice.
     if (target && std::all_of(parts.from.begin(), parts.from.end(), is_inner)) {
         Nodes table = parts.from[*target].table;
+        if (table.size() == 2) table.insert(table.begin() + 1, word("AS"));
         join_in_where(parts, *target);
         parts.target = std::move(table);
     }
