@@ -1,0 +1,249 @@
+// Cancellation of bank movements, by their folio and by their document.
+#include "support/obstructed_treasury.h"
+
+namespace cuvexa::testing {
+namespace {
+
+const std::string folio_tag = "Cuvexa.dll - Cancelar_Movimiento_Bancos()\r\n";
+const std::string document_tag = "Cuvexa.dll - Cancelar_Documento_Bancos()\r\n";
+const std::string guard_tag = "Cuvexa.dll - Valida_Poliza_Contable()\r\n";
+const std::string cancelled = "Oper_Baja  -> MLOPEZ, Fecha_Baja NULL -> 2024-03-15T10:20:30, Es_Cve_Estado ";
+
+class Registered_movements : public Obstructed_treasury {
+protected:
+    Registered_movements() {
+        on.parameters["GEN_FORZAR_TIEMPO_REAL"] = true;
+        on.parameters["GEN_VALIDAR_PERIODO_OPERATIVO"] = true;
+        movement("M-1", "CTA-1", "D-1", -100, "TR");
+        movement("M-2", "CTA-3", "D-1", 25.5, "FI");
+        movement("M-3", "CTA-2", "D-2", 60, "TR");
+    }
+
+    void movement(const std::string& folio, const std::string& account, const std::string& document, double amount,
+                  const std::string& state, const std::string& table = "DEPOSITO_PAGO") {
+        run("INSERT INTO Banco_Movimiento (Bm_Folio, Bc_Cve_Banco_Cuenta, Bm_Tabla, Bm_Documento, Bm_Fecha, "
+            "Bm_Importe, "
+            "Es_Cve_Estado) VALUES ('" +
+            folio + "', '" + account + "', '" + table + "', '" + document + "', '2024-03-15', " + number_text(amount) +
+            ", '" + state + "')");
+    }
+
+    bool cancel(const std::string& folio = "M-1") { return treasury().Cancelar_Movimiento_Bancos(folio); }
+    bool cancel_document(const std::string& document = "D-1", const std::string& table = "DEPOSITO_PAGO") {
+        return treasury().Cancelar_Documento_Bancos(table, document);
+    }
+};
+
+// ---- By folio
+// -----------------------------------------------------------------------------------------------------------
+
+TEST_F(Registered_movements, an_outflow_that_is_cancelled_comes_back_into_both_balances) {
+    EXPECT_THAT(
+        changes([this] { return cancel("M-1"); }),
+        ElementsAre("~ Banco BAN-1: Bn_Saldo 1500.0 -> 1600.0", "~ Banco_Cuenta CTA-1: Bc_Saldo 1000.0 -> 1100.0",
+                    "~ Banco_Movimiento M-1: " + cancelled + "TR -> CA"));
+    EXPECT_THAT(rows("Banco_Cuenta", "Oper_Ult_Modif, Fecha_Ult_Modif", "Bc_Cve_Banco_Cuenta = 'CTA-1'"),
+                ElementsAre("MLOPEZ|2024-03-15T10:20:30"));
+    EXPECT_THAT(rows("Banco", "Oper_Ult_Modif, Fecha_Ult_Modif", "Bn_Cve_Banco = 'BAN-1'"),
+                ElementsAre("MLOPEZ|2024-03-15T10:20:30"));
+    EXPECT_THAT(rows("Banco_Movimiento", "Oper_Ult_Modif, Fecha_Ult_Modif", "Bm_Folio = 'M-1'"),
+                ElementsAre("MLOPEZ|2024-03-15T10:20:30"));
+}
+
+TEST_F(Registered_movements, an_inflow_that_is_cancelled_leaves_both_balances) {
+    EXPECT_THAT(changes([this] { return cancel("M-2"); }),
+                ElementsAre("~ Banco BAN-2: Bn_Saldo 70.0 -> 44.5", "~ Banco_Cuenta CTA-3: Bc_Saldo 70.0 -> 44.5",
+                            "~ Banco_Movimiento M-2: " + cancelled + "FI -> CA"));
+}
+
+TEST_F(Registered_movements, one_is_cancelled_by_these_statements_and_calls) {
+    changes([this] { return cancel("M-1"); });
+    EXPECT_THAT(
+        on.statements,
+        ElementsAre(
+            "SELECT    Banco_Movimiento.Bm_Folio,    Banco_Movimiento.Bm_Fecha,    "
+            "Banco_Movimiento.Bc_Cve_Banco_Cuenta,   Banco_Cuenta.Bn_Cve_Banco,    Banco_Movimiento.Es_Cve_Estado,    "
+            "ISNULL(SUM(Banco_Movimiento.Bm_Importe),0) as Importe FROM Banco_Movimiento    INNER JOIN Banco_Cuenta "
+            "ON Banco_Cuenta.Bc_Cve_Banco_Cuenta = Banco_Movimiento.Bc_Cve_Banco_Cuenta WHERE    "
+            "Banco_Movimiento.Bm_Folio = 'M-1' GROUP BY    Banco_Movimiento.Bm_Folio,    Banco_Movimiento.Bm_Fecha,    "
+            "Banco_Movimiento.Bc_Cve_Banco_Cuenta,   Banco_Cuenta.Bn_Cve_Banco,    Banco_Movimiento.Es_Cve_Estado ",
+            "UPDATE Banco_Cuenta SET    Bc_Saldo = Bc_Saldo - -100,    Oper_Ult_Modif = 'MLOPEZ',    "
+            "Fecha_Ult_Modif = '2024-03-15T10:20:30' WHERE Bc_Cve_Banco_Cuenta = 'CTA-1'",
+            "UPDATE Banco SET    Bn_Saldo = Bn_Saldo - -100,    Oper_Ult_Modif = 'MLOPEZ',    "
+            "Fecha_Ult_Modif = '2024-03-15T10:20:30' WHERE Bn_Cve_Banco = 'BAN-1'",
+            "UPDATE Banco_Movimiento SET     Es_Cve_Estado = 'CA',     Oper_Ult_Modif = 'MLOPEZ',     "
+            "Fecha_Ult_Modif = '2024-03-15T10:20:30',     Oper_Baja = 'MLOPEZ',     "
+            "Fecha_Baja = '2024-03-15T10:20:30' WHERE    Bm_Folio = 'M-1'"));
+    EXPECT_THAT(on.calls,
+                ElementsAre("IsOperatingPeriodOpen(2024-03-15, FINANZAS)", "IsPostingEnabled(BANCO_MOVIMIENTO)",
+                            "IsDocumentPosted(BANCO_MOVIMIENTO, M-1)", "RegisterDocument(BANCO_MOVIMIENTO, M-1)"));
+}
+
+class Movement_refusal : public Registered_movements, public ::testing::WithParamInterface<std::size_t> {
+protected:
+    std::vector<Refusal_step> steps() {
+        return {
+            {"unknown", [this] { folio = "M-9"; }, folio_tag + "No se encontró el movimiento de banco: M-9"},
+            {"cancelled", [this] { run("UPDATE Banco_Movimiento SET Es_Cve_Estado = 'CA' WHERE Bm_Folio = 'M-1'"); },
+             folio_tag + "El movimiento:M-1, está cancelado!"},
+            {"same day", [this] { run("UPDATE Banco_Movimiento SET Bm_Fecha = '2024-03-14' WHERE Bm_Folio = 'M-1'"); },
+             folio_tag + "No es posible realizar esta operación, la fecha del documento no es del día actual\r\n"
+                         "Fecha del documento: 14/03/2024, fecha del día: 15/03/2024"},
+            {"period", [this] { on.refuse("IsOperatingPeriodOpen", ""); },
+             folio_tag + "El período operativo correspondiente a la fecha: 15-03-2024, está cerrado o no existe!"},
+            {"posted", [this] { on.accept("IsDocumentPosted", "Póliza 77"); },
+             folio_tag + guard_tag + "Imposible cancelar el documento, ya está contabilizado! \r\nPóliza 77"},
+        };
+    }
+
+    std::string folio = "M-1";
+};
+
+TEST_P(Movement_refusal, leaves_its_text_and_writes_nothing) {
+    steps().at(GetParam()).obstruct();
+    expect_refusal(steps().at(GetParam()).message, [this] { return cancel(folio); });
+}
+
+TEST_P(Movement_refusal, comes_before_the_next_one) {
+    const std::vector<Refusal_step> all = steps();
+    if (GetParam() + 1 == all.size()) return;
+    all[GetParam() + 1].obstruct();
+    all[GetParam()].obstruct();
+    expect_refusal(all[GetParam()].message, [this] { return cancel(folio); });
+}
+
+INSTANTIATE_TEST_SUITE_P(Steps, Movement_refusal, ::testing::Range<std::size_t>(0, 5));
+
+TEST_F(Registered_movements, cancelled_twice_is_refused) {
+    ASSERT_TRUE(cancel("M-1"));
+    expect_refusal(folio_tag + "El movimiento:M-1, está cancelado!", [this] { return cancel("M-1"); });
+}
+
+TEST_F(Registered_movements, a_past_one_is_cancelled_while_real_time_is_not_forced) {
+    on.parameters["GEN_FORZAR_TIEMPO_REAL"] = false;
+    run("UPDATE Banco_Movimiento SET Bm_Fecha = '2024-02-01' WHERE Bm_Folio = 'M-1'");
+    EXPECT_TRUE(cancel("M-1")) << treasury().Error();
+}
+
+TEST_F(Registered_movements, the_period_is_asked_for_only_while_the_parameter_is_on) {
+    on.parameters["GEN_VALIDAR_PERIODO_OPERATIVO"] = false;
+    on.refuse("IsOperatingPeriodOpen", "");
+    EXPECT_TRUE(cancel("M-1")) << treasury().Error();
+}
+
+TEST_F(Registered_movements, a_failed_registration_is_reported_under_the_tag_of_the_registration) {
+    on.refuse("RegisterDocument", "No hay réplica");
+    left_by("Cuvexa.dll - Registra_Movimiento_Banco()\r\nNo hay réplica", [this] { return cancel("M-1"); });
+    EXPECT_THAT(rows("Banco_Movimiento", "Es_Cve_Estado", "Bm_Folio = 'M-1'"), ElementsAre("CA"));
+    EXPECT_THAT(rows("Banco_Cuenta", "Bc_Saldo", "Bc_Cve_Banco_Cuenta = 'CTA-1'"), ElementsAre("1100"));
+}
+
+class Movement_failure : public Registered_movements, public ::testing::WithParamInterface<std::size_t> {
+protected:
+    std::vector<std::string> expected_left() const {
+        const std::vector<std::string> writes = {"~ Banco_Cuenta CTA-1: Bc_Saldo 1000.0 -> 1100.0",
+                                                 "~ Banco BAN-1: Bn_Saldo 1500.0 -> 1600.0"};
+        // statement 1 reads; what fails from the second on leaves the writes before it
+        return {writes.begin(), writes.begin() + static_cast<std::ptrdiff_t>(GetParam() < 2 ? 0 : GetParam() - 2)};
+    }
+};
+
+TEST_P(Movement_failure, leaves_the_balances_already_moved) {
+    on.failing_statement = GetParam();
+    EXPECT_THAT(left_by(folio_tag + obstructed::statement_failure, [this] { return cancel("M-1"); }),
+                ::testing::UnorderedElementsAreArray(expected_left()));
+}
+
+TEST_P(Movement_failure, of_a_document_leaves_the_balances_already_moved) {
+    on.failing_statement = GetParam();
+    EXPECT_THAT(left_by(document_tag + obstructed::statement_failure, [this] { return cancel_document(); }),
+                ::testing::UnorderedElementsAreArray(expected_left()));
+}
+
+INSTANTIATE_TEST_SUITE_P(At_each_statement, Movement_failure, ::testing::Range<std::size_t>(1, 5));
+
+// ---- By document
+// --------------------------------------------------------------------------------------------------------
+
+TEST_F(Registered_movements, all_those_of_a_document_are_cancelled) {
+    EXPECT_THAT(
+        changes([this] { return cancel_document(); }),
+        ElementsAre("~ Banco BAN-1: Bn_Saldo 1500.0 -> 1600.0", "~ Banco BAN-2: Bn_Saldo 70.0 -> 44.5",
+                    "~ Banco_Cuenta CTA-1: Bc_Saldo 1000.0 -> 1100.0", "~ Banco_Cuenta CTA-3: Bc_Saldo 70.0 -> 44.5",
+                    "~ Banco_Movimiento M-1: " + cancelled + "TR -> CA",
+                    "~ Banco_Movimiento M-2: " + cancelled + "FI -> CA"));
+}
+
+TEST_F(Registered_movements, those_of_a_document_are_cancelled_by_these_statements_and_calls) {
+    changes([this] { return cancel_document(); });
+    ASSERT_EQ(on.statements.size(), 7u);
+    EXPECT_EQ(
+        on.statements[0],
+        "SELECT    Banco_Movimiento.Bm_Folio,    Banco_Movimiento.Bc_Cve_Banco_Cuenta,   Banco_Cuenta.Bn_Cve_Banco,    "
+        "Banco_Movimiento.Es_Cve_Estado,    ISNULL(SUM(Banco_Movimiento.Bm_Importe),0) as Importe FROM "
+        "Banco_Movimiento    INNER JOIN Banco_Cuenta ON Banco_Cuenta.Bc_Cve_Banco_Cuenta = "
+        "Banco_Movimiento.Bc_Cve_Banco_Cuenta WHERE    Banco_Movimiento.Bm_Documento = 'D-1' AND    "
+        "Banco_Movimiento.Bm_Tabla = 'DEPOSITO_PAGO' GROUP BY    Banco_Movimiento.Bm_Folio,    "
+        "Banco_Movimiento.Bc_Cve_Banco_Cuenta,   Banco_Cuenta.Bn_Cve_Banco,    Banco_Movimiento.Es_Cve_Estado ");
+    EXPECT_EQ(on.statements[4],
+              "UPDATE Banco_Cuenta SET    Bc_Saldo = Bc_Saldo - 25.5,    Oper_Ult_Modif = 'MLOPEZ',    "
+              "Fecha_Ult_Modif = '2024-03-15T10:20:30' WHERE Bc_Cve_Banco_Cuenta = 'CTA-3'");
+    EXPECT_EQ(on.statements[5],
+              "UPDATE Banco SET    Bn_Saldo = Bn_Saldo - 25.5,    Oper_Ult_Modif = 'MLOPEZ',    "
+              "Fecha_Ult_Modif = '2024-03-15T10:20:30' WHERE Bn_Cve_Banco = 'BAN-2'");
+    EXPECT_THAT(on.calls,
+                ElementsAre("IsPostingEnabled(BANCO_MOVIMIENTO)", "IsDocumentPosted(BANCO_MOVIMIENTO, M-1)",
+                            "RegisterDocument(BANCO_MOVIMIENTO, M-1)", "IsPostingEnabled(BANCO_MOVIMIENTO)",
+                            "IsDocumentPosted(BANCO_MOVIMIENTO, M-2)", "RegisterDocument(BANCO_MOVIMIENTO, M-2)"));
+}
+
+TEST_F(Registered_movements, the_table_of_a_document_is_compared_without_regard_to_case) {
+    movement("M-4", "CTA-1", "CH-1", -10, "TR", "Cheque");
+    EXPECT_TRUE(cancel_document("CH-1", "CHEQUE")) << treasury().Error();
+    EXPECT_THAT(rows("Banco_Movimiento", "Es_Cve_Estado", "Bm_Folio = 'M-4'"), ElementsAre("CA"));
+}
+
+TEST_F(Registered_movements, a_document_without_any_is_refused) {
+    expect_refusal(document_tag + "No se encontraron documentos relacionados a la tabla:CHEQUE y documento:D-1",
+                   [this] { return cancel_document("D-1", "CHEQUE"); });
+}
+
+TEST_F(Registered_movements, a_document_is_cancelled_whatever_its_date_and_period) {
+    run("UPDATE Banco_Movimiento SET Bm_Fecha = '2024-01-31' WHERE Bm_Documento = 'D-1'");
+    on.refuse("IsOperatingPeriodOpen", "");
+    EXPECT_TRUE(cancel_document()) << treasury().Error();
+}
+
+TEST_F(Registered_movements, a_refusal_at_the_second_one_leaves_the_first_cancelled_and_a_second_call_stops_at_it) {
+    on.refuse_call("RegisterDocument(BANCO_MOVIMIENTO, M-2)", "");
+    on.accept("IsPostingEnabled");
+    on.refuse_call("ValidateVoucherCancellation(BANCO_MOVIMIENTO, M-2)", "La póliza está cerrada");
+    left_by(document_tag + guard_tag + "La póliza está cerrada", [this] { return cancel_document(); });
+    EXPECT_THAT(rows("Banco_Movimiento", "Bm_Folio, Es_Cve_Estado", "Bm_Documento = 'D-1'"),
+                ElementsAre("M-1|CA", "M-2|FI"));
+
+    on.clear();
+    expect_refusal(document_tag + "El movimiento:M-1, está cancelado!", [this] { return cancel_document(); });
+}
+
+TEST_F(Registered_movements, a_document_cancelled_twice_stops_at_its_first_movement) {
+    ASSERT_TRUE(cancel_document());
+    expect_refusal(document_tag + "El movimiento:M-1, está cancelado!", [this] { return cancel_document(); });
+}
+
+TEST_F(Registered_movements, a_cancelled_one_is_told_before_the_guard_is_asked) {
+    run("UPDATE Banco_Movimiento SET Es_Cve_Estado = 'CA' WHERE Bm_Folio = 'M-1'");
+    on.accept("IsDocumentPosted");
+    expect_refusal(document_tag + "El movimiento:M-1, está cancelado!", [this] { return cancel_document(); });
+    EXPECT_THAT(on.calls, IsEmpty());
+}
+
+TEST_F(Registered_movements, one_of_a_document_that_cannot_be_registered_stays_cancelled_and_stops_the_rest) {
+    on.refuse_call("RegisterDocument(BANCO_MOVIMIENTO, M-1)", "No hay réplica");
+    left_by(document_tag + "No hay réplica", [this] { return cancel_document(); });
+    EXPECT_THAT(rows("Banco_Movimiento", "Bm_Folio, Es_Cve_Estado", "Bm_Documento = 'D-1'"),
+                ElementsAre("M-1|CA", "M-2|FI"));
+}
+
+}  // namespace
+}  // namespace cuvexa::testing
