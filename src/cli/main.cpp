@@ -1,0 +1,54 @@
+// The program: its commands, and the only place that turns failures into exit codes.
+#include <exception>
+#include <iostream>
+
+#include "cli/command.h"
+
+namespace cuvexa::cli {
+
+namespace {
+
+/// Texts of the component hold CR LF; a terminal wants LF.
+std::string for_terminal(std::string_view text) {
+    std::string lines;
+    for (const char c : text) {
+        if (c != '\r') lines += c;
+    }
+    return lines;
+}
+
+int wrong_use(const std::string& reason) {
+    std::cerr << "cuvexa: " << reason.substr(0, reason.find('\n')) << " (see cuvexa --help)\n";
+    return exit_wrong_use;
+}
+
+int refused(std::string_view reason) {
+    std::cerr << for_terminal(reason) << '\n';
+    return exit_refused;
+}
+
+int run(int count, char** words) {
+    CLI::App program("Cuvexa, the treasury component: receipts, checks, deposits and bank movements", "cuvexa");
+    program.set_version_flag("--version", "cuvexa " CUVEXA_VERSION);
+    program.require_subcommand(1);
+    for (const auto add : {add_init, add_demo, add_rpc, add_show, add_parameter, add_suite}) add(program);
+    try {
+        program.parse(count, words);
+    } catch (const CLI::ParseError& error) {
+        return error.get_exit_code() == 0 ? program.exit(error) : wrong_use(error.what());
+    }
+    std::cout.flush();
+    return std::cout ? exit_done : refused("No se pudo escribir el resultado");
+}
+
+}  // namespace
+
+}  // namespace cuvexa::cli
+
+int main(int count, char** words) {
+    try {
+        return cuvexa::cli::run(count, words);
+    } catch (const std::exception& failure) {
+        return cuvexa::cli::refused(failure.what());
+    }
+}

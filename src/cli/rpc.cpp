@@ -1,0 +1,48 @@
+// cuvexa rpc: the component for any language, over standard input and output.
+#include <iostream>
+#include <memory>
+
+#include "automation/json_rpc.h"
+#include "cli/command.h"
+#include "cuvexa/module.h"
+#include "suite/reference_suite.h"
+
+namespace cuvexa::cli {
+
+namespace {
+
+struct Rpc_options {
+    Database_options database;
+    std::string user = Suite_options{}.user;
+    std::string server_date;
+};
+
+std::string date_problem(const std::string& text) {
+    return parse_date(text) ? std::string() : "not a date: " + text;
+}
+
+void serve(const Rpc_options& options) {
+    Database database(options.database, Access::write);
+    Suite_options suite;
+    suite.user = options.user;
+    if (!options.server_date.empty()) suite.server_date = parse_date(options.server_date);
+    Module module(std::make_shared<Reference_suite>(database.connection(), suite));
+    std::ios::sync_with_stdio(false);
+    std::cin.tie(nullptr);
+    serve_json_rpc(std::cin, std::cout, object_factory(module));
+}
+
+}  // namespace
+
+void add_rpc(CLI::App& program) {
+    auto options = std::make_shared<Rpc_options>();
+    CLI::App* command = program.add_subcommand("rpc", "Drive the component by JSON-RPC on standard input and output");
+    command->add_option("--user", options->user, "User that the audit columns carry")->type_name("NAME")->capture_default_str();
+    command->add_option("--server-date", options->server_date, "Fix the server's date: 2024-03-15 or 2024-03-15T10:20:30")
+        ->type_name("ISO")
+        ->check(date_problem);
+    options->database.add_to(*command);
+    command->callback([options] { serve(*options); });
+}
+
+}  // namespace cuvexa::cli
