@@ -115,11 +115,14 @@ public:
     bool Locked() const { return locked_; }
     void Locked(bool value);
 
+    /// The validation query; "?" stands for the key. Without one every key is accepted.
+    const std::string& sql() const { return sql_; }
+    void sql(const std::string& value);
+
     std::string idconsulta;             ///< catalogue of the list
-    std::string sql;                    ///< validation query; "?" stands for the key; its first column is the description
-    std::string sql_columna;            ///< name of that column
+    std::string sql_columna;            ///< column of the validation query that holds the description
     std::string sql_control_resultado;  ///< control that shows the description (letter case does not matter)
-    std::string formato;                ///< input format: a run of zeros fills a number up to that length
+    std::string formato;                ///< input format: "0000" fills a number with zeros, ">" first makes capitals
     std::string font;                   ///< font by name; empty: that of the form
     bool esclave = false;               ///< only keys of the catalogue are accepted
     bool mayusculas = false;            ///< letters become capitals
@@ -150,6 +153,7 @@ private:
     std::optional<std::string> description_of(const std::string& key);
     void show_description(const std::string& description);
 
+    std::string sql_;
     std::string shown_;
     bool locked_ = false;
     bool accepted_ = true;

@@ -52,6 +52,11 @@ void LookupTextBox::Locked(bool value) {
     changed();
 }
 
+void LookupTextBox::sql(const std::string& value) {
+    sql_ = value;
+    changed();
+}
+
 void LookupTextBox::Text(const std::string& value) {
     shown_ = value;
     accepted_ = true;
@@ -62,7 +67,7 @@ void LookupTextBox::Text(const std::string& value) {
 
 void LookupTextBox::type(const std::string& text) {
     if (!takes_focus()) return;
-    const std::string value = mayusculas ? capitals(text) : text;
+    const std::string value = mayusculas || formato.starts_with('>') ? capitals(text) : text;
     if (value == shown_) return;
     shown_ = value;
     accepted_ = false;
@@ -80,7 +85,7 @@ bool LookupTextBox::commit() {
 
 bool LookupTextBox::validate() {
     typed_ = false;
-    if (shown_.empty() || sql.empty()) {
+    if (shown_.empty() || sql_.empty()) {
         accepted_ = true;
         refused_ = false;
     } else {
@@ -96,7 +101,7 @@ bool LookupTextBox::validate() {
 
 std::optional<std::string> LookupTextBox::description_of(const std::string& key) {
     auto& statement = form_.module().statement();
-    statement = with_key(sql, key);
+    statement = with_key(sql_, key);
     Rows rows(form_.module().session().GetConnection().execute(statement));
     if (rows.eof()) return std::nullopt;
     return rows.text(sql_columna);

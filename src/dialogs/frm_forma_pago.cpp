@@ -43,7 +43,7 @@ frmFormaPago::frmFormaPago(Module& module)
       lbInfo(*this, "lbInfo", "", "Banco: {SHIFT} + {F2} para ver la lista completa de bancos") {
     buttons_.caption = Caption();
     txtBanco.idconsulta = "BANCO";
-    txtBanco.sql = "SELECT Bn_Descripcion FROM Banco WHERE Bn_Cve_Banco = '?' AND Es_Cve_Estado <> 'BA'";
+    txtBanco.sql("SELECT Bn_Descripcion FROM Banco WHERE Bn_Cve_Banco = '?' AND Es_Cve_Estado <> 'BA'");
     txtBanco.sql_columna = "Bn_Descripcion";
     txtBanco.sql_control_resultado = "txtNBanco";
     txtBanco.GotFocus = [this] { txtBanco_GotFocus(); };
@@ -55,8 +55,7 @@ frmFormaPago::frmFormaPago(Module& module)
     txtDocumento.Locked(true);
     txtFormaPago.Locked(true);
     txtFormaPago.idconsulta = "FORMA_PAGO";
-    txtFormaPago.sql =
-        "SELECT Fp_Descripcion FROM Forma_Pago WHERE Fp_Cve_Forma_Pago = '?' AND Es_Cve_Estado <> 'BA'";
+    txtFormaPago.sql("SELECT Fp_Descripcion FROM Forma_Pago WHERE Fp_Cve_Forma_Pago = '?' AND Es_Cve_Estado <> 'BA'");
     txtFormaPago.sql_columna = "Fp_Descripcion";
     txtFormaPago.sql_control_resultado = "txtNFormaPago";
     txtnFormaPago.Locked(true);

@@ -46,6 +46,7 @@ std::string capitals(std::string_view text) {
 }
 
 std::string formatted(std::string_view key, std::string_view format) {
+    if (format.starts_with('>')) return capitals(key);
     const bool zeros = !format.empty() && format.find_first_not_of('0') == std::string_view::npos;
     if (!zeros || !all_of_digits(key) || key.size() >= format.size()) return std::string(key);
     return std::string(format.size() - key.size(), '0').append(key);
