@@ -31,9 +31,12 @@ const Member& find(const Automation_class& type, const std::string& sought, Memb
     const std::string name = std::string(type.name) + "." + sought;
     if (!known) throw Invoke_error(Kind::unknown_member, "no member " + name);
     switch (kind) {
-        case Member_kind::method: throw Invoke_error(Kind::wrong_kind, name + " is a property, not a method");
-        case Member_kind::property_get: throw Invoke_error(Kind::wrong_kind, name + " is a method, not a property");
-        case Member_kind::property_let: break;
+        case Member_kind::method:
+            throw Invoke_error(Kind::wrong_kind, name + " is a property, not a method");
+        case Member_kind::property_get:
+            throw Invoke_error(Kind::wrong_kind, name + " is a method, not a property");
+        case Member_kind::property_let:
+            break;
     }
     throw Invoke_error(Kind::wrong_kind, name + " cannot be assigned");
 }
@@ -52,11 +55,16 @@ std::optional<double> number(const Variant& value) {
 
 std::optional<Variant> converted_number(double value, Type type) {
     switch (type) {
-        case Type::boolean: return value != 0;
-        case Type::integer16: return to_integer(value);
-        case Type::real: return value;
-        case Type::date: return Date{value};
-        default: return std::nullopt;
+        case Type::boolean:
+            return value != 0;
+        case Type::integer16:
+            return to_integer(value);
+        case Type::real:
+            return value;
+        case Type::date:
+            return Date{value};
+        default:
+            return std::nullopt;
     }
 }
 
@@ -81,14 +89,22 @@ std::optional<Variant> converted(const Variant& value, const Value_type& type) {
 
 std::string description(const Value_type& type) {
     switch (type.type) {
-        case Type::none: return "nothing";
-        case Type::boolean: return "a Boolean";
-        case Type::integer16: return "a 16-bit whole number";
-        case Type::real: return "a number";
-        case Type::text: return "a text";
-        case Type::date: return "a date";
-        case Type::record: return "a record " + std::string(type.record->name);
-        case Type::object: return "an object " + std::string(type.class_name);
+        case Type::none:
+            return "nothing";
+        case Type::boolean:
+            return "a Boolean";
+        case Type::integer16:
+            return "a 16-bit whole number";
+        case Type::real:
+            return "a number";
+        case Type::text:
+            return "a text";
+        case Type::date:
+            return "a date";
+        case Type::record:
+            return "a record " + std::string(type.record->name);
+        case Type::object:
+            return "an object " + std::string(type.class_name);
     }
     return {};
 }
@@ -127,8 +143,9 @@ std::size_t find_parameter(const Member& member, std::string_view name) {
 
 Variant Invoke(Automation_object& object, const Member& member, std::vector<Variant>& arguments) {
     if (arguments.size() > member.parameters.size()) {
-        fail(Kind::wrong_count, member, std::to_string(arguments.size()) + " arguments where at most " +
-                                            std::to_string(member.parameters.size()) + " are taken");
+        fail(Kind::wrong_count, member,
+             std::to_string(arguments.size()) + " arguments where at most " + std::to_string(member.parameters.size()) +
+                 " are taken");
     }
     std::vector<Variant> exact;
     exact.reserve(member.parameters.size());

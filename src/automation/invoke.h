@@ -1,4 +1,5 @@
-// Dynamic invocation: any member of any object by name or identifier, with arguments that convert as automation converts.
+// Dynamic invocation: any member of any object by name or identifier, with arguments that convert as automation
+// converts.
 #pragma once
 
 #include <cstdint>
@@ -40,8 +41,8 @@ const Member& find_member(const Automation_class& type, std::int32_t identifier,
 /// The place of a parameter by name, without regard to case. Throws `Invoke_error`.
 std::size_t find_parameter(const Member& member, std::string_view name);
 
-/// Runs a member. Optional arguments may be missing or fewer; by-reference arguments that were given are left as they are
-/// after the call. Throws `Invoke_error` when the arguments do not fit, `Automation_error` for a run-time error; a
+/// Runs a member. Optional arguments may be missing or fewer; by-reference arguments that were given are left as they
+/// are after the call. Throws `Invoke_error` when the arguments do not fit, `Automation_error` for a run-time error; a
 /// failure of another kind becomes one with number 440.
 Variant Invoke(Automation_object& object, const Member& member, std::vector<Variant>& arguments);
 Variant Invoke(Automation_object& object, std::string_view name, Member_kind kind, std::vector<Variant>& arguments);

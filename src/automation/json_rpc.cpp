@@ -33,7 +33,9 @@ struct Rpc_error {
     Json_out data = nullptr;
 };
 
-[[noreturn]] void refuse(const std::string& message) { throw Rpc_error{invalid_params, message}; }
+[[noreturn]] void refuse(const std::string& message) {
+    throw Rpc_error{invalid_params, message};
+}
 
 Rpc_error failure(int number, const std::string& description) {
     return {run_time_error, description, {{"number", number}, {"description", description}}};
@@ -51,7 +53,9 @@ Json_out answer_error(const Rpc_error& error, Json_out id) {
     return answer_with("error", std::move(content), std::move(id));
 }
 
-bool is_id(const Json_in& json) { return json.is_string() || json.is_number() || json.is_null(); }
+bool is_id(const Json_in& json) {
+    return json.is_string() || json.is_number() || json.is_null();
+}
 
 bool is_request(const Json_in& json) {
     if (!json.is_object()) return false;
@@ -96,7 +100,8 @@ private:
 
 class Session {
 public:
-    Session(const Object_factory& create, const Around_call& around_call) : create_(create), around_call_(around_call) {}
+    Session(const Object_factory& create, const Around_call& around_call)
+        : create_(create), around_call_(around_call) {}
 
     /// The answer to one line; nothing when it holds only notifications.
     std::optional<Json_out> answer_line(const std::string& line);
@@ -155,8 +160,7 @@ std::optional<Json_out> Session::answer(const Json_in& request) {
     if (!is_request(request)) return answer_error({invalid_request, "not a JSON-RPC 2.0 request"}, id);
     try {
         const auto params = request.find("params");
-        Json_out result =
-            translated(request["method"], params == request.end() ? Json_in(Json_in::object()) : *params);
+        Json_out result = translated(request["method"], params == request.end() ? Json_in(Json_in::object()) : *params);
         return asks ? std::optional(answer_with("result", std::move(result), id)) : std::nullopt;
     } catch (const Rpc_error& error) {
         return asks ? std::optional(answer_error(error, id)) : std::nullopt;
@@ -302,7 +306,9 @@ std::int64_t Session::hold(const Object& object) {
     return last_number_;
 }
 
-bool is_blank(const std::string& line) { return line.find_first_not_of(" \t\r") == std::string::npos; }
+bool is_blank(const std::string& line) {
+    return line.find_first_not_of(" \t\r") == std::string::npos;
+}
 
 }  // namespace
 

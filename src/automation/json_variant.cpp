@@ -95,15 +95,21 @@ Json_out written(const Record_place& record) {
 
 }  // namespace
 
-Variant from_json(const Json_in& json, const Value_type& type, const std::string& place, const Object_of_number& object) {
+Variant from_json(const Json_in& json, const Value_type& type, const std::string& place,
+                  const Object_of_number& object) {
     if (json.is_null()) return {};
     switch (type.type) {
-        case Type::none: break;
-        case Type::boolean: return variant_of<bool>(json, place);
+        case Type::none:
+            break;
+        case Type::boolean:
+            return variant_of<bool>(json, place);
         case Type::integer16:
-        case Type::real: return variant_of<double>(json, place);
-        case Type::text: return variant_of<std::string>(json, place);
-        case Type::date: return variant_of<Date>(json, place);
+        case Type::real:
+            return variant_of<double>(json, place);
+        case Type::text:
+            return variant_of<std::string>(json, place);
+        case Type::date:
+            return variant_of<Date>(json, place);
         case Type::record: {
             Record record = type.record->create();
             read(json, place_of(record), place);

@@ -26,7 +26,8 @@ using Object_of_number = std::function<Object(const Json_in& number)>;
 using Number_of_object = std::function<std::int64_t(const Object& object)>;
 
 /// The value of a parameter; null is missing. `place` names it in the text of the `Json_value_error` that is thrown.
-Variant from_json(const Json_in& json, const Value_type& type, const std::string& place, const Object_of_number& object);
+Variant from_json(const Json_in& json, const Value_type& type, const std::string& place,
+                  const Object_of_number& object);
 
 Json_out to_json(const Variant& value, const Number_of_object& number);
 

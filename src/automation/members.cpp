@@ -54,14 +54,22 @@ C& instance_of(Automation_object& object) {
 
 Variant empty_value(const Value_type& type) {
     switch (type.type) {
-        case Type::none: return {};
-        case Type::boolean: return false;
-        case Type::integer16: return std::int16_t{0};
-        case Type::real: return 0.0;
-        case Type::text: return std::string();
-        case Type::date: return Date{};
-        case Type::record: return type.record->create();
-        case Type::object: return Object();
+        case Type::none:
+            return {};
+        case Type::boolean:
+            return false;
+        case Type::integer16:
+            return std::int16_t{0};
+        case Type::real:
+            return 0.0;
+        case Type::text:
+            return std::string();
+        case Type::date:
+            return Date{};
+        case Type::record:
+            return type.record->create();
+        case Type::object:
+            return Object();
     }
     return {};
 }
@@ -74,10 +82,18 @@ struct Named_parameter {
     bool optional;
 };
 
-constexpr Named_parameter ref(std::string_view name) { return {name, true, false}; }
-constexpr Named_parameter val(std::string_view name) { return {name, false, false}; }
-constexpr Named_parameter opt_ref(std::string_view name) { return {name, true, true}; }
-constexpr Named_parameter opt_val(std::string_view name) { return {name, false, true}; }
+constexpr Named_parameter ref(std::string_view name) {
+    return {name, true, false};
+}
+constexpr Named_parameter val(std::string_view name) {
+    return {name, false, false};
+}
+constexpr Named_parameter opt_ref(std::string_view name) {
+    return {name, true, true};
+}
+constexpr Named_parameter opt_val(std::string_view name) {
+    return {name, false, true};
+}
 
 template <class T>
 Parameter parameter(const Named_parameter& named) {
@@ -88,8 +104,11 @@ Parameter parameter(const Named_parameter& named) {
 // ---- The rows; types and binding come from the C++ member ----------------------------------------------------------
 
 template <class C, class R, class... A, std::size_t... at>
-Variant run(R (C::*function)(A...), Automation_object& object, std::span<Variant> arguments, std::index_sequence<at...>) {
-    auto call = [&]() -> R { return (instance_of<C>(object).*function)(Native<std::decay_t<A>>::from(arguments[at])...); };
+Variant run(R (C::*function)(A...), Automation_object& object, std::span<Variant> arguments,
+            std::index_sequence<at...>) {
+    auto call = [&]() -> R {
+        return (instance_of<C>(object).*function)(Native<std::decay_t<A>>::from(arguments[at])...);
+    };
     if constexpr (std::is_void_v<R>) {
         call();
         return {};
@@ -147,8 +166,7 @@ Member let(std::string_view name, std::int32_t identifier, void (C::*function)(A
 }
 
 template <class C, class V>
-    requires std::is_object_v<V>
-Member get(std::string_view name, std::int32_t identifier, V C::*field) {
+requires std::is_object_v<V> Member get(std::string_view name, std::int32_t identifier, V C::*field) {
     return {.name = name,
             .identifier = identifier,
             .kind = Member_kind::property_get,
@@ -160,8 +178,8 @@ Member get(std::string_view name, std::int32_t identifier, V C::*field) {
 }
 
 template <class C, class V>
-    requires std::is_object_v<V>
-Member let(std::string_view name, std::int32_t identifier, V C::*field, Named_parameter value = ref("value")) {
+requires std::is_object_v<V> Member let(std::string_view name, std::int32_t identifier, V C::*field,
+                                        Named_parameter value = ref("value")) {
     return {.name = name,
             .identifier = identifier,
             .kind = Member_kind::property_let,
@@ -246,7 +264,8 @@ std::vector<Member> members_of_tesoreria() {
         method("Add_Solicitud_Cheque_Detalle", 0x60030032, &T::Add_Solicitud_Cheque_Detalle),
         method("Autorizar_Solicitud_Cheque", 0x6003003A, &T::Autorizar_Solicitud_Cheque, {ref("Folio")}),
         method("Cancelar_Solicitud_Cheque", 0x6003003B, &T::Cancelar_Solicitud_Cheque, {ref("Folio")}),
-        method("Afectar_Cheque_Presupuesto", 0x6003004C, &T::Afectar_Cheque_Presupuesto, {ref("Ch_Folio"), ref("Tipo")}),
+        method("Afectar_Cheque_Presupuesto", 0x6003004C, &T::Afectar_Cheque_Presupuesto,
+               {ref("Ch_Folio"), ref("Tipo")}),
         helped(method("PedirDatosFormaPago", 0x60030059, &T::PedirDatosFormaPago,
                       {ref("FormaPago"), opt_ref("Dcb_Tabla"), opt_ref("Dcb_Documento"), opt_ref("Banco"),
                        opt_ref("Referencia"), opt_ref("Cuenta"), opt_ref("nBanco"), opt_ref("bSugerirCuenta")}),
@@ -259,12 +278,18 @@ std::vector<Member> members_of_tesoreria() {
 std::vector<Member> members_of_receipt_line_extras() {
     using D = clsRpDetalle;
     return {
-        let("Rp_Cve_Banco", 0x68030000, &D::Rp_Cve_Banco),       get("Rp_Cve_Banco", 0x68030000, &D::Rp_Cve_Banco),
-        let("Rp_Vendedor", 0x68030005, &D::Rp_Vendedor),         get("Rp_Vendedor", 0x68030005, &D::Rp_Vendedor),
-        let("Rp_Comisionista", 0x68030004, &D::Rp_Comisionista), get("Rp_Comisionista", 0x68030004, &D::Rp_Comisionista),
-        let("Rp_Promotor", 0x68030003, &D::Rp_Promotor),         get("Rp_Promotor", 0x68030003, &D::Rp_Promotor),
-        let("Rp_Chofer", 0x68030002, &D::Rp_Chofer),             get("Rp_Chofer", 0x68030002, &D::Rp_Chofer),
-        let("Rp_Cobratario", 0x68030001, &D::Rp_Cobratario),     get("Rp_Cobratario", 0x68030001, &D::Rp_Cobratario),
+        let("Rp_Cve_Banco", 0x68030000, &D::Rp_Cve_Banco),
+        get("Rp_Cve_Banco", 0x68030000, &D::Rp_Cve_Banco),
+        let("Rp_Vendedor", 0x68030005, &D::Rp_Vendedor),
+        get("Rp_Vendedor", 0x68030005, &D::Rp_Vendedor),
+        let("Rp_Comisionista", 0x68030004, &D::Rp_Comisionista),
+        get("Rp_Comisionista", 0x68030004, &D::Rp_Comisionista),
+        let("Rp_Promotor", 0x68030003, &D::Rp_Promotor),
+        get("Rp_Promotor", 0x68030003, &D::Rp_Promotor),
+        let("Rp_Chofer", 0x68030002, &D::Rp_Chofer),
+        get("Rp_Chofer", 0x68030002, &D::Rp_Chofer),
+        let("Rp_Cobratario", 0x68030001, &D::Rp_Cobratario),
+        get("Rp_Cobratario", 0x68030001, &D::Rp_Cobratario),
     };
 }
 

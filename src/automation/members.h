@@ -34,8 +34,8 @@ struct Member {
     Value_type result;
     std::string_view help = {};
 
-    /// Runs the member. There are as many arguments as parameters; by-reference ones are left as they are afterwards, in
-    /// the parameter's exact type. `Invoke` is the way to it.
+    /// Runs the member. There are as many arguments as parameters; by-reference ones are left as they are afterwards,
+    /// in the parameter's exact type. `Invoke` is the way to it.
     std::function<Variant(Automation_object&, std::span<Variant>)> run;
 };
 

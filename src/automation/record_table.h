@@ -57,7 +57,9 @@ struct Record_type {
 extern const Record_type record_types[std::variant_size_v<Record>];
 
 /// The published type of a record, and where it stands.
-inline const Record_type& type_of(const Record& record) { return record_types[record.index()]; }
+inline const Record_type& type_of(const Record& record) {
+    return record_types[record.index()];
+}
 Record_place place_of(Record& record);
 
 /// The published type of a C++ struct.
@@ -86,8 +88,7 @@ struct Index<R, std::variant<Rs...>> {
 }  // namespace record_table_detail
 
 template <class R>
-    requires(record_table_detail::Index<R, Record>::value < std::variant_size_v<Record>)
-constexpr bool is_record<R> = true;
+requires(record_table_detail::Index<R, Record>::value < std::variant_size_v<Record>) constexpr bool is_record<R> = true;
 
 template <class R>
 constexpr const Record_type& record_type() {

@@ -19,6 +19,8 @@ using Missing = std::monostate;
 
 using Variant = std::variant<Missing, bool, std::int16_t, std::int32_t, double, std::string, Date, Record, Object>;
 
-inline bool is_missing(const Variant& value) noexcept { return std::holds_alternative<Missing>(value); }
+inline bool is_missing(const Variant& value) noexcept {
+    return std::holds_alternative<Missing>(value);
+}
 
 }  // namespace cuvexa
