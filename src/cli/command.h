@@ -66,5 +66,6 @@ void add_rpc(CLI::App& program);
 void add_show(CLI::App& program);
 void add_parameter(CLI::App& program);
 void add_suite(CLI::App& program);
+void add_audit(CLI::App& program);
 
 }  // namespace cuvexa::cli

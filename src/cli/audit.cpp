@@ -1,0 +1,68 @@
+// cuvexa audit: what does not add up in a database.
+#include <unistd.h>
+
+#include <iostream>
+#include <memory>
+#include <nlohmann/json.hpp>
+
+#include "cli/command.h"
+#include "suite/audit.h"
+
+namespace cuvexa::cli {
+
+namespace {
+
+struct Audit_options {
+    Database_options database;
+    bool json = false;
+};
+
+void print_findings(const std::vector<Finding>& findings) {
+    std::string_view check;
+    for (const Finding& finding : findings) {
+        if (finding.check != check) std::cout << finding.check << '\n';
+        check = finding.check;
+        std::cout << "  " << finding.document << ": " << finding.figures << '\n' << "    " << finding.remedy << '\n';
+    }
+}
+
+void print_findings_json(const std::vector<Finding>& findings) {
+    auto array = nlohmann::ordered_json::array();
+    for (const Finding& finding : findings) {
+        array.push_back({{"check", finding.check},
+                         {"document", finding.document},
+                         {"figures", finding.figures},
+                         {"remedy", finding.remedy}});
+    }
+    std::cout << array.dump(2) << '\n';
+}
+
+/// One line that tells a person which rule is at work, wiped before the result.
+void show_progress(const std::string& check) { std::cerr << "\r\033[K" << check << std::flush; }
+
+void run_audit(const Audit_options& options) {
+    Database database(options.database, Access::read);
+    const bool watched = isatty(STDERR_FILENO) != 0;
+    const auto findings = audit(database.connection(), watched ? show_progress : std::function<void(const std::string&)>());
+    if (watched) std::cerr << "\r\033[K";
+
+    if (options.json) {
+        print_findings_json(findings);
+    } else {
+        print_findings(findings);
+        if (findings.empty()) std::cout << "Todo cuadra: " << audit_checks().size() << " revisiones sin diferencias\n";
+    }
+    if (!findings.empty()) throw Refused("Diferencias encontradas: " + std::to_string(findings.size()));
+}
+
+}  // namespace
+
+void add_audit(CLI::App& program) {
+    auto options = std::make_shared<Audit_options>();
+    CLI::App* command = program.add_subcommand("audit", "List what does not add up; exit code 1 when anything does not");
+    command->add_flag("--json", options->json, "An array of objects, for programs");
+    options->database.add_to(*command);
+    command->callback([options] { run_audit(*options); });
+}
+
+}  // namespace cuvexa::cli
