@@ -705,6 +705,7 @@ CREATE TABLE Pago_Cxp (
     Pc_Referencia varchar(400) DEFAULT '',
     Pc_Concepto varchar(8000) DEFAULT '',
     Fp_Cve_Forma_Pago varchar(60) DEFAULT '',
+    Pc_Afecta_Saldo varchar(10) DEFAULT 'SI',
     Ch_Cheque varchar(400) DEFAULT '',
     Bn_Cve_Banco varchar(60) DEFAULT '',
     Bn_Descripcion varchar(400) DEFAULT '',

@@ -68,6 +68,9 @@ public:
     std::unique_ptr<AccountsReceivableService> new_accounts_receivable() override;
     std::unique_ptr<AccountingService> new_accounting() override;
 
+    /// For the suite's own files.
+    Suite_context& context() { return *context_; }
+
 private:
     std::shared_ptr<Suite_context> context_;
 };

@@ -1,0 +1,64 @@
+// Vouchers of the documents that are posted automatically.
+#pragma once
+
+#include <vector>
+
+#include "suite/context.h"
+
+namespace cuvexa {
+
+/// One side of a voucher's line, in local currency; negative amounts stand on the other side.
+struct Entry {
+    std::string debit_account, credit_account;
+    double amount = 0;
+    std::string text;
+};
+
+/// What a document says in accounting.
+struct Voucher {
+    std::string company;
+    Date date;
+    std::string text;
+    std::vector<Entry> entries;
+};
+
+/// Posts RECIBO_PAGO, BANCO_MOVIMIENTO, DEPOSITO_PAGO and CHEQUE. The debits of a live voucher equal its credits, to the
+/// cent, and a document has at most one live voucher.
+class Reference_accounting : public AccountingService {
+public:
+    explicit Reference_accounting(std::shared_ptr<Suite_context> context) : context_(std::move(context)) {}
+
+    bool IsPostingEnabled(const std::string& document_code) override;
+
+    /// A document that is posted already keeps its voucher while the amounts are the same; otherwise the old voucher is
+    /// cancelled and another one written. Refuses an unknown document or code, a missing ledger account, a closed voucher
+    /// with other amounts, and a date in a closed period of CONTABILIDAD.
+    bool PostDocument(const std::string& document_code, const std::string& folio, const std::string& company) override;
+
+    /// Cancels the document's open voucher and answers True, also when there is none. Refuses when the voucher is closed or
+    /// its date lies in a closed period of CONTABILIDAD.
+    bool ValidateVoucherCancellation(const std::string& document_code, const std::string& folio) override;
+
+    std::string LastError() override { return last_error_; }
+
+private:
+    Voucher voucher_of(const std::string& document_code, const std::string& folio);
+    Voucher of_receipt(const std::string& folio);
+    Voucher of_movement(const std::string& folio);
+    Voucher of_deposit(const std::string& folio);
+    Voucher of_check(const std::string& folio);
+
+    /// Local amount: the local currency has rate 1 whatever the document says.
+    double local_amount(double amount, const std::string& currency, double exchange_rate);
+    /// The catalog's account, or the one configured for the document code.
+    std::string account_or(const std::string& account, std::string_view configured_column, std::string_view code);
+
+    bool keeps_voucher(const std::string& document_code, const std::string& folio, const Voucher& voucher);
+    void cancel_voucher(const std::string& voucher_folio, Date date, const std::string& state, const std::string& document);
+    void write(const std::string& document_code, const std::string& folio, const Voucher& voucher);
+
+    std::shared_ptr<Suite_context> context_;
+    std::string last_error_;
+};
+
+}  // namespace cuvexa
