@@ -196,6 +196,7 @@ public:
 
     std::unique_ptr<Recordset> execute(std::string_view text) {
         tokenize(text, tokens_);
+        if (tokens_.empty()) throw Database_error("La instrucción está vacía");
         read_shape(text);
         Kept_statement* kept = find(text);
         Kept_statement passing;

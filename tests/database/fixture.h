@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -34,6 +35,18 @@ inline std::string failure(Connection& connection, std::string_view text) {
         return error.what();
     }
     return {};
+}
+
+/// The steps by which the engine would run a statement.
+inline std::vector<std::string> plan(const Sqlite_connection& connection, std::string_view text) {
+    std::vector<std::string> steps;
+    const auto add = [](void* steps, int, char** values, char**) {
+        static_cast<std::vector<std::string>*>(steps)->emplace_back(values[3]);
+        return 0;
+    };
+    const std::string explained = "EXPLAIN QUERY PLAN " + connection.translate(text);
+    EXPECT_EQ(sqlite3_exec(connection.handle(), explained.c_str(), add, &steps, nullptr), SQLITE_OK) << explained;
+    return steps;
 }
 
 /// A database file that goes with the test.

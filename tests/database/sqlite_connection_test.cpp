@@ -240,6 +240,11 @@ TEST_F(Sqlite, a_refused_text_never_reaches_the_engine) {
     EXPECT_EQ(db.translations(), before);
 }
 
+TEST_F(Sqlite, an_empty_statement_is_refused) {
+    EXPECT_EQ(failure(db, ""), "La instrucción está vacía");
+    EXPECT_EQ(failure(db, " \r\n;"), "La instrucción está vacía");
+}
+
 TEST_F(Sqlite, a_closed_connection_says_so) {
     db.close();
     EXPECT_EQ(failure(db, "SELECT 1"), "La conexión está cerrada");
