@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include <fstream>
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <streambuf>
@@ -299,8 +300,7 @@ TEST_F(Json_rpc, an_object_result_gets_a_number_once) {
 // ---- Values --------------------------------------------------------------------------------------------------------
 
 TEST_F(Json_rpc, numbers_travel_without_loss) {
-    for (const char* number :
-         {"0.1", "-1234567.89", "1e+300", "5e-324", "123456789012345.6", "17.123456789012344"}) {
+    for (const char* number : {"0.1", "-1234567.89", "1e+300", "5e-324", "123456789012345.6", "17.123456789012344"}) {
         const auto all =
             answers(with_objects + with_made_up +
                     R"({"jsonrpc":"2.0","id":3,"method":"call","params":{"object":3,"member":"Same","args":[)" +
@@ -534,6 +534,20 @@ TEST_F(Json_rpc, a_failure_of_what_stands_around_is_a_run_time_error) {
     around_call = [](std::string_view, const std::function<bool()>&) { throw Database_error("disco lleno"); };
     EXPECT_EQ(error("call", R"({"object":1,"member":"Nuevo"})")["data"],
               Json::parse(R"({"number":440,"description":"disco lleno"})"));
+}
+
+// ---- The manual ----------------------------------------------------------------------------------------------------
+
+TEST_F(Json_rpc, the_conversation_of_the_manual_is_the_real_one) {
+    std::ifstream manual(CUVEXA_SOURCE_DIR "/docs/json-rpc.md");
+    std::string requests;
+    std::vector<std::string> expected;
+    for (std::string line; std::getline(manual, line);) {
+        if (line.starts_with("→ ")) requests += line.substr(std::string("→ ").size()) + "\n";
+        if (line.starts_with("← ")) expected.push_back(line.substr(std::string("← ").size()));
+    }
+    EXPECT_GE(expected.size(), 10u);
+    EXPECT_EQ(answers(requests), expected);
 }
 
 }  // namespace
