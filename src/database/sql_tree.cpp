@@ -102,7 +102,8 @@ Node made(Node::Kind kind, Nodes children) {
 }  // namespace
 
 bool Node::is_any_word(std::initializer_list<std::string_view> words) const noexcept {
-    return std::any_of(words.begin(), words.end(), [&](std::string_view word) { return is_word(word); });
+    if (kind != Kind::token || token != Token_kind::word) return false;
+    return std::any_of(words.begin(), words.end(), [&](std::string_view word) { return same_text(text, word); });
 }
 
 Node word(std::string_view text) { return made(Token_kind::word, text); }

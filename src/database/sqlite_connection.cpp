@@ -24,6 +24,9 @@ namespace {
 
 // A shape longer than this is run and forgotten, so that what is kept stays small whatever the texts.
 constexpr std::size_t longest_kept_shape = 16 * 1024;
+// The engine compares the parameters of a statement in pairs; a long list costs less with its literals in place.
+constexpr std::size_t most_parameters = 250;
+
 constexpr std::size_t largest_idle_buffer = 256 * 1024;
 
 struct Statement_closer {
@@ -249,8 +252,7 @@ private:
         const Translation translation = cuvexa::translate(text, tokens_, sqlite_dialect());
         Kept_statement result;
         result.shape = shape_;
-        const auto limit = static_cast<std::size_t>(sqlite3_limit(database_.get(), SQLITE_LIMIT_VARIABLE_NUMBER, -1));
-        if (translation.takes_parameters() && literals_.size() <= limit)
+        if (translation.takes_parameters() && literals_.size() <= most_parameters)
             result.statement = try_prepare(translation.with_parameters());
         if (result.statement) {
             for (const std::size_t literal : translation.pinned())

@@ -126,7 +126,7 @@ TEST_F(Sqlite, a_text_of_ten_megabytes_goes_in_and_comes_out) {
     EXPECT_NE(failure(db, "SELECT " + large), "");
 }
 
-TEST_F(Sqlite, more_literals_than_the_engine_has_parameters_are_taken) {
+TEST_F(Sqlite, a_list_of_many_literals_is_taken) {
     std::string list = "-1";
     for (int i = 0; i < 40'000; ++i) list += "," + std::to_string(i);
     db.execute("INSERT INTO T(Id) VALUES (39999)");
