@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <stdexcept>
 
+#include "cuvexa/unit_of_work.h"
 #include "database/script.h"
 #include "suite/schema.h"
 
@@ -40,7 +41,7 @@ Scratch_folder::~Scratch_folder() {
 
 void write_database(const std::filesystem::path& file, std::int64_t receipts) {
     Sqlite_connection database(file.string(), {.synchronous = Synchronous::off, .create = true});
-    Transaction transaction(database);
+    Unit_of_work transaction(database);
     run_script(database, schema_sql());
     run_script(database, sample_company_sql());
     run_bare(database.handle(),

@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "cuvexa/errors.h"
+#include "cuvexa/unit_of_work.h"
 #include "database/script.h"
 #include "suite/administration.h"
 #include "suite/schema.h"
@@ -112,7 +113,8 @@ Database::Database(const Database_options& options, Access access)
     }
 }
 
-Database::Database(const std::string& file, const Sqlite_options& engine, const std::string& trace) : engine_(file, engine) {
+Database::Database(const std::string& file, const Sqlite_options& engine, const std::string& trace)
+    : engine_(file, engine) {
     if (trace.empty()) return;
     refuse_trace_over(trace, file);
     trace_file_.open(trace, std::ios::app);
@@ -124,7 +126,7 @@ std::unique_ptr<Database> Database::filled(const std::string& file, const Databa
     Sqlite_options engine = engine_options(options, Access::write);
     engine.create = true;
     std::unique_ptr<Database> database(new Database(file, engine, options.trace));
-    Transaction whole(database->connection());
+    Unit_of_work whole(database->connection());
     run_script(database->connection(), schema_sql());
     if (sample) run_script(database->connection(), sample_company_sql());
     whole.commit();

@@ -5,6 +5,7 @@
 #include "automation/json_rpc.h"
 #include "cli/command.h"
 #include "cuvexa/module.h"
+#include "cuvexa/unit_of_work.h"
 #include "suite/reference_suite.h"
 
 namespace cuvexa::cli {
@@ -15,6 +16,7 @@ struct Rpc_options {
     Database_options database;
     std::string user = Suite_options{}.user;
     std::string server_date;
+    bool atomic = false;
 };
 
 std::string date_problem(const std::string& text) {
@@ -29,7 +31,10 @@ void serve(const Rpc_options& options) {
     Module module(std::make_shared<Reference_suite>(database.connection(), suite));
     std::ios::sync_with_stdio(false);
     std::cin.tie(nullptr);
-    serve_json_rpc(std::cin, std::cout, object_factory(module));
+    const Around_call as_a_whole = [&](std::string_view, const std::function<bool()>& call) {
+        unit_of_work(database.connection(), call);
+    };
+    serve_json_rpc(std::cin, std::cout, object_factory(module), options.atomic ? as_a_whole : Around_call());
 }
 
 }  // namespace
@@ -37,10 +42,14 @@ void serve(const Rpc_options& options) {
 void add_rpc(CLI::App& program) {
     auto options = std::make_shared<Rpc_options>();
     CLI::App* command = program.add_subcommand("rpc", "Drive the component by JSON-RPC on standard input and output");
-    command->add_option("--user", options->user, "User that the audit columns carry")->type_name("NAME")->capture_default_str();
-    command->add_option("--server-date", options->server_date, "Fix the server's date: 2024-03-15 or 2024-03-15T10:20:30")
+    command->add_option("--user", options->user, "User that the audit columns carry")
+        ->type_name("NAME")
+        ->capture_default_str();
+    command
+        ->add_option("--server-date", options->server_date, "Fix the server's date: 2024-03-15 or 2024-03-15T10:20:30")
         ->type_name("ISO")
         ->check(date_problem);
+    command->add_flag("--atomic", options->atomic, "Run each call in a transaction, undone when it gives False");
     options->database.add_to(*command);
     command->callback([options] { serve(*options); });
 }

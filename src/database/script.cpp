@@ -3,7 +3,6 @@
 #include <string>
 
 #include "core/case.h"
-#include "cuvexa/errors.h"
 
 namespace cuvexa {
 namespace {
@@ -30,7 +29,8 @@ public:
     }
 
     void run() {
-        if (!trimmed(statement_).empty()) connection_.execute(trimmed(statement_));
+        const std::string_view statement = trimmed(statement_);
+        if (!statement.empty() && statement != ";") connection_.execute(statement);
         statement_.clear();
     }
 
@@ -50,22 +50,6 @@ void run_script(Connection& connection, std::string_view script) {
         script.remove_prefix(end == std::string_view::npos ? script.size() : end + 1);
     }
     statements.run();
-}
-
-Transaction::Transaction(Connection& connection) : connection_(&connection) { connection_->execute("BEGIN TRANSACTION"); }
-
-Transaction::~Transaction() {
-    if (!open_) return;
-    try {
-        connection_->execute("ROLLBACK");
-    } catch (const Database_error&) {
-        // The engine has undone it by itself, as it does after some failures.
-    }
-}
-
-void Transaction::commit() {
-    connection_->execute("COMMIT");
-    open_ = false;
 }
 
 }  // namespace cuvexa
