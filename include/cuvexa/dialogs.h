@@ -207,23 +207,27 @@ public:
     std::function<void()> B2Click;
 };
 
-/// The suite's colours, as 0xRRGGBB: the one place that says how a form looks.
-class ColorScheme : public Control {
-public:
-    using Control::Control;
-    bool takes_focus() const override { return false; }
-
-    std::uint32_t form = 0xEEF2F6;
+/// The suite's colours, as 0xRRGGBB: the one place that says how windows look.
+struct Suite_colors {
+    std::uint32_t form = 0xF3F6F9;
     std::uint32_t text = 0x1B2733;
     std::uint32_t quiet_text = 0x52606D;
     std::uint32_t field = 0xFFFFFF;
-    std::uint32_t locked_field = 0xDFE7EF;
-    std::uint32_t disabled_text = 0x7B8794;
-    std::uint32_t border = 0x9AA5B1;
+    std::uint32_t locked_field = 0xE1E8EF;
+    std::uint32_t disabled_text = 0x6B7785;
+    std::uint32_t border = 0x8795A3;
     std::uint32_t accent = 0x0B5CAD;
     std::uint32_t accent_text = 0xFFFFFF;
     std::uint32_t refused = 0xB42318;
     std::uint32_t refused_field = 0xFDECEA;
+};
+
+/// Gives a form the suite's colours.
+class ColorScheme : public Control {
+public:
+    using Control::Control;
+    bool takes_focus() const override { return false; }
+    Suite_colors colors;
 };
 
 /// One line of a form: a label, the control that it names, and what stands beside it. Any of them may be missing.
@@ -267,10 +271,8 @@ public:
     const std::vector<Control*>& tab_order() const { return tab_order_; }
     /// The control of that name, whatever the case of its letters; null when there is none.
     Control* find(const std::string& name) const;
-    /// A hint at the foot of the form, or empty.
-    std::string hint;
 
-    ColorScheme& colors() { return colors_; }
+    const Suite_colors& colors() const { return color_scheme_.colors; }
     ButtonBar& buttons() { return buttons_; }
     Control* active() const { return active_; }
     bool accepted() const { return accepted_; }
@@ -320,7 +322,7 @@ private:
     Control* active_ = nullptr;
     bool accepted_ = false;
 
-    ColorScheme colors_;
+    ColorScheme color_scheme_;
 
 protected:
     ButtonBar buttons_;

@@ -12,7 +12,7 @@ Form::Form(Module& module, std::string name, std::string caption)
     : module_(module),
       name_(std::move(name)),
       caption_(std::move(caption)),
-      colors_(*this, "ColorScheme"),
+      color_scheme_(*this, "ColorScheme"),
       buttons_(*this, "Controles", "Aceptar", "Cancelar") {}
 
 Form::~Form() = default;
