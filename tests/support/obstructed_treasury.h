@@ -61,7 +61,7 @@ protected:
                                           " ORDER BY " + columns);
              !row->eof(); row->move_next()) {
             std::string line;
-            for (const std::string& name : names) line += (line.empty() ? "" : "|") + to_text(row->field(name));
+            for (std::size_t i = 0; i < names.size(); ++i) line += (i == 0 ? "" : "|") + to_text(row->field(names[i]));
             found.push_back(line);
         }
         return found;
