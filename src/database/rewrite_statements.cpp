@@ -17,9 +17,10 @@ void complete_words(Nodes& nodes) {
     if (nodes[0].is_word("DELETE") && !nodes[1].is_word("FROM")) insert_at(nodes, 1, word("FROM"));
 }
 
-// INSERT INTO T (…) (SELECT …)
+// INSERT INTO T (…) (SELECT …); a SELECT without parentheses may end in a sub-select of its own.
 void open_select(Nodes& nodes) {
     Node& last = nodes.back();
+    if (find_word(nodes, {"SELECT"}) < nodes.size()) return;
     if (nodes.front().is_word("INSERT") && last.is_group() && !last.children.empty() && last.children.front().is_word("SELECT"))
         last.kind = Node::Kind::span;
 }
