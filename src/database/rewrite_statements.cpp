@@ -21,8 +21,8 @@ void complete_words(Nodes& nodes) {
 void open_select(Nodes& nodes) {
     Node& last = nodes.back();
     if (find_word(nodes, {"SELECT"}) < nodes.size()) return;
-    if (!nodes.front().is_word("INSERT") || find_word(nodes, {"SELECT", "VALUES"}) != nodes.size()) return;
-    if (last.is_group() && !last.children.empty() && last.children.front().is_word("SELECT")) last.kind = Node::Kind::span;
+    if (nodes.front().is_word("INSERT") && last.is_group() && !last.children.empty() && last.children.front().is_word("SELECT"))
+        last.kind = Node::Kind::span;
 }
 
 // inserted.Column, where the engine gives the row as it is after the statement (deleted.Column: as it was, of a DELETE).
