@@ -42,7 +42,8 @@ TEST(Date, before_the_epoch_the_fraction_still_counts_forward_from_midnight) {
 TEST(Date, every_second_of_a_day_survives_the_way_there_and_back) {
     for (int second = 0; second < 86400; second += 7) {
         const Calendar parts{2024, 2, 29, second / 3600, second / 60 % 60, second % 60};
-        ASSERT_EQ(calendar(make_date(parts.year, parts.month, parts.day, parts.hour, parts.minute, parts.second)), parts);
+        ASSERT_EQ(calendar(make_date(parts.year, parts.month, parts.day, parts.hour, parts.minute, parts.second)),
+                  parts);
     }
 }
 
@@ -108,8 +109,9 @@ TEST(Date, each_text_form_is_read) {
 }
 
 TEST(Date, other_texts_are_no_dates) {
-    for (const char* text : {"", "hoy", "2024-03-32", "2024-13-01", "2023-02-29", "2024-3-5", "2024-03-05T25:00:00",
-                             "2024-03-05T07:08:09Z", "2024-03-05 07:08:09.1x", "31/02/2024", "2024-03-05 ", "2024-03-05.5"}) {
+    for (const char* text :
+         {"", "hoy", "2024-03-32", "2024-13-01", "2023-02-29", "2024-3-5", "2024-03-05T25:00:00",
+          "2024-03-05T07:08:09Z", "2024-03-05 07:08:09.1x", "31/02/2024", "2024-03-05 ", "2024-03-05.5"}) {
         EXPECT_EQ(parse_date(text), std::nullopt) << text;
     }
 }

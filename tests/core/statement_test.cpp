@@ -22,7 +22,9 @@ TEST(Holes, a_value_with_quotes_or_holes_of_its_own_is_not_read_again) {
     EXPECT_EQ(filled("'{}', '{}'", "{}", "x"), "'{}', 'x'");
 }
 
-TEST(Holes, an_empty_value_leaves_the_quotes_empty) { EXPECT_EQ(filled("'{}'", std::string()), "''"); }
+TEST(Holes, an_empty_value_leaves_the_quotes_empty) {
+    EXPECT_EQ(filled("'{}'", std::string()), "''");
+}
 
 TEST(Holes, a_value_with_a_zero_byte_keeps_its_length) {
     EXPECT_EQ(filled("'{}'", std::string("a\0b", 3)), std::string("'a\0b'", 5));

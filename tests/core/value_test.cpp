@@ -118,7 +118,8 @@ TEST(Value, as_a_number) {
 }
 
 TEST(Value, text_that_is_no_number_is_a_type_mismatch) {
-    for (const auto& text : {""s, " "s, "abc"s, "1,5"s, "12x"s, "nan"s, "inf"s, "-infinity"s, "0x10"s, "1e999"s, "\xff"s}) {
+    for (const auto& text :
+         {""s, " "s, "abc"s, "1,5"s, "12x"s, "nan"s, "inf"s, "-infinity"s, "0x10"s, "1e999"s, "\xff"s}) {
         EXPECT_EQ(automation_error_of([&] { to_number(text); }), error_type_mismatch) << text;
     }
 }

@@ -1,5 +1,5 @@
-// A whole company to test against: the sample company in a SQLite database of its own, the reference services over it, a
-// clock that stands still, and the component on top.
+// A whole company to test against: the sample company in a SQLite database of its own, the reference services over it,
+// a clock that stands still, and the component on top.
 //
 //     Company company;
 //     company.sql("UPDATE Banco_Cuenta SET Es_Cve_Estado = 'BA' WHERE Bc_Cve_Banco_Cuenta = 'SRR-MXN'");
@@ -8,14 +8,16 @@
 //     EXPECT_EQ(company.treasury().Error(), "…");
 //     EXPECT_THAT(company.changes(), IsEmpty());
 //
-// - `treasury()` is the component; `set_parameter` writes a system parameter and starts the module again, as the seven of
+// - `treasury()` is the component; `set_parameter` writes a system parameter and starts the module again, as the seven
+// of
 //   them that are read at start-up need (the instance is then a new one).
 // - `sql`, `scalar` and `rows` work on the database behind the component's back; `rows` gives "a|b|c" per row.
 // - `mark` remembers the database and forgets the notes so far; `changes` tells what happened since, row by row (see
 //   `Snapshot`), without the columns of the audit; `changes_with_audit` with them.
 // - `statements()` are the component's own statements since `mark`, in order; those of the services are not among them.
 // - `on` is what stands in the way: `on.refuse("RegisterDocument", "text")`, `on.fail("GetServerDate", "text")`,
-//   `on.failing_statement = n`, `on.failing_call = n` (see `Obstacles`). `on.reports_in_full` is the suite's error dialog.
+//   `on.failing_statement = n`, `on.failing_call = n` (see `Obstacles`). `on.reports_in_full` is the suite's error
+//   dialog.
 // - The builders give documents that are accepted as they are; a test changes the one thing it is about.
 //
 // Keys are those of docs/sample-company.md.
@@ -118,7 +120,9 @@ public:
         on.forget();
     }
     std::vector<std::string> changes() const { return marked_->changes_to(Snapshot(connection_.handle())); }
-    std::vector<std::string> changes_with_audit() const { return marked_->changes_to(Snapshot(connection_.handle()), true); }
+    std::vector<std::string> changes_with_audit() const {
+        return marked_->changes_to(Snapshot(connection_.handle()), true);
+    }
 
     const std::vector<std::string>& statements() const { return on.statements; }
 
@@ -222,7 +226,8 @@ private:
     /// Built once per program; each company starts as a copy of it.
     static Sqlite_connection& template_database() {
         static const std::unique_ptr<Sqlite_connection> database = [] {
-            auto made = std::make_unique<Sqlite_connection>(":memory:", Sqlite_options{.synchronous = Synchronous::off});
+            auto made =
+                std::make_unique<Sqlite_connection>(":memory:", Sqlite_options{.synchronous = Synchronous::off});
             run_script(*made, schema_sql());
             run_script(*made, sample_company_sql());
             return made;

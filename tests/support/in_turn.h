@@ -64,7 +64,9 @@ std::vector<Outcome> in_turn(const Preparation& prepare, const Call& call, Fail&
 inline std::vector<Outcome> statements_fail_in_turn(const Preparation& prepare, const Call& call) {
     return detail::in_turn(
         prepare, call, [](Obstacles& on, std::size_t n) { on.failing_statement = n; },
-        [](const Obstacles& on, std::size_t n) { return n <= on.statements.size() ? on.statements[n - 1].substr(0, 24) : ""; });
+        [](const Obstacles& on, std::size_t n) {
+            return n <= on.statements.size() ? on.statements[n - 1].substr(0, 24) : "";
+        });
 }
 
 /// The n-th call of a service fails, for every n. `failed` is the operation's name.
@@ -83,7 +85,8 @@ inline std::vector<std::string> listed(const std::vector<Outcome>& outcomes) {
     return lines;
 }
 
-/// Provokes step i and everything after it, for every i: the text must be that of step i. Each step starts from `prepare`.
+/// Provokes step i and everything after it, for every i: the text must be that of step i. Each step starts from
+/// `prepare`.
 struct Step {
     std::string name;
     std::function<void(Company&)> provoke;

@@ -25,7 +25,9 @@ void read_bare(sqlite3* database, const std::string& query, Each&& each) {
         for (int i = 0; i < sqlite3_column_count(statement); ++i) {
             const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, i));
             row.emplace_back(sqlite3_column_name(statement, i),
-                             text == nullptr ? "NULL" : std::string(text, static_cast<std::size_t>(sqlite3_column_bytes(statement, i))));
+                             text == nullptr
+                                 ? "NULL"
+                                 : std::string(text, static_cast<std::size_t>(sqlite3_column_bytes(statement, i))));
         }
         each(row);
     }
@@ -40,7 +42,8 @@ public:
 
     explicit Snapshot(sqlite3* database) {
         std::vector<std::string> tables;
-        read_bare(database, "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite_%' ORDER BY name",
+        read_bare(database,
+                  "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite_%' ORDER BY name",
                   [&](const Row& row) { tables.push_back(row[0].second); });
         for (const std::string& table : tables) read_table(database, table);
     }
