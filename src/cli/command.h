@@ -67,5 +67,6 @@ void add_show(CLI::App& program);
 void add_parameter(CLI::App& program);
 void add_suite(CLI::App& program);
 void add_audit(CLI::App& program);
+void add_dialog(CLI::App& program);
 
 }  // namespace cuvexa::cli

@@ -4,6 +4,7 @@
 
 #include "automation/json_rpc.h"
 #include "cli/command.h"
+#include "cli/desktop.h"
 #include "cuvexa/module.h"
 #include "cuvexa/unit_of_work.h"
 #include "suite/reference_suite.h"
@@ -28,7 +29,10 @@ void serve(const Rpc_options& options) {
     Suite_options suite;
     suite.user = options.user;
     if (!options.server_date.empty()) suite.server_date = parse_date(options.server_date);
+    const auto windows = desktop();
+    report_in_windows(suite, windows);
     Module module(std::make_shared<Reference_suite>(database.connection(), suite));
+    module.dialog_toolkit(windows);
     std::ios::sync_with_stdio(false);
     std::cin.tie(nullptr);
     const Around_call as_a_whole = [&](std::string_view, const std::function<bool()>& call) {
