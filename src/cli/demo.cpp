@@ -12,7 +12,7 @@ namespace cuvexa::cli {
 
 namespace {
 
-constexpr auto chapters = {receipt_chapter, closing_chapter,    deposit_chapter, check_chapter,
+constexpr auto chapters = {receipt_chapter, closing_chapter,     deposit_chapter, check_chapter,
                            budget_chapter,  application_chapter, way_back_chapter};
 
 /// A demonstration writes documents; in a company at work they would be somebody's mistake.
@@ -37,8 +37,10 @@ void demonstrate(const Database_options& options) {
     suite.user = "DEMO";
     suite.server_date = make_date(2024, 3, 15);
     Module module(std::make_shared<Reference_suite>(database->connection(), suite));
-    std::cout << "Cuvexa lleva el dinero de una empresa: recibos de caja, depósitos, cheques, transferencias y los movimientos y\n"
-                 "saldos de sus cuentas bancarias. Aquí se llama al componente como lo hace cualquier programa: cada línea que\n"
+    std::cout << "Cuvexa lleva el dinero de una empresa: recibos de caja, depósitos, cheques, transferencias y los "
+                 "movimientos y\n"
+                 "saldos de sus cuentas bancarias. Aquí se llama al componente como lo hace cualquier programa: cada "
+                 "línea que\n"
                  "empieza con > es una llamada a un objeto Tesoreria; debajo, su resultado y los renglones que movió.\n"
                  "Empresa de muestra; 15 de marzo de 2024.\n";
     Stage stage(module, database->connection(), std::cout);

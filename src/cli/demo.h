@@ -35,10 +35,12 @@ public:
     /// Shows a line as a program writes it.
     void wrote(std::string_view line);
 
-    /// Shows an assignment of a record: its fields that are not empty.
+    /// Shows an assignment of a record: its fields that are not empty, or those that `before` does not have alike.
     template <class R>
-    void wrote(std::string_view property, R record) {
-        wrote(std::string(property) + " = " + record_text({&record_type<R>(), &record}));
+    void wrote(std::string_view property, R record, R before = {}) {
+        const bool shortened = !(before == R{});
+        wrote(std::string(property) + " = {" + (shortened ? "…, " : "") +
+              fields_text({&record_type<R>(), &record}, {&record_type<R>(), &before}) + "}");
     }
 
     /// Shows a call, as a program writes it, and its result. Throws `Refused` with `Error` when it gave False.
@@ -59,9 +61,15 @@ public:
     /// Throws `Refused` when a balance is not what it was when the stage was set.
     void require_first_balances();
 
+    /// Shows what `cuvexa audit` finds.
+    void audit();
+
     /// Documents that one chapter leaves to the next: what it is, and its folio.
     std::string receipt;
     std::vector<std::string> checks;
+
+    /// The check header that was shown last; the next one is shown by its differences.
+    tTsEncabezado shown_check;
 
 private:
     struct Balance {
@@ -69,7 +77,12 @@ private:
         double amount = 0;
     };
     std::vector<Balance> read_balances();
-    static std::string record_text(Record_place place);
+    static std::string fields_text(Record_place place, Record_place before);
+
+    enum class Block { calls, other };
+
+    /// Between two blocks stands one empty line; calls that follow each other are one block.
+    std::ostream& begin(Block block);
 
     Connection* connection_;
     std::ostream* out_;
@@ -78,6 +91,7 @@ private:
     std::vector<Balance> first_balances_;
     std::vector<Balance> balances_;
     int chapter_ = 0;
+    Block last_block_ = Block::other;
 };
 
 /// A text between double quotes.

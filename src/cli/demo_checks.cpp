@@ -9,16 +9,17 @@ namespace {
 using enum Column_kind;
 
 constexpr Column check_columns[] = {
-    {"Ch_Folio", "Cheque"},          {"Tc_Descripcion", "Tipo"},         {"Ch_Beneficiario", "Beneficiario"},
-    {"Ch_Importe", "Importe", amount}, {"Ch_Aplicar", "Aplicado"}, {"Ch_Firme", "Firme"}, {"Es_Cve_Estado", "Estado"},
+    {"Ch_Folio", "Cheque"},
+    {"Tc_Descripcion", "Tipo"},
+    {"Ch_Beneficiario", "Beneficiario"},
+    {"Ch_Importe", "Importe", amount},
+    {"Ch_Aplicar", "Aplicado"},
+    {"Ch_Firme", "Firme"},
+    {"Es_Cve_Estado", "Estado"},
 };
 constexpr Column movement_columns[] = {
-    {"Bm_Folio", "Movimiento"},
-    {"Bc_Cve_Banco_Cuenta", "Cuenta"},
-    {"Bm_Documento", "Cheque"},
-    {"Bm_Importe", "Importe", amount},
-    {"Bm_Fecha_Firme", "En firme", date},
-    {"Es_Cve_Estado", "Estado"},
+    {"Bm_Folio", "Movimiento"},        {"Bc_Cve_Banco_Cuenta", "Cuenta"},    {"Bm_Documento", "Cheque"},
+    {"Bm_Importe", "Importe", amount}, {"Bm_Fecha_Firme", "En firme", date}, {"Es_Cve_Estado", "Estado"},
 };
 constexpr Column payable_columns[] = {
     {"Cxp_Folio", "Cuenta x pagar"},
@@ -64,7 +65,8 @@ void begin_check(Stage& stage, const Purpose& purpose, const std::string& transf
     header.Sucursal.Sc_Cve_Sucursal = "MTY";
     stage.wrote("Nuevo()");
     stage.tesoreria().Nuevo();
-    stage.wrote("Encabezado", header);
+    stage.wrote("Encabezado", header, stage.shown_check);
+    stage.shown_check = header;
     stage.tesoreria().Encabezado(header);
 }
 
@@ -84,9 +86,13 @@ void add_line(Stage& stage, const std::string& concept_text, double amount_paid,
     stage.call("Add_Cheque_Detalle()", stage.tesoreria().Add_Cheque_Detalle());
 }
 
-std::string check_in_capture(Stage& stage) { return stage.tesoreria().Encabezado().Ch_Folio; }
+std::string check_in_capture(Stage& stage) {
+    return stage.tesoreria().Encabezado().Ch_Folio;
+}
 
-void keep_check(Stage& stage) { stage.checks.push_back(check_in_capture(stage)); }
+void keep_check(Stage& stage) {
+    stage.checks.push_back(check_in_capture(stage));
+}
 
 void pay_supplier(Stage& stage) {
     stage.say("Pago a proveedor: dos líneas, cada una paga parte de una cuenta por pagar.");
@@ -94,7 +100,8 @@ void pay_supplier(Stage& stage) {
     add_line(stage, "Factura A-1001", 1000, "CXP-MTY-00000001");
     add_line(stage, "Factura A-1002", 500, "CXP-MTY-00000002");
     const std::string folio = check_in_capture(stage);
-    stage.call("Crear_Cheque_Pago_Proveedor(" + in_quotes(folio) + ")", stage.tesoreria().Crear_Cheque_Pago_Proveedor(folio));
+    stage.call("Crear_Cheque_Pago_Proveedor(" + in_quotes(folio) + ")",
+               stage.tesoreria().Crear_Cheque_Pago_Proveedor(folio));
     keep_check(stage);
 }
 
@@ -162,30 +169,35 @@ void transfer_between_accounts(Stage& stage) {
     keep_check(stage);
 }
 
+std::string checks_select(const std::string& condition) {
+    return "SELECT Cheque.*, Tc_Descripcion FROM Cheque "
+           "INNER JOIN Tipo_Cheque ON Tipo_Cheque.Tc_Cve_Tipo_Cheque = Cheque.Tc_Cve_Tipo_Cheque "
+           "WHERE " +
+           condition + " ORDER BY Ch_Folio";
+}
+
 void show_checks(Stage& stage) {
-    stage.rows("Cheque",
-               "SELECT Cheque.*, Tc_Descripcion FROM Cheque "
-               "INNER JOIN Tipo_Cheque ON Tipo_Cheque.Tc_Cve_Tipo_Cheque = Cheque.Tc_Cve_Tipo_Cheque "
-               "WHERE Ch_Folio IN (" + in_list(stage.checks) + ") ORDER BY Ch_Folio",
-               check_columns);
+    stage.rows("Cheque", checks_select("Ch_Folio IN (" + in_list(stage.checks) + ")"), check_columns);
 }
 
 void show_movements(Stage& stage) {
     stage.rows("Banco_Movimiento",
-               "SELECT * FROM Banco_Movimiento WHERE Bm_Tabla = 'CHEQUE' AND Bm_Documento IN (" + in_list(stage.checks) +
-                   ") ORDER BY Bm_Folio",
+               "SELECT * FROM Banco_Movimiento WHERE Bm_Tabla = 'CHEQUE' AND Bm_Documento IN (" +
+                   in_list(stage.checks) + ") ORDER BY Bm_Folio",
                movement_columns);
 }
 
 void show_payables(Stage& stage) {
-    stage.rows("Cuenta_x_Pagar", "SELECT * FROM Cuenta_x_Pagar WHERE Pv_Cve_Proveedor = 'PV01' ORDER BY Cxp_Folio", payable_columns);
+    stage.rows("Cuenta_x_Pagar", "SELECT * FROM Cuenta_x_Pagar WHERE Pv_Cve_Proveedor = 'PV01' ORDER BY Cxp_Folio",
+               payable_columns);
 }
 
 }  // namespace
 
 void check_chapter(Stage& stage) {
     stage.chapter("Cheques y transferencias: uno de cada propósito",
-                  "El encabezado y cada línea se dejan en propiedades; la operación que crea el cheque dice para qué es. Cada cheque\n"
+                  "El encabezado y cada línea se dejan en propiedades; la operación que crea el cheque dice para qué "
+                  "es. Cada cheque\n"
                   "registra su movimiento, en tránsito (TR) hasta que se aplica.");
     pay_supplier(stage);
     advance_to_supplier(stage);
@@ -200,23 +212,25 @@ void check_chapter(Stage& stage) {
 
 void budget_chapter(Stage& stage) {
     stage.chapter("Presupuesto: un cheque que espera autorización",
-                  "Los anticipos a PV01 tienen un presupuesto de 10000.00 al mes. El que lo excede queda en PXA: sin movimiento, y no\n"
+                  "Los anticipos a PV01 tienen un presupuesto de 10000.00 al mes. El que lo excede queda en PXA: sin "
+                  "movimiento, y no\n"
                   "se puede aplicar.");
     begin_check(stage, {"0005", "PV01", "Aceros del Bajío", "Anticipo de varilla"});
     set_line(stage, "Anticipo", 15000);
     stage.call("Crear_Cheque_Anticipo_Cxp()", stage.tesoreria().Crear_Cheque_Anticipo_Cxp());
     const std::string folio = check_in_capture(stage);
+    stage.rows("Cheque", checks_select("Ch_Folio = " + sql_text(folio)), check_columns);
     keep_check(stage);
     stage.refused_call("Aplicar_Cheque(" + in_quotes(folio) + ", " + iso_date(stage.today()) + ")",
                        stage.tesoreria().Aplicar_Cheque(folio, stage.today()));
-    show_checks(stage);
     stage.balances();
 }
 
 void application_chapter(Stage& stage) {
     Tesoreria& tesoreria = stage.tesoreria();
     stage.chapter("Aplicación: el cheque surte efecto",
-                  "El pago a proveedor se aplica en firme: sus líneas pagan las cuentas por pagar y el movimiento queda firme (FI). El\n"
+                  "El pago a proveedor se aplica en firme: sus líneas pagan las cuentas por pagar y el movimiento "
+                  "queda firme (FI). El\n"
                   "anticipo se aplica en tránsito y crea la cuenta por pagar, a favor, que las facturas consumirán.");
     const std::string& payment = stage.checks.at(0);
     const std::string& advance = stage.checks.at(1);
@@ -224,7 +238,8 @@ void application_chapter(Stage& stage) {
     stage.call("Aplicar_Cheque(" + in_quotes(payment) + ", " + day + ", True)",
                tesoreria.Aplicar_Cheque(payment, stage.today(), true));
     stage.call("Finalizar_Cheque(" + in_quotes(payment) + ")", tesoreria.Finalizar_Cheque(payment));
-    stage.call("Aplicar_Cheque(" + in_quotes(advance) + ", " + day + ")", tesoreria.Aplicar_Cheque(advance, stage.today()));
+    stage.call("Aplicar_Cheque(" + in_quotes(advance) + ", " + day + ")",
+               tesoreria.Aplicar_Cheque(advance, stage.today()));
     show_payables(stage);
     show_checks(stage);
     show_movements(stage);
@@ -232,12 +247,15 @@ void application_chapter(Stage& stage) {
 
 void way_back_chapter(Stage& stage) {
     Tesoreria& tesoreria = stage.tesoreria();
-    stage.chapter("De regreso: todo se cancela",
-                  "Cada cancelación deshace en orden inverso lo que su documento movió. Ningún renglón se borra: queda en CA.");
+    stage.chapter(
+        "De regreso: todo se cancela",
+        "Cada cancelación deshace en orden inverso lo que su documento movió. Ningún renglón se borra: queda en CA.");
     for (auto check = stage.checks.rbegin(); check != stage.checks.rend(); ++check) {
         stage.call("Cancelar_Cheque(" + in_quotes(*check) + ")", tesoreria.Cancelar_Cheque(*check));
     }
-    stage.say("El recibo está depositado y aplicado: los dos últimos argumentos permiten cancelar también el depósito y los pagos.");
+    stage.say(
+        "El recibo está depositado y aplicado: los dos últimos argumentos permiten cancelar también el depósito y los "
+        "pagos.");
     stage.call("Cancelar_Recibo_Caja(" + in_quotes(stage.receipt) + ", True, True)",
                tesoreria.Cancelar_Recibo_Caja(stage.receipt, true, true));
     show_checks(stage);
@@ -245,6 +263,7 @@ void way_back_chapter(Stage& stage) {
     stage.balances();
     stage.require_first_balances();
     stage.say("Todos los saldos son los del principio.");
+    stage.audit();
 }
 
 }  // namespace cuvexa::cli

@@ -9,8 +9,13 @@ namespace {
 using enum Column_kind;
 
 constexpr Column receipt_columns[] = {
-    {"Rp_Folio", "Recibo"},     {"Rp_Id", "Línea"},           {"Fp_Descripcion", "Forma de pago"}, {"Rp_Banco", "Banco"},
-    {"Rp_Cheque", "Cheque"},    {"Rp_Importe", "Importe", amount}, {"Es_Cve_Estado", "Estado"},
+    {"Rp_Folio", "Recibo"},
+    {"Rp_Id", "Línea"},
+    {"Fp_Descripcion", "Forma de pago"},
+    {"Rp_Banco", "Banco"},
+    {"Rp_Cheque", "Cheque"},
+    {"Rp_Importe", "Importe", amount},
+    {"Es_Cve_Estado", "Estado"},
     {"Rp_Folio_Deposito", "Depósito"},
 };
 constexpr Column receivable_columns[] = {
@@ -22,25 +27,28 @@ constexpr Column receivable_columns[] = {
     {"Cxc_Precio_Neto_Saldo", "Saldo", amount},
 };
 constexpr Column deposit_columns[] = {
-    {"Dp_Folio", "Depósito"},  {"Dp_Id", "Línea"},   {"Bc_Cve_Banco_Cuenta", "Cuenta"},
-    {"Rp_Banco", "Banco"},     {"Rp_Cheque", "Cheque"}, {"Dp_Importe", "Importe", amount},
+    {"Dp_Folio", "Depósito"},        {"Dp_Id", "Línea"},      {"Bc_Cve_Banco_Cuenta", "Cuenta"},
+    {"Rp_Banco", "Banco"},           {"Rp_Cheque", "Cheque"}, {"Dp_Importe", "Importe", amount},
     {"Dp_Comentario", "Comentario"},
 };
 constexpr Column movement_columns[] = {
-    {"Bm_Folio", "Movimiento"}, {"Bc_Cve_Banco_Cuenta", "Cuenta"},   {"Bm_Documento", "Documento"}, {"Bm_Documento_ID", "Línea"},
-    {"Bm_Comentario", "Comentario"}, {"Bm_Importe", "Importe", amount}, {"Es_Cve_Estado", "Estado"},
+    {"Bm_Folio", "Movimiento"},   {"Bc_Cve_Banco_Cuenta", "Cuenta"}, {"Bm_Documento", "Documento"},
+    {"Bm_Documento_ID", "Línea"}, {"Bm_Comentario", "Comentario"},   {"Bm_Importe", "Importe", amount},
+    {"Es_Cve_Estado", "Estado"},
 };
 
 void show_receipt(Stage& stage) {
     stage.rows("Recibo_Pago",
                "SELECT Recibo_Pago.*, Fp_Descripcion FROM Recibo_Pago "
                "INNER JOIN Forma_Pago ON Forma_Pago.Fp_Cve_Forma_Pago = Recibo_Pago.Fp_Cve_Forma_Pago "
-               "WHERE Rp_Folio = " + sql_text(stage.receipt) + " ORDER BY Rp_Id",
+               "WHERE Rp_Folio = " +
+                   sql_text(stage.receipt) + " ORDER BY Rp_Id",
                receipt_columns);
 }
 
 void show_receivable(Stage& stage) {
-    stage.rows("Cuenta_x_Cobrar", "SELECT * FROM Cuenta_x_Cobrar WHERE Cxc_Folio = 'CXC-MTY-00000001'", receivable_columns);
+    stage.rows("Cuenta_x_Cobrar", "SELECT * FROM Cuenta_x_Cobrar WHERE Cxc_Folio = 'CXC-MTY-00000001'",
+               receivable_columns);
 }
 
 void capture_line(Stage& stage, const tRpDetalle& line) {
@@ -94,10 +102,10 @@ void receipt_chapter(Stage& stage) {
 }
 
 void closing_chapter(Stage& stage) {
-    stage.chapter("Cierre: el recibo paga lo que cobra",
-                  "Al cerrarse, el recibo se aplica a la cuenta por cobrar de la factura y sus líneas pasan de AC a AP.");
+    stage.chapter(
+        "Cierre: el recibo paga lo que cobra",
+        "Al cerrarse, el recibo se aplica a la cuenta por cobrar de la factura y sus líneas pasan de AC a AP.");
     show_receivable(stage);
-    stage.say("");
     stage.call("FinReciboCaja(" + in_quotes(stage.receipt) + ")", stage.tesoreria().FinReciboCaja(stage.receipt));
     show_receivable(stage);
     show_receipt(stage);
@@ -106,22 +114,25 @@ void closing_chapter(Stage& stage) {
 void deposit_chapter(Stage& stage) {
     Tesoreria& tesoreria = stage.tesoreria();
     stage.chapter("Depósito: el dinero llega al banco",
-                  "El recibo se deposita en la cuenta SRR-MXN: una línea y un movimiento por forma de pago y cheque. Se mueven los\n"
+                  "El recibo se deposita en la cuenta SRR-MXN: una línea y un movimiento por forma de pago y cheque. "
+                  "Se mueven los\n"
                   "saldos de la cuenta y de su banco, y las líneas del recibo pasan de AP a AD.");
     const std::string day = iso_date(stage.today());
-    stage.call("Genera_Deposito(\"SRR-MXN\", " + in_quotes(stage.receipt) + ", " + day + ", True, " + day + ", \"Corte del día\")",
-               tesoreria.Genera_Deposito("SRR-MXN", stage.receipt, stage.today(), true, stage.today(), "Corte del día"));
+    stage.call(
+        "Genera_Deposito(\"SRR-MXN\", " + in_quotes(stage.receipt) + ", " + day + ", True, " + day +
+            ", \"Corte del día\")",
+        tesoreria.Genera_Deposito("SRR-MXN", stage.receipt, stage.today(), true, stage.today(), "Corte del día"));
     stage.value("Dp_Folio", in_quotes(tesoreria.Dp_Folio()));
     stage.value("FolioMovimiento", in_quotes(tesoreria.FolioMovimiento));
     stage.rows("Deposito_Pago",
-               "SELECT * FROM Deposito_Pago WHERE Dp_Folio = " + sql_text(tesoreria.Dp_Folio()) + " ORDER BY Dp_Id", deposit_columns);
+               "SELECT * FROM Deposito_Pago WHERE Dp_Folio = " + sql_text(tesoreria.Dp_Folio()) + " ORDER BY Dp_Id",
+               deposit_columns);
     stage.rows("Banco_Movimiento",
                "SELECT * FROM Banco_Movimiento WHERE Bm_Tabla = 'DEPOSITO_PAGO' AND Bm_Documento = " +
                    sql_text(tesoreria.Dp_Folio()) + " ORDER BY Bm_Folio",
                movement_columns);
     show_receipt(stage);
     stage.balances();
-    stage.say("");
     stage.value("GetSaldo(\"SRR-MXN\")", number_text(tesoreria.GetSaldo("SRR-MXN")));
 }
 

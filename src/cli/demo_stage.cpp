@@ -2,6 +2,7 @@
 
 #include "cli/command.h"
 #include "cli/demo.h"
+#include "suite/audit.h"
 
 namespace cuvexa::cli {
 
@@ -32,6 +33,14 @@ std::string wrapped(std::string_view line, std::string_view indent) {
     return lines.append(line);
 }
 
+/// A field that is no record, as a program writes it.
+std::string simple_text(const Place& place) {
+    if (const auto* flag = std::get_if<bool*>(&place)) return **flag ? "True" : "False";
+    if (const auto* number = std::get_if<double*>(&place)) return number_text(**number);
+    if (const auto* date = std::get_if<Date*>(&place)) return iso_date(**date);
+    return in_quotes(*std::get<std::string*>(place));
+}
+
 std::string indented(std::string_view text, std::string_view indent) {
     std::string lines(indent);
     for (const char c : text) {
@@ -49,35 +58,43 @@ Stage::Stage(Module& module, Connection& connection, std::ostream& out)
     first_balances_ = balances_ = read_balances();
 }
 
+std::ostream& Stage::begin(Block block) {
+    if (block == Block::other || last_block_ == Block::other) *out_ << '\n';
+    last_block_ = block;
+    return *out_;
+}
+
 void Stage::chapter(std::string_view title, std::string_view about) {
-    *out_ << '\n' << ++chapter_ << ". " << title << "\n\n" << indented(about, "   ") << "\n\n";
+    begin(Block::other) << ++chapter_ << ". " << title << "\n\n" << indented(about, "   ") << '\n';
 }
 
-void Stage::say(std::string_view remark) { *out_ << '\n' << indented(remark, "   ") << "\n\n"; }
-
-void Stage::wrote(std::string_view line) { *out_ << "   > " << wrapped(line, "       ") << '\n'; }
-
-void Stage::call(std::string_view written, bool result) {
-    wrote(written);
-    *out_ << "     " << (result ? "True" : "False") << '\n';
-    if (!result) throw Refused(tesoreria_.Error());
+void Stage::say(std::string_view remark) {
+    begin(Block::other) << indented(remark, "   ") << '\n';
 }
 
-void Stage::refused_call(std::string_view written, bool result) {
-    wrote(written);
-    *out_ << "     " << (result ? "True" : "False") << '\n';
-    if (result) throw Refused("Se esperaba un rechazo: " + std::string(written));
-    *out_ << "   > Error\n" << indented(tesoreria_.Error(), "     ") << '\n';
+void Stage::wrote(std::string_view line) {
+    begin(Block::calls) << "   > " << wrapped(line, "       ") << '\n';
 }
 
 void Stage::value(std::string_view written, const std::string& result) {
     wrote(written);
-    *out_ << "     " << result << '\n';
+    *out_ << indented(result, "     ") << '\n';
+}
+
+void Stage::call(std::string_view written, bool result) {
+    value(written, result ? "True" : "False");
+    if (!result) throw Refused(tesoreria_.Error());
+}
+
+void Stage::refused_call(std::string_view written, bool result) {
+    value(written, result ? "True" : "False");
+    if (result) throw Refused("Se esperaba un rechazo: " + std::string(written));
+    value("Error", tesoreria_.Error());
 }
 
 void Stage::rows(std::string_view title, std::string_view statement, std::span<const Column> columns) {
     const auto recordset = connection_->execute(statement);
-    *out_ << "\n   " << title << '\n';
+    begin(Block::other) << "   " << title << '\n';
     print_table(*out_, columns, read_rows(*recordset, columns), "     ");
 }
 
@@ -86,14 +103,16 @@ std::vector<Stage::Balance> Stage::read_balances() {
     const auto read = [&](std::string_view statement) {
         const auto rows = connection_->execute(statement);
         for (; !rows->eof(); rows->move_next()) {
-            found.push_back({to_text(rows->field("Clave")), to_text(rows->field("Descripcion")), to_text(rows->field("Moneda")),
-                             to_number(rows->field("Saldo"))});
+            found.push_back({to_text(rows->field("Clave")), to_text(rows->field("Descripcion")),
+                             to_text(rows->field("Moneda")), to_number(rows->field("Saldo"))});
         }
     };
-    read("SELECT Bc_Cve_Banco_Cuenta AS Clave, Bc_Descripcion AS Descripcion, Mn_Cve_Moneda AS Moneda, Bc_Saldo AS Saldo "
-         "FROM Banco_Cuenta ORDER BY Bc_Cve_Banco_Cuenta");
-    read("SELECT Bn_Cve_Banco AS Clave, Bn_Descripcion AS Descripcion, '' AS Moneda, Bn_Saldo AS Saldo "
-         "FROM Banco ORDER BY Bn_Cve_Banco");
+    read(
+        "SELECT Bc_Cve_Banco_Cuenta AS Clave, Bc_Descripcion AS Descripcion, Mn_Cve_Moneda AS Moneda, "
+        "Bc_Saldo AS Saldo FROM Banco_Cuenta ORDER BY Bc_Cve_Banco_Cuenta");
+    read(
+        "SELECT Bn_Cve_Banco AS Clave, Bn_Descripcion AS Descripcion, '' AS Moneda, Bn_Saldo AS Saldo "
+        "FROM Banco ORDER BY Bn_Cve_Banco");
     return found;
 }
 
@@ -106,7 +125,8 @@ void Stage::balances() {
         moved.push_back({now[i].key, now[i].name, now[i].currency, before, now[i].amount - before, now[i].amount});
     }
     balances_ = std::move(now);
-    *out_ << "\n   Saldos que se movieron\n";
+    if (moved.empty()) return say("Ningún saldo se movió.");
+    begin(Block::other) << "   Saldos que se movieron\n";
     print_table(*out_, balance_columns, moved, "     ");
 }
 
@@ -114,33 +134,39 @@ void Stage::require_first_balances() {
     const auto now = read_balances();
     for (std::size_t i = 0; i < now.size() && i < first_balances_.size(); ++i) {
         const double difference = now[i].amount - first_balances_[i].amount;
-        if (difference > 0.005 || difference < -0.005) throw Refused("El saldo no volvió a ser el del principio: " + now[i].key);
+        if (difference > 0.005 || difference < -0.005)
+            throw Refused("El saldo no volvió a ser el del principio: " + now[i].key);
     }
 }
 
-std::string Stage::record_text(Record_place place) {
+void Stage::audit() {
+    const auto findings = cuvexa::audit(*connection_);
+    if (findings.empty()) return say("Auditoría: todo cuadra.");
+    say("Auditoría:");
+    for (const Finding& finding : findings) value(finding.document, finding.figures + "\n" + finding.remedy);
+}
+
+std::string Stage::fields_text(Record_place place, Record_place before) {
     std::string text;
     const auto add = [&](std::string_view name, const std::string& value) {
-        text += text.empty() ? "{" : ", ";
+        if (!text.empty()) text += ", ";
         text += std::string(name) + ": " + value;
     };
     for (const Field& field : place.type->fields) {
-        const Place where = field.place(place.record);
-        if (const auto* flag = std::get_if<bool*>(&where)) {
-            if (**flag) add(field.name, "True");
-        } else if (const auto* number = std::get_if<double*>(&where)) {
-            if (**number != 0) add(field.name, number_text(**number));
-        } else if (const auto* string = std::get_if<std::string*>(&where)) {
-            if (!(*string)->empty()) add(field.name, in_quotes(**string));
-        } else if (const auto* date = std::get_if<Date*>(&where)) {
-            if ((*date)->days != 0) add(field.name, iso_date(**date));
-        } else if (const std::string inner = record_text(std::get<Record_place>(where)); inner != "{}") {
-            add(field.name, inner);
+        const Place now = field.place(place.record);
+        const Place then = field.place(before.record);
+        if (const auto* record = std::get_if<Record_place>(&now)) {
+            const std::string inner = fields_text(*record, std::get<Record_place>(then));
+            if (!inner.empty()) add(field.name, '{' + inner + '}');
+        } else if (const std::string value = simple_text(now); value != simple_text(then)) {
+            add(field.name, value);
         }
     }
-    return text.empty() ? "{}" : text + "}";
+    return text;
 }
 
-std::string in_quotes(std::string_view text) { return '"' + std::string(text) + '"'; }
+std::string in_quotes(std::string_view text) {
+    return '"' + std::string(text) + '"';
+}
 
 }  // namespace cuvexa::cli

@@ -15,8 +15,7 @@ namespace cuvexa::cli {
 namespace {
 
 constexpr Column posting_columns[] = {{"code", "Documento"}, {"automatic", "Póliza automática"}};
-constexpr Column period_columns[] = {
-    {"module", "Módulo"}, {"period", "Período"}, {"open", "Abierto"}};
+constexpr Column period_columns[] = {{"module", "Módulo"}, {"period", "Período"}, {"open", "Abierto"}};
 constexpr Column series_columns[] = {
     {"code", "Documento"}, {"branch", "Sucursal"}, {"last", "Último folio", Column_kind::number}, {"open", "Abierta"}};
 
@@ -31,7 +30,9 @@ struct Suite_command_options {
     bool close = false, reopen = false;
 };
 
-std::string yes_no(bool yes) { return yes ? "SI" : "NO"; }
+std::string yes_no(bool yes) {
+    return yes ? "SI" : "NO";
+}
 
 std::string year_month(const Period& period) {
     char text[32];
@@ -87,7 +88,8 @@ void show(const Suite_command_options& options) {
     Connection& connection = database.connection();
     if (options.json) return show_json(connection);
     const Server_identity server = server_identity(connection);
-    std::cout << "Servidor: " << server.id << (server.replica ? " (réplica)" : " (central)") << "\n\nPólizas automáticas\n";
+    std::cout << "Servidor: " << server.id << (server.replica ? " (réplica)" : " (central)")
+              << "\n\nPólizas automáticas\n";
     print_table(std::cout, posting_columns, posting_rows(connection));
     std::cout << "\nPeríodos operativos\n";
     print_table(std::cout, period_columns, period_rows(connection));
@@ -120,7 +122,8 @@ void administer_series(const Suite_command_options& options) {
     Database database(options.database, changes ? Access::write : Access::read);
     Connection& connection = database.connection();
     if (options.next > 0) set_next_folio(connection, options.code, options.branch, options.next);
-    if (options.close || options.reopen) set_folio_series_open(connection, options.code, options.branch, options.reopen);
+    if (options.close || options.reopen)
+        set_folio_series_open(connection, options.code, options.branch, options.reopen);
     print_table(std::cout, series_columns, {series_row(folio_series_of(connection, options.code, options.branch))});
 }
 
@@ -131,7 +134,8 @@ void mark(const Suite_command_options& options) {
 
 std::string month_problem(const std::string& text) {
     const auto digit = [&](std::size_t at) { return std::isdigit(static_cast<unsigned char>(text[at])) != 0; };
-    const bool form = text.size() == 7 && digit(0) && digit(1) && digit(2) && digit(3) && text[4] == '-' && digit(5) && digit(6);
+    const bool form =
+        text.size() == 7 && digit(0) && digit(1) && digit(2) && digit(3) && text[4] == '-' && digit(5) && digit(6);
     if (form && text.substr(5) >= "01" && text.substr(5) <= "12") return {};
     return "not a month (YYYY-MM): " + text;
 }
@@ -149,7 +153,8 @@ void add_suite(CLI::App& program) {
         verb->callback([options, action] { action(*options); });
         return verb;
     };
-    add("show", "Server, posting, periods and folios", show)->add_flag("--json", options->json, "An object, for programs");
+    add("show", "Server, posting, periods and folios", show)
+        ->add_flag("--json", options->json, "An object, for programs");
 
     CLI::App* server = add("server", "Say which server this database runs on", set_server);
     server->add_option("--id", options->id, "Server id")->required();
@@ -161,7 +166,9 @@ void add_suite(CLI::App& program) {
     posting->add_option("state", options->on_off, "on or off")->required()->check(CLI::IsMember({"on", "off"}));
 
     CLI::App* period = add("period", "Open or close an operating period", set_period_state);
-    period->add_option("state", options->open_close, "open or close")->required()->check(CLI::IsMember({"open", "close"}));
+    period->add_option("state", options->open_close, "open or close")
+        ->required()
+        ->check(CLI::IsMember({"open", "close"}));
     period->add_option("month", options->month, "YYYY-MM")->required()->check(month_problem);
     period->add_option("--module", options->module, "Module")->capture_default_str();
 

@@ -63,11 +63,13 @@ std::string cell_text(const Value& value, Column_kind kind) {
     if (kind == Column_kind::date) {
         if (const auto date = parse_date(text)) text = iso_date(*date);
     }
-    std::replace_if(text.begin(), text.end(), [](unsigned char c) { return c < 0x20 || c == 0x7f; }, ' ');
+    std::replace_if(
+        text.begin(), text.end(), [](unsigned char c) { return c < 0x20 || c == 0x7f; }, ' ');
     return text;
 }
 
-void print_table(std::ostream& out, std::span<const Column> columns, const std::vector<Row>& rows, std::string_view indent) {
+void print_table(std::ostream& out, std::span<const Column> columns, const std::vector<Row>& rows,
+                 std::string_view indent) {
     if (rows.empty()) {
         out << indent << "(sin renglones)\n";
         return;

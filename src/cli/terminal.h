@@ -37,7 +37,8 @@ std::vector<Row> read_rows(Recordset& recordset, std::span<const Column> columns
 std::string cell_text(const Value& value, Column_kind kind);
 
 /// Aligned, with a heading; "(sin renglones)" when there are none. Each line starts with `indent`.
-void print_table(std::ostream& out, std::span<const Column> columns, const std::vector<Row>& rows, std::string_view indent = {});
+void print_table(std::ostream& out, std::span<const Column> columns, const std::vector<Row>& rows,
+                 std::string_view indent = {});
 
 /// An array of one object per row, one row per line.
 void print_json(std::ostream& out, std::span<const Column> columns, const std::vector<Row>& rows);

@@ -41,30 +41,19 @@ constexpr Column deposit_columns[] = {
 };
 
 constexpr Column movement_columns[] = {
-    {"Bm_Folio", "Movimiento"},
-    {"Bm_Fecha", "Fecha", date},
-    {"Bc_Cve_Banco_Cuenta", "Cuenta"},
-    {"Bt_Cve_Banco_Tipo_Movimiento", "Tipo"},
-    {"Bm_Importe", "Importe", amount},
-    {"Mn_Cve_Moneda", "Moneda"},
-    {"Bm_Tabla", "Documento"},
-    {"Bm_Documento", "Folio"},
-    {"Bm_Documento_ID", "Línea"},
-    {"Bm_Referencia", "Referencia"},
-    {"Bm_Comentario", "Comentario"},
-    {"Bm_Fecha_Firme", "En firme", date},
+    {"Bm_Folio", "Movimiento"},        {"Bm_Fecha", "Fecha", date},
+    {"Bc_Cve_Banco_Cuenta", "Cuenta"}, {"Bt_Cve_Banco_Tipo_Movimiento", "Tipo"},
+    {"Bm_Importe", "Importe", amount}, {"Mn_Cve_Moneda", "Moneda"},
+    {"Bm_Tabla", "Documento"},         {"Bm_Documento", "Folio"},
+    {"Bm_Documento_ID", "Línea"},      {"Bm_Referencia", "Referencia"},
+    {"Bm_Comentario", "Comentario"},   {"Bm_Fecha_Firme", "En firme", date},
     {"Es_Cve_Estado", "Estado"},
 };
 
 constexpr Column account_columns[] = {
-    {"Bc_Cve_Banco_Cuenta", "Cuenta"},
-    {"Bc_Descripcion", "Descripción"},
-    {"Mn_Cve_Moneda", "Moneda"},
-    {"Bc_Saldo", "Saldo", amount},
-    {"Bn_Cve_Banco", "Banco"},
-    {"Bn_Descripcion", "Nombre del banco"},
-    {"Bn_Saldo", "Saldo del banco", amount},
-    {"Es_Cve_Estado", "Estado"},
+    {"Bc_Cve_Banco_Cuenta", "Cuenta"},       {"Bc_Descripcion", "Descripción"}, {"Mn_Cve_Moneda", "Moneda"},
+    {"Bc_Saldo", "Saldo", amount},           {"Bn_Cve_Banco", "Banco"},         {"Bn_Descripcion", "Nombre del banco"},
+    {"Bn_Saldo", "Saldo del banco", amount}, {"Es_Cve_Estado", "Estado"},
 };
 
 constexpr Column check_columns[] = {
@@ -85,37 +74,20 @@ constexpr Column check_columns[] = {
 };
 
 constexpr Column request_columns[] = {
-    {"Sch_Folio", "Solicitud"},
-    {"Sch_Fecha", "Fecha", date},
-    {"Tc_Cve_Tipo_Cheque", "Tipo"},
-    {"Bc_Cve_Banco_Cuenta", "Cuenta"},
-    {"Sch_Beneficiario", "Beneficiario"},
-    {"Sch_Concepto", "Concepto"},
-    {"Sch_Importe", "Importe", amount},
-    {"Sch_Tipo_Cambio", "T. cambio", rate},
-    {"Sch_Tabla", "Documento"},
-    {"Sch_Documento", "Folio"},
+    {"Sch_Folio", "Solicitud"},           {"Sch_Fecha", "Fecha", date},
+    {"Tc_Cve_Tipo_Cheque", "Tipo"},       {"Bc_Cve_Banco_Cuenta", "Cuenta"},
+    {"Sch_Beneficiario", "Beneficiario"}, {"Sch_Concepto", "Concepto"},
+    {"Sch_Importe", "Importe", amount},   {"Sch_Tipo_Cambio", "T. cambio", rate},
+    {"Sch_Tabla", "Documento"},           {"Sch_Documento", "Folio"},
     {"Es_Cve_Estado", "Estado"},
 };
 
 // The four budget tables have the same columns under four prefixes.
 constexpr Column budget_columns[] = {
-    {"Presupuesto", "Presupuesto"},
-    {"Tipo", "Nivel"},
-    {"Valor", "Clave"},
-    {"Periodo", "Año", number},
-    {"Mes_01", "Ene", amount},
-    {"Mes_02", "Feb", amount},
-    {"Mes_03", "Mar", amount},
-    {"Mes_04", "Abr", amount},
-    {"Mes_05", "May", amount},
-    {"Mes_06", "Jun", amount},
-    {"Mes_07", "Jul", amount},
-    {"Mes_08", "Ago", amount},
-    {"Mes_09", "Sep", amount},
-    {"Mes_10", "Oct", amount},
-    {"Mes_11", "Nov", amount},
-    {"Mes_12", "Dic", amount},
+    {"Presupuesto", "Presupuesto"}, {"Tipo", "Nivel"},         {"Valor", "Clave"},        {"Periodo", "Año", number},
+    {"Mes_01", "Ene", amount},      {"Mes_02", "Feb", amount}, {"Mes_03", "Mar", amount}, {"Mes_04", "Abr", amount},
+    {"Mes_05", "May", amount},      {"Mes_06", "Jun", amount}, {"Mes_07", "Jul", amount}, {"Mes_08", "Ago", amount},
+    {"Mes_09", "Sep", amount},      {"Mes_10", "Oct", amount}, {"Mes_11", "Nov", amount}, {"Mes_12", "Dic", amount},
 };
 
 constexpr std::string_view budgets_select =
@@ -138,14 +110,9 @@ constexpr std::string_view budgets_select =
     "FROM Devolucion_Cliente_Presupuesto) AS Presupuestos";
 
 constexpr Column advance_columns[] = {
-    {"An_Folio", "Anticipo"},
-    {"An_Fecha", "Fecha", date},
-    {"Cl_Cve_Cliente", "Cliente"},
-    {"An_Importe", "Importe", amount},
-    {"Mn_Cve_Moneda", "Moneda"},
-    {"An_Tabla", "Documento"},
-    {"An_Documento", "Folio"},
-    {"Es_Cve_Estado", "Estado"},
+    {"An_Folio", "Anticipo"},          {"An_Fecha", "Fecha", date}, {"Cl_Cve_Cliente", "Cliente"},
+    {"An_Importe", "Importe", amount}, {"Mn_Cve_Moneda", "Moneda"}, {"An_Tabla", "Documento"},
+    {"An_Documento", "Folio"},         {"Es_Cve_Estado", "Estado"},
 };
 
 constexpr Column receivable_columns[] = {
@@ -203,9 +170,11 @@ constexpr View views[] = {
      "LEFT JOIN Banco_Cuenta ON Banco_Cuenta.Bc_Cve_Banco_Cuenta = Cheque.Bc_Cve_Banco_Cuenta",
      "Ch_Folio", "Ch_Folio", check_columns},
     {"requests", "Solicitudes de cheque", "SELECT * FROM Solicitud_Cheque", "Sch_Folio", "Sch_Folio", request_columns},
-    {"budgets", "Presupuestos de cheques", budgets_select, "Valor", "Presupuesto, Tipo, Valor, Periodo", budget_columns},
+    {"budgets", "Presupuestos de cheques", budgets_select, "Valor", "Presupuesto, Tipo, Valor, Periodo",
+     budget_columns},
     {"advances", "Anticipos de clientes", "SELECT * FROM Anticipo_Cxc", "An_Folio", "An_Folio", advance_columns},
-    {"receivables", "Cuentas por cobrar", "SELECT * FROM Cuenta_x_Cobrar", "Cxc_Folio", "Cxc_Folio", receivable_columns},
+    {"receivables", "Cuentas por cobrar", "SELECT * FROM Cuenta_x_Cobrar", "Cxc_Folio", "Cxc_Folio",
+     receivable_columns},
     {"payables", "Cuentas por pagar", "SELECT * FROM Cuenta_x_Pagar", "Cxp_Folio", "Cxp_Folio", payable_columns},
     {"vouchers", "Pólizas",
      "SELECT Poliza.*, Pzd_ID, Pzd_Cuenta_Contable, Pzd_Concepto, Pzd_Cargo, Pzd_Abono "

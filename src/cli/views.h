@@ -12,7 +12,7 @@
 namespace cuvexa::cli {
 
 struct View {
-    std::string_view name;    ///< as the command line says it
+    std::string_view name;  ///< as the command line says it
     std::string_view title;
     std::string_view select;  ///< the statement up to its WHERE
     std::string_view key;     ///< column that the key of the command line selects by
