@@ -332,4 +332,8 @@ void serve_json_rpc(std::istream& requests, std::ostream& answers, const Object_
     }
 }
 
+void serve_json_rpc(std::istream& requests, std::ostream& answers, Module& module, const Around_call& around_call) {
+    serve_json_rpc(requests, answers, object_factory(module), around_call);
+}
+
 }  // namespace cuvexa

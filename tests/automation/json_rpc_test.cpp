@@ -235,9 +235,8 @@ TEST_F(Json_rpc, the_members_of_a_record_that_are_absent_or_null_are_empty_or_ze
     before.Rp_Banco = "B";
     before.Rp_Importe = 3;
     instance->RpDetalle(before);
-    result(
-        "let",
-        R"({"object":1,"member":"RpDetalle","value":{"Rp_Cheque":"123","Rp_Importe":null,"Fp_Cve_Forma_Pago":{"Fp_Cve_Forma_Pago":"EF"}}})");
+    result("let", R"({"object":1,"member":"RpDetalle","value":{"Rp_Cheque":"123","Rp_Importe":null,)"
+                  R"("Fp_Cve_Forma_Pago":{"Fp_Cve_Forma_Pago":"EF"}}})");
     tRpDetalle expected;
     expected.Rp_Cheque = "123";
     expected.Fp_Cve_Forma_Pago.Fp_Cve_Forma_Pago = "EF";
@@ -496,7 +495,7 @@ TEST_F(Json_rpc, each_answer_is_flushed_as_one_line) {
     std::istringstream requests(with_objects);
     Flush_recorder recorder;
     std::ostream stream(&recorder);
-    serve_json_rpc(requests, stream, object_factory(fake.module));
+    serve_json_rpc(requests, stream, fake.module);
     EXPECT_THAT(recorder.flushed, testing::ElementsAre("{\"jsonrpc\":\"2.0\",\"result\":{\"object\":1},\"id\":1}\n",
                                                        "{\"jsonrpc\":\"2.0\",\"result\":{\"object\":2},\"id\":2}\n"));
 }
