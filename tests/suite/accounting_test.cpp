@@ -182,6 +182,10 @@ TEST_F(Accounting, the_debits_of_every_voucher_equal_its_credits) {
     EXPECT_THAT(column("SELECT Pz_Folio AS value FROM Poliza_Detalle GROUP BY Pz_Folio "
                        "HAVING ABS(SUM(Pzd_Cargo) - SUM(Pzd_Abono)) > 0.0001"),
                 IsEmpty());
+    EXPECT_THAT(column("SELECT Pzd_Cargo AS value FROM Poliza_Detalle WHERE ABS(ROUND(Pzd_Cargo, 2) - Pzd_Cargo) > 0.00001 OR "
+                       "ABS(ROUND(Pzd_Abono, 2) - Pzd_Abono) > 0.00001 OR Pzd_Cargo < 0 OR Pzd_Abono < 0"),
+                IsEmpty())
+        << "to the cent, and on the side where they belong";
 }
 
 }  // namespace

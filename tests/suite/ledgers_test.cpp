@@ -405,6 +405,13 @@ TEST_F(Ledgers, a_receipt_pays_the_oldest_receivables_and_the_rest_is_an_advance
               "-500");
 }
 
+TEST_F(Ledgers, a_receipt_pays_by_date_before_folio) {
+    sql("UPDATE Cuenta_x_Cobrar SET Cxc_Fecha = '2024-01-01' WHERE Cxc_Folio = 'CXC-MTY-00000002'");
+    ASSERT_TRUE(suite.new_accounts_receivable()->ApplyReceipt(receipt(1000)));
+    EXPECT_EQ(balance("CXC-MTY-00000001"), 5000);
+    EXPECT_EQ(balance("CXC-MTY-00000002"), 2000);
+}
+
 TEST_F(Ledgers, a_receipt_in_part_leaves_no_advance) {
     ASSERT_TRUE(suite.new_accounts_receivable()->ApplyReceipt(receipt(1000)));
     EXPECT_EQ(balance("CXC-MTY-00000001"), 4000);
