@@ -199,7 +199,7 @@ public:
 
     std::unique_ptr<Recordset> execute(std::string_view text) {
         tokenize(text, tokens_);
-        if (tokens_.empty()) throw Database_error("La instrucción está vacía");
+        if (tokens_.empty()) refuse_empty();
         read_shape(text);
         Kept_statement* kept = find(text);
         Kept_statement passing;
@@ -261,7 +261,7 @@ private:
         } else {
             // With its literals in place the statement may be accepted after all; if not, the engine names them.
             result.statement = try_prepare(translation.with_literals());
-            if (!result.statement) fail(database_.get(), sqlite3_extended_errcode(database_.get()));
+            if (!result.statement) fail_unprepared();
             result.parameters = -1;
         }
         result.columns = names_of(result.statement.get());
@@ -274,6 +274,14 @@ private:
                            nullptr);
         return Statement(raw);
     }
+
+    [[noreturn]] void fail_unprepared() const {
+        const int code = sqlite3_extended_errcode(database_.get());
+        if (code == SQLITE_OK) refuse_empty();
+        fail(database_.get(), code);
+    }
+
+    [[noreturn]] static void refuse_empty() { throw Database_error("La instrucción está vacía"); }
 
     Kept_statement* keep(Kept_statement&& statement) {
         while (kept_.size() >= limit_) forget_oldest();

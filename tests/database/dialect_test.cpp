@@ -139,6 +139,15 @@ TEST_F(Dialect_on_sqlite, a_sub_select_that_may_yield_many_rows_is_left_alone) {
     EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Banco"), ElementsAre("8"));
 }
 
+TEST_F(Dialect_on_sqlite, a_select_to_insert_may_end_in_a_sub_select) {
+    const std::string once = "INSERT INTO Banco(Banco) SELECT 'U' WHERE NOT EXISTS (SELECT Banco FROM Banco WHERE Banco = 'U')";
+    run(once);
+    run(once);
+    EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Banco WHERE Banco = 'U'"), ElementsAre("1"));
+    run("INSERT INTO Banco(Banco, Nombre) SELECT 'W', (SELECT Clave FROM Cuenta WHERE Saldo = 100)");
+    EXPECT_THAT(v("SELECT Nombre AS v FROM Banco WHERE Banco = 'W'"), ElementsAre("C1"));
+}
+
 TEST_F(Dialect_on_sqlite, stored_texts_compare_group_and_sort_without_regard_to_case) {
     EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta WHERE BANCO = 'bBvA'"), ElementsAre("2"));
     EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta WHERE Banco IN ('bBvA', 'OTRO')"), ElementsAre("3"));

@@ -243,6 +243,7 @@ TEST_F(Sqlite, a_refused_text_never_reaches_the_engine) {
 TEST_F(Sqlite, an_empty_statement_is_refused) {
     EXPECT_EQ(failure(db, ""), "La instrucción está vacía");
     EXPECT_EQ(failure(db, " \r\n;"), "La instrucción está vacía");
+    EXPECT_EQ(failure(db, "dbo."), "La instrucción está vacía");
 }
 
 TEST_F(Sqlite, a_closed_connection_says_so) {
