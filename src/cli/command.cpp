@@ -20,6 +20,7 @@ namespace {
 Sqlite_options engine_options(const Database_options& options, Access access) {
     Sqlite_options engine;
     engine.synchronous = synchronous_named(options.synchronous);
+    engine.busy_timeout_ms = static_cast<int>(options.wait_s * 1000);
     engine.read_only = access == Access::read;
     return engine;
 }
@@ -86,6 +87,15 @@ private:
     std::string name_;
 };
 
+void require_this_version(Connection& connection, const std::string& file) {
+    if (!has_schema(connection)) throw Refused("No es una base de datos de Cuvexa: " + file);
+    const auto rows = connection.execute("SELECT Eq_Version FROM Esquema_Suite WHERE Eq_Nombre = 'CUVEXA'");
+    const std::string found = rows->eof() ? "desconocida" : to_text(rows->field("Eq_Version"));
+    if (found == std::to_string(schema_version)) return;
+    throw Refused("La versión del esquema de la base de datos es " + found + " y la de este programa es " +
+                  std::to_string(schema_version) + ": " + file);
+}
+
 /// A trace in the database's place would damage it.
 void refuse_trace_over(const std::string& trace, const std::string& database) {
     std::error_code ignored;
@@ -102,15 +112,14 @@ void Database_options::add_to(CLI::App& command, bool db_required) {
     command.add_option("--synchronous", synchronous, "What an acknowledged statement survives: full, normal or off")
         ->check(CLI::IsMember({"full", "normal", "off"}, CLI::ignore_case))
         ->capture_default_str();
+    command.add_option("--wait", wait_s, "Seconds to wait for another program that is writing")
+        ->check(CLI::Range(0.0, 3600.0))
+        ->capture_default_str();
 }
 
 Database::Database(const Database_options& options, Access access)
     : Database(existing_file(options.file), engine_options(options, access), options.trace) {
-    try {
-        require_schema(engine_);
-    } catch (const Database_error& failure) {
-        throw Refused(std::string(failure.what()) + ": " + options.file);
-    }
+    require_this_version(engine_, options.file);
 }
 
 Database::Database(const std::string& file, const Sqlite_options& engine, const std::string& trace)

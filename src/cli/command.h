@@ -28,8 +28,9 @@ struct Database_options {
     std::string file;
     std::string trace;
     std::string synchronous = "full";
+    double wait_s = 10;
 
-    /// Adds --db, --trace and --synchronous to a command.
+    /// Adds --db, --trace, --synchronous and --wait to a command.
     void add_to(CLI::App& command, bool db_required = true);
 };
 

@@ -22,7 +22,7 @@ struct Parameter_options {
 void list(const Parameter_options& options) {
     Database database(options.database, Access::read);
     std::vector<Row> rows;
-    for (const Parameter& parameter : parameters(database.connection()))
+    for (const System_parameter& parameter : parameters(database.connection()))
         rows.push_back({parameter.name, parameter.value});
     if (options.json) {
         print_json(std::cout, columns, rows);

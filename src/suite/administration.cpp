@@ -11,7 +11,9 @@ Rows run(Connection& connection, Holes<std::type_identity_t<Arguments>...> state
     return Rows(connection.execute(sql(statement, arguments...)));
 }
 
-const char* yes_no(bool yes) { return yes ? "SI" : "NO"; }
+const char* yes_no(bool yes) {
+    return yes ? "SI" : "NO";
+}
 
 std::string stamp() {
     const Calendar t = calendar(local_now());
@@ -51,7 +53,9 @@ std::optional<int> version(Connection& connection) {
 
 }  // namespace
 
-bool has_schema(Connection& connection) { return version(connection).has_value(); }
+bool has_schema(Connection& connection) {
+    return version(connection).has_value();
+}
 
 void require_schema(Connection& connection) {
     const std::optional<int> found = version(connection);
@@ -59,16 +63,17 @@ void require_schema(Connection& connection) {
         throw Database_error("The database does not hold the Cuvexa schema; create one with: cuvexa init --db FILE");
     }
     if (*found != schema_version) {
-        throw Database_error(filled("The database holds version {} of the schema, and this program works with version {}; use "
-                                    "the program of that version, or create another database with: cuvexa init --db FILE",
-                                    *found, schema_version));
+        throw Database_error(
+            filled("The database holds version {} of the schema, and this program works with version {}; use "
+                   "the program of that version, or create another database with: cuvexa init --db FILE",
+                   *found, schema_version));
     }
 }
 
-std::vector<Parameter> parameters(Connection& connection) {
-    std::vector<Parameter> all;
-    for (Rows rows = run(connection, "SELECT Ps_Nombre, Ps_Valor FROM Parametro_Sistema ORDER BY Ps_Nombre"); !rows.eof();
-         rows.next()) {
+std::vector<System_parameter> parameters(Connection& connection) {
+    std::vector<System_parameter> all;
+    for (Rows rows = run(connection, "SELECT Ps_Nombre, Ps_Valor FROM Parametro_Sistema ORDER BY Ps_Nombre");
+         !rows.eof(); rows.next()) {
         all.push_back({rows.text("Ps_Nombre"), rows.text("Ps_Valor")});
     }
     return all;
@@ -101,8 +106,8 @@ Server_identity server_identity(Connection& connection) {
 }
 
 void set_server_identity(Connection& connection, const Server_identity& identity) {
-    run(connection, "UPDATE Servidor_Suite SET Sv_Servidor_Id = '{}', Sv_Replica = '{}' WHERE Sv_Llave = 1", identity.id,
-        yes_no(identity.replica));
+    run(connection, "UPDATE Servidor_Suite SET Sv_Servidor_Id = '{}', Sv_Replica = '{}' WHERE Sv_Llave = 1",
+        identity.id, yes_no(identity.replica));
 }
 
 std::vector<Posting> postings(Connection& connection) {
@@ -118,13 +123,14 @@ void set_posting(Connection& connection, const std::string& code, bool automatic
     if (run(connection, "SELECT Ct_Codigo FROM Configuracion_Contable WHERE Ct_Codigo = '{}'", code).eof()) {
         run(connection, "INSERT INTO Configuracion_Contable (Ct_Codigo) VALUES ('{}')", upper(code));
     }
-    run(connection, "UPDATE Configuracion_Contable SET Ct_Automatica = '{}' WHERE Ct_Codigo = '{}'", yes_no(automatic), code);
+    run(connection, "UPDATE Configuracion_Contable SET Ct_Automatica = '{}' WHERE Ct_Codigo = '{}'", yes_no(automatic),
+        code);
 }
 
 std::vector<Period> periods(Connection& connection) {
     std::vector<Period> all;
-    for (Rows rows = run(connection, "SELECT * FROM Periodo_Operativo ORDER BY Po_Modulo, Po_Ejercicio, Po_Mes"); !rows.eof();
-         rows.next()) {
+    for (Rows rows = run(connection, "SELECT * FROM Periodo_Operativo ORDER BY Po_Modulo, Po_Ejercicio, Po_Mes");
+         !rows.eof(); rows.next()) {
         all.push_back({rows.text("Po_Modulo"), static_cast<int>(rows.number("Po_Ejercicio")),
                        static_cast<int>(rows.number("Po_Mes")), rows.text("Po_Estado") == "AB"});
     }
@@ -140,7 +146,8 @@ void set_period(Connection& connection, const Period& period) {
                             .eof();
     if (known) {
         run(connection,
-            "UPDATE Periodo_Operativo SET Po_Estado = '{}' WHERE Po_Modulo = '{}' AND Po_Ejercicio = {} AND Po_Mes = {}",
+            "UPDATE Periodo_Operativo SET Po_Estado = '{}' WHERE Po_Modulo = '{}' AND Po_Ejercicio = {} AND Po_Mes = "
+            "{}",
             state, period.module, period.year, period.month);
     } else {
         run(connection,
@@ -151,7 +158,8 @@ void set_period(Connection& connection, const Period& period) {
 
 std::vector<Folio_series> folio_series(Connection& connection) {
     std::vector<Folio_series> all;
-    for (Rows rows = run(connection, "SELECT * FROM Folio_Serie ORDER BY Fs_Codigo, Fs_Sucursal"); !rows.eof(); rows.next()) {
+    for (Rows rows = run(connection, "SELECT * FROM Folio_Serie ORDER BY Fs_Codigo, Fs_Sucursal"); !rows.eof();
+         rows.next()) {
         all.push_back(series_row(rows));
     }
     return all;
@@ -170,29 +178,32 @@ void set_next_folio(Connection& connection, const std::string& code, const std::
                            "WHERE Fs_Codigo = '{}' AND Fs_Sucursal = '{}' AND Fs_Ultimo < {}",
                            next - 1, code, branch, next);
     if (moved.eof()) {
-        throw Database_error(filled("The series {} of branch {} has given {} already; folios are given once", upper(code),
-                                    branch, next));
+        throw Database_error(filled("The series {} of branch {} has given {} already; folios are given once",
+                                    upper(code), branch, next));
     }
 }
 
 void set_folio_series_open(Connection& connection, const std::string& code, const std::string& branch, bool open) {
     begin_series(connection, code, branch);
-    run(connection, "UPDATE Folio_Serie SET Fs_Abierta = '{}' WHERE Fs_Codigo = '{}' AND Fs_Sucursal = '{}'", yes_no(open),
-        code, branch);
+    run(connection, "UPDATE Folio_Serie SET Fs_Abierta = '{}' WHERE Fs_Codigo = '{}' AND Fs_Sucursal = '{}'",
+        yes_no(open), code, branch);
 }
 
 void mark_posted(Connection& connection, const std::string& code, const std::string& folio, const std::string& user) {
     run(connection,
-        "INSERT INTO Documento_Contabilizado (Dt_Documento, Dt_Tabla, Oper_Alta, Fecha_Alta) SELECT '{}', '{}', '{}', '{}' "
-        "WHERE NOT EXISTS (SELECT Dt_Documento FROM Documento_Contabilizado WHERE Dt_Documento = '{}' AND Dt_Tabla = '{}')",
+        "INSERT INTO Documento_Contabilizado (Dt_Documento, Dt_Tabla, Oper_Alta, Fecha_Alta) SELECT '{}', '{}', '{}', "
+        "'{}' "
+        "WHERE NOT EXISTS (SELECT Dt_Documento FROM Documento_Contabilizado WHERE Dt_Documento = '{}' AND Dt_Tabla = "
+        "'{}')",
         folio, upper(code), user, stamp(), folio, code);
 }
 
 bool unmark_posted(Connection& connection, const std::string& code, const std::string& folio) {
-    const bool was_there = !run(connection,
-                                "SELECT Dt_Documento FROM Documento_Contabilizado WHERE Dt_Documento = '{}' AND Dt_Tabla = '{}'",
-                                folio, code)
-                                .eof();
+    const bool was_there =
+        !run(connection,
+             "SELECT Dt_Documento FROM Documento_Contabilizado WHERE Dt_Documento = '{}' AND Dt_Tabla = '{}'", folio,
+             code)
+             .eof();
     run(connection, "DELETE FROM Documento_Contabilizado WHERE Dt_Documento = '{}' AND Dt_Tabla = '{}'", folio, code);
     return was_there;
 }

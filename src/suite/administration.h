@@ -15,17 +15,17 @@ inline constexpr int schema_version = 1;
 /// Whether the database holds this schema, of whatever version.
 bool has_schema(Connection& connection);
 
-/// Throws `Database_error` with a text that says what to do when the database does not hold this schema or holds another
-/// version of it.
+/// Throws `Database_error` with a text that says what to do when the database does not hold this schema or holds
+/// another version of it.
 void require_schema(Connection& connection);
 
-struct Parameter {
+struct System_parameter {
     std::string name;
     std::string value;
 };
 
 /// All system parameters by name.
-std::vector<Parameter> parameters(Connection& connection);
+std::vector<System_parameter> parameters(Connection& connection);
 /// Nothing when the parameter is absent; an empty value is a value.
 std::optional<std::string> parameter(Connection& connection, const std::string& name);
 void set_parameter(Connection& connection, const std::string& name, const std::string& value);
