@@ -73,10 +73,18 @@ void add_pieces(const Nodes& nodes, std::vector<Translation::Piece>& pieces);
 
 void add_piece(const Node& node, std::vector<Translation::Piece>& pieces) {
     switch (node.kind) {
-        case Node::Kind::token: pieces.push_back({node.text, node.literal, node.pinned}); return;
-        case Node::Kind::span: add_pieces(node.children, pieces); return;
-        case Node::Kind::group: pieces.push_back({"("}); break;
-        case Node::Kind::case_when: pieces.push_back({"CASE"}); break;
+        case Node::Kind::token:
+            pieces.push_back({node.text, node.literal, node.pinned});
+            return;
+        case Node::Kind::span:
+            add_pieces(node.children, pieces);
+            return;
+        case Node::Kind::group:
+            pieces.push_back({"("});
+            break;
+        case Node::Kind::case_when:
+            pieces.push_back({"CASE"});
+            break;
     }
     add_pieces(node.children, pieces);
     pieces.push_back({node.kind == Node::Kind::group ? ")" : "END"});
@@ -107,7 +115,9 @@ std::string_view engine_literal(std::string_view literal) {
 
 }  // namespace
 
-const Dialect& sqlite_dialect() { return sqlite; }
+const Dialect& sqlite_dialect() {
+    return sqlite;
+}
 
 std::vector<std::size_t> Translation::pinned() const {
     std::vector<std::size_t> result;
@@ -147,8 +157,9 @@ Translation translate(std::string_view text, const std::vector<Token>& tokens, c
     for (const Statement_rule& rule : dialect.statements)
         if (is_statement(*nodes, rule.statement)) return {{{rule.replacement}}, true};
     const bool definition = is_definition(*nodes);
-    add_pieces(definition ? rewrite_definition(std::move(*nodes), dialect) : rewrite_statement(std::move(*nodes), dialect),
-               pieces);
+    add_pieces(
+        definition ? rewrite_definition(std::move(*nodes), dialect) : rewrite_statement(std::move(*nodes), dialect),
+        pieces);
     return {std::move(pieces), !definition};
 }
 

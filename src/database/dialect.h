@@ -50,7 +50,8 @@ struct Dialect {
     std::span<const Type_rule> types;
     std::span<const Statement_rule> statements;
 
-    /// Collation added to a text expression that is not a column, so that it compares without regard to case; empty: none.
+    /// Collation added to a text expression that is not a column, so that it compares without regard to case; empty:
+    /// none.
     std::string_view text_collation;
 
     /// Aggregate that gives its only value and fails at a second one; empty where the engine itself refuses a scalar

@@ -19,7 +19,8 @@ constexpr std::array<Class, 256> make_classes() {
     for (int c = 'A'; c <= 'Z'; ++c) classes[c] = Class::letter;
     for (int c = '0'; c <= '9'; ++c) classes[c] = Class::digit;
     for (const char c : {' ', '\t', '\r', '\n', '\f', '\v'}) classes[static_cast<unsigned char>(c)] = Class::blank;
-    for (const char c : {'+', '*', '%', '&', '^', '~', ',', '='}) classes[static_cast<unsigned char>(c)] = Class::symbol;
+    for (const char c : {'+', '*', '%', '&', '^', '~', ',', '='})
+        classes[static_cast<unsigned char>(c)] = Class::symbol;
     for (const char c : {'-', '/', '<', '>', '!', '|', '.', '(', ')', '[', '"', ';', '?', '@', ':', '$'})
         classes[static_cast<unsigned char>(c)] = Class::special;
     classes['_'] = classes['#'] = Class::letter;
@@ -43,7 +44,9 @@ public:
     }
 
 private:
-    Class look(std::size_t at) const { return at < text_.size() ? classes[static_cast<unsigned char>(text_[at])] : Class::blank; }
+    Class look(std::size_t at) const {
+        return at < text_.size() ? classes[static_cast<unsigned char>(text_[at])] : Class::blank;
+    }
     char character(std::size_t at) const { return at < text_.size() ? text_[at] : ' '; }
 
     void add(Token_kind kind, std::size_t end) {
@@ -53,15 +56,24 @@ private:
 
     void read_one() {
         switch (look(at_)) {
-            case Class::blank: ++at_; return;
+            case Class::blank:
+                ++at_;
+                return;
             case Class::letter:
-            case Class::high: return read_word();
-            case Class::digit: return read_number();
-            case Class::quote: return add(Token_kind::text, end_of_quoted(at_, '\''));
-            case Class::symbol: return add(Token_kind::symbol, at_ + 1);
-            case Class::special: return read_special();
-            case Class::nul: refuse("El texto de la instrucción contiene un carácter nulo");
-            case Class::unknown: return add(Token_kind::unknown, at_ + 1);
+            case Class::high:
+                return read_word();
+            case Class::digit:
+                return read_number();
+            case Class::quote:
+                return add(Token_kind::text, end_of_quoted(at_, '\''));
+            case Class::symbol:
+                return add(Token_kind::symbol, at_ + 1);
+            case Class::special:
+                return read_special();
+            case Class::nul:
+                refuse("El texto de la instrucción contiene un carácter nulo");
+            case Class::unknown:
+                return add(Token_kind::unknown, at_ + 1);
         }
     }
 
@@ -121,17 +133,27 @@ private:
             case '/':
                 if (next == '*') refuse("El texto de la instrucción contiene un comentario (/*)");
                 return add(Token_kind::symbol, at_ + 1);
-            case '<': return add(Token_kind::symbol, at_ + (next == '=' || next == '>' ? 2 : 1));
+            case '<':
+                return add(Token_kind::symbol, at_ + (next == '=' || next == '>' ? 2 : 1));
             case '>':
-            case '!': return add(Token_kind::symbol, at_ + (next == '=' ? 2 : 1));
-            case '|': return add(Token_kind::symbol, at_ + (next == '|' ? 2 : 1));
-            case '.': return look(at_ + 1) == Class::digit ? read_number() : add(Token_kind::symbol, at_ + 1);
-            case '(': return add(Token_kind::open, at_ + 1);
-            case ')': return add(Token_kind::close, at_ + 1);
-            case '[': return add(Token_kind::quoted_name, end_of_quoted(at_, ']'));
-            case '"': return add(Token_kind::quoted_name, end_of_quoted(at_, '"'));
-            case ';': return read_end();
-            default: refuse("El texto de la instrucción contiene un parámetro sin valor (?, @, : o $)");
+            case '!':
+                return add(Token_kind::symbol, at_ + (next == '=' ? 2 : 1));
+            case '|':
+                return add(Token_kind::symbol, at_ + (next == '|' ? 2 : 1));
+            case '.':
+                return look(at_ + 1) == Class::digit ? read_number() : add(Token_kind::symbol, at_ + 1);
+            case '(':
+                return add(Token_kind::open, at_ + 1);
+            case ')':
+                return add(Token_kind::close, at_ + 1);
+            case '[':
+                return add(Token_kind::quoted_name, end_of_quoted(at_, ']'));
+            case '"':
+                return add(Token_kind::quoted_name, end_of_quoted(at_, '"'));
+            case ';':
+                return read_end();
+            default:
+                refuse("El texto de la instrucción contiene un parámetro sin valor (?, @, : o $)");
         }
     }
 

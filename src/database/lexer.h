@@ -31,13 +31,13 @@ struct Token {
     std::string_view in(std::string_view text) const noexcept { return text.substr(begin, length); }
 };
 
-/// Reads `text` into `tokens` (emptied first; its memory is reused). A blank text gives none. A single `;` at the end is
-/// dropped. Throws `Database_error`, in the operator's language, for what no adapter may pass on: a second statement
+/// Reads `text` into `tokens` (emptied first; its memory is reused). A blank text gives none. A single `;` at the end
+/// is dropped. Throws `Database_error`, in the operator's language, for what no adapter may pass on: a second statement
 /// after `;`, a comment, a quote left open, a parameter mark, a NUL byte, malformed UTF-8.
 void tokenize(std::string_view text, std::vector<Token>& tokens);
 
-/// The content of a text literal as it stands in a statement ('…' or N'…'). Refers into `literal` unless it holds doubled
-/// quotes; then it is unescaped into `scratch`, to which the result refers.
+/// The content of a text literal as it stands in a statement ('…' or N'…'). Refers into `literal` unless it holds
+/// doubled quotes; then it is unescaped into `scratch`, to which the result refers.
 std::string_view text_content(std::string_view literal, std::string& scratch);
 
 }  // namespace cuvexa

@@ -32,7 +32,8 @@ private:
                 i += more && nodes[i + 1].is_group() ? 1 : 0;
             } else if (more && nodes[i].is_word("ON") && same_text(plain_name(nodes[i + 1]), "PRIMARY")) {
                 ++i;
-            } else if (more && nodes[i].is_name() && nodes[i + 1].is_symbol(".") && same_text(plain_name(nodes[i]), "dbo")) {
+            } else if (more && nodes[i].is_name() && nodes[i + 1].is_symbol(".") &&
+                       same_text(plain_name(nodes[i]), "dbo")) {
                 ++i;
             } else {
                 nodes[i].children = without_storage(std::move(nodes[i].children));
@@ -52,7 +53,8 @@ private:
     }
 
     Nodes column(Nodes part) const {
-        if (part.size() < 2 || part.front().is_any_word({"CONSTRAINT", "PRIMARY", "UNIQUE", "FOREIGN", "CHECK"})) return part;
+        if (part.size() < 2 || part.front().is_any_word({"CONSTRAINT", "PRIMARY", "UNIQUE", "FOREIGN", "CHECK"}))
+            return part;
         for (const Type_rule& rule : dialect_.types) {
             if (!part[1].is_name() || !same_text(rule.name, plain_name(part[1]))) continue;
             if (part.size() > 2 && part[2].is_group()) cut(part, 2, 3);
@@ -89,6 +91,8 @@ private:
 
 }  // namespace
 
-Nodes rewrite_definition(Nodes nodes, const Dialect& dialect) { return Definition(dialect).rewrite(std::move(nodes)); }
+Nodes rewrite_definition(Nodes nodes, const Dialect& dialect) {
+    return Definition(dialect).rewrite(std::move(nodes));
+}
 
 }  // namespace cuvexa

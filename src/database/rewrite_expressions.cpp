@@ -8,15 +8,18 @@ namespace cuvexa {
 
 namespace {
 
-bool starts_query(const Nodes& nodes) { return !nodes.empty() && nodes.front().is_any_word({"SELECT", "WITH"}); }
+bool starts_query(const Nodes& nodes) {
+    return !nodes.empty() && nodes.front().is_any_word({"SELECT", "WITH"});
+}
 
 // Words after which a name does not go on and a group is no function call.
 bool is_keyword(const Node& node) {
-    return node.is_any_word({"SELECT", "DISTINCT", "ALL",    "FROM",   "WHERE",  "GROUP",   "BY",     "HAVING", "ORDER",  "AND",
-                             "OR",     "NOT",      "IN",     "LIKE",   "BETWEEN", "IS",     "AS",     "ON",     "JOIN",   "INNER",
-                             "OUTER",  "CROSS",    "FULL",   "UNION",  "EXCEPT", "INTERSECT", "SET",  "VALUES", "INTO",   "INSERT",
-                             "UPDATE", "DELETE",   "WHEN",   "THEN",   "ELSE",   "EXISTS",  "ASC",    "DESC",   "TOP",    "LIMIT",
-                             "OUTPUT", "RETURNING", "ESCAPE", "COLLATE", "ANY",  "SOME",    "OVER",   "USING",  "OFFSET", "WITH"});
+    return node.is_any_word(
+        {"SELECT", "DISTINCT",  "ALL",    "FROM",    "WHERE",   "GROUP",     "BY",   "HAVING", "ORDER",  "AND",
+         "OR",     "NOT",       "IN",     "LIKE",    "BETWEEN", "IS",        "AS",   "ON",     "JOIN",   "INNER",
+         "OUTER",  "CROSS",     "FULL",   "UNION",   "EXCEPT",  "INTERSECT", "SET",  "VALUES", "INTO",   "INSERT",
+         "UPDATE", "DELETE",    "WHEN",   "THEN",    "ELSE",    "EXISTS",    "ASC",  "DESC",   "TOP",    "LIMIT",
+         "OUTPUT", "RETURNING", "ESCAPE", "COLLATE", "ANY",     "SOME",      "OVER", "USING",  "OFFSET", "WITH"});
 }
 
 bool is_comparison(const Node& node) {
@@ -27,9 +30,13 @@ bool is_comparison(const Node& node) {
 }
 
 // Where one expression ends and the next begins.
-bool separates(const Node& node) { return node.is_symbol(",") || is_comparison(node) || is_keyword(node); }
+bool separates(const Node& node) {
+    return node.is_symbol(",") || is_comparison(node) || is_keyword(node);
+}
 
-bool is_operator(const Node& node) { return node.kind == Node::Kind::token && node.token == Token_kind::symbol; }
+bool is_operator(const Node& node) {
+    return node.kind == Node::Kind::token && node.token == Token_kind::symbol;
+}
 
 /// The clause in which a node stands, as far as it decides what a group or a number is.
 enum class Clause { other, from, into, order };
@@ -38,7 +45,8 @@ Clause clause_after(const Node& node, Clause clause) {
     if (node.is_any_word({"FROM", "JOIN"})) return Clause::from;
     if (node.is_any_word({"INTO", "INSERT"})) return Clause::into;
     if (node.is_any_word({"GROUP", "ORDER"})) return Clause::order;
-    if (node.is_any_word({"SELECT", "VALUES", "WHERE", "ON", "SET", "HAVING", "OUTPUT", "LIMIT", "UNION"})) return Clause::other;
+    if (node.is_any_word({"SELECT", "VALUES", "WHERE", "ON", "SET", "HAVING", "OUTPUT", "LIMIT", "UNION"}))
+        return Clause::other;
     return clause;
 }
 
@@ -82,7 +90,8 @@ private:
 
     // The dot of dbo.T; the engine has no such owner.
     static bool is_owner(const Nodes& before, const Node& node) {
-        return node.is_symbol(".") && !before.empty() && before.back().is_name() && same_text(plain_name(before.back()), "dbo");
+        return node.is_symbol(".") && !before.empty() && before.back().is_name() &&
+               same_text(plain_name(before.back()), "dbo");
     }
 
     void add_case(Nodes& result, Node node) const {
@@ -102,14 +111,15 @@ private:
         const bool call = before != nullptr && before->is_name() && !is_keyword(*before) && clause != Clause::into;
         if (call && clause != Clause::from) return add_call(result, std::move(node));
         node.children = rewrite(std::move(node.children), clause == Clause::from ? Clause::from : Clause::other);
-        node.is_text = std::any_of(node.children.begin(), node.children.end(), [](const Node& child) { return child.is_text; });
+        node.is_text =
+            std::any_of(node.children.begin(), node.children.end(), [](const Node& child) { return child.is_text; });
         result.push_back(std::move(node));
     }
 
     void add_select(Nodes& result, Node node, Clause clause) const {
         const bool several = clause == Clause::from || clause == Clause::into ||
-                             (!result.empty() && result.back().is_any_word({"IN", "EXISTS", "ANY", "ALL", "SOME", "AS", "UNION",
-                                                                            "EXCEPT", "INTERSECT"}));
+                             (!result.empty() && result.back().is_any_word({"IN", "EXISTS", "ANY", "ALL", "SOME", "AS",
+                                                                            "UNION", "EXCEPT", "INTERSECT"}));
         node.children = rewrite(std::move(node.children));
         rewrite_query(node.children);
         if (several) return result.push_back(std::move(node));
@@ -122,7 +132,8 @@ private:
     void add_call(Nodes& result, Node arguments) const {
         Node name = std::move(result.back());
         result.pop_back();
-        if (name.is_any_word({"CAST", "CONVERT"})) return result.push_back(conversion(std::move(name), std::move(arguments)));
+        if (name.is_any_word({"CAST", "CONVERT"}))
+            return result.push_back(conversion(std::move(name), std::move(arguments)));
         arguments.children = rewrite(std::move(arguments.children));
         const std::vector<Nodes> parts = split_at_commas(arguments.children);
         const Function_rule* const rule = rule_for(name.text, parts.size());
@@ -134,13 +145,15 @@ private:
                                                [](const Node& child) { return child.is_text; });
         Node call = rule->replacement.empty() ? span({std::move(name), std::move(arguments)})
                                               : span(from_template(rule->replacement, parts));
-        call.is_text = rule->result == Function_result::text || (rule->result == Function_result::as_arguments && text_argument);
+        call.is_text =
+            rule->result == Function_result::text || (rule->result == Function_result::as_arguments && text_argument);
         result.push_back(rule->result == Function_result::other ? std::move(call) : collated(std::move(call)));
     }
 
     const Function_rule* rule_for(std::string_view name, std::size_t arguments) const {
         for (const Function_rule& rule : dialect_.functions)
-            if (same_text(rule.name, name) && (rule.arguments < 0 || static_cast<std::size_t>(rule.arguments) == arguments))
+            if (same_text(rule.name, name) &&
+                (rule.arguments < 0 || static_cast<std::size_t>(rule.arguments) == arguments))
                 return &rule;
         return nullptr;
     }
@@ -231,7 +244,8 @@ private:
 
     static bool calls_aggregate(const Nodes& nodes) {
         for (std::size_t i = 0; i < nodes.size(); ++i) {
-            if (nodes[i].is_any_word({"SUM", "MAX", "MIN", "COUNT", "AVG"}) && i + 1 < nodes.size() && nodes[i + 1].is_group())
+            if (nodes[i].is_any_word({"SUM", "MAX", "MIN", "COUNT", "AVG"}) && i + 1 < nodes.size() &&
+                nodes[i + 1].is_group())
                 return true;
             if (!starts_query(nodes[i].children) && calls_aggregate(nodes[i].children)) return true;
         }
@@ -250,15 +264,17 @@ private:
         return true;
     }
 
-    // A sub-select that stands for one value is refused when it yields a second row. An aggregate over all rows yields one.
+    // A sub-select that stands for one value is refused when it yields a second row. An aggregate over all rows yields
+    // one.
     void require_single(Nodes& query) const {
         const std::size_t from = find_word(query, {"FROM"});
         const bool grouped = find_word(query, {"GROUP"}) < query.size();
         if (!query.front().is_word("SELECT") || from == query.size()) return wrap_single(query);
         Nodes list(query.begin() + 1, query.begin() + static_cast<std::ptrdiff_t>(from));
-        if (!grouped && find_word(query, {"UNION", "EXCEPT", "INTERSECT"}) == query.size() && calls_aggregate(list)) return;
-        const bool simple = find_word(query, {"DISTINCT", "ALL", "GROUP", "ORDER", "UNION", "EXCEPT", "INTERSECT", "LIMIT",
-                                              "HAVING"}) == query.size();
+        if (!grouped && find_word(query, {"UNION", "EXCEPT", "INTERSECT"}) == query.size() && calls_aggregate(list))
+            return;
+        const bool simple = find_word(query, {"DISTINCT", "ALL", "GROUP", "ORDER", "UNION", "EXCEPT", "INTERSECT",
+                                              "LIMIT", "HAVING"}) == query.size();
         if (!simple || !is_plain_value(list)) return wrap_single(query);
         cut(query, 1, from);
         query.insert(query.begin() + 1, {word(dialect_.single_value), group(std::move(list))});
@@ -267,8 +283,16 @@ private:
     void wrap_single(Nodes& query) const {
         if (query.front().is_word("SELECT") && find_word(query, {"FROM", "UNION"}) == query.size()) return;
         Nodes inner = std::move(query);
-        query = {word("WITH"), word("cuvexa_rows"), group({word("cuvexa_value")}), word("AS"), group(std::move(inner)),
-                 word("SELECT"), word(dialect_.single_value), group({word("cuvexa_value")}), word("FROM"), word("cuvexa_rows")};
+        query = {word("WITH"),
+                 word("cuvexa_rows"),
+                 group({word("cuvexa_value")}),
+                 word("AS"),
+                 group(std::move(inner)),
+                 word("SELECT"),
+                 word(dialect_.single_value),
+                 group({word("cuvexa_value")}),
+                 word("FROM"),
+                 word("cuvexa_rows")};
     }
 
     const Dialect& dialect_;
@@ -276,6 +300,8 @@ private:
 
 }  // namespace
 
-Nodes rewrite_expressions(Nodes nodes, const Dialect& dialect) { return Expressions(dialect).rewrite(std::move(nodes)); }
+Nodes rewrite_expressions(Nodes nodes, const Dialect& dialect) {
+    return Expressions(dialect).rewrite(std::move(nodes));
+}
 
 }  // namespace cuvexa

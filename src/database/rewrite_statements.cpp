@@ -21,11 +21,13 @@ void complete_words(Nodes& nodes) {
 void open_select(Nodes& nodes) {
     Node& last = nodes.back();
     if (find_word(nodes, {"SELECT"}) < nodes.size()) return;
-    if (nodes.front().is_word("INSERT") && last.is_group() && !last.children.empty() && last.children.front().is_word("SELECT"))
+    if (nodes.front().is_word("INSERT") && last.is_group() && !last.children.empty() &&
+        last.children.front().is_word("SELECT"))
         last.kind = Node::Kind::span;
 }
 
-// inserted.Column, where the engine gives the row as it is after the statement (deleted.Column: as it was, of a DELETE).
+// inserted.Column, where the engine gives the row as it is after the statement (deleted.Column: as it was, of a
+// DELETE).
 bool drop_row_name(Nodes& list, std::string_view row) {
     for (std::size_t i = 0; i + 1 < list.size(); ++i) {
         if (!list[i + 1].is_symbol(".") || !list[i].is_name()) continue;
@@ -41,7 +43,8 @@ void move_output(Nodes& nodes) {
     if (output == nodes.size()) return;
     const std::size_t end = find_word(nodes, {"WHERE", "FROM", "VALUES", "SELECT", "DEFAULT", "INTO"}, output);
     if (end < nodes.size() && nodes[end].is_word("INTO")) return;
-    Nodes list(nodes.begin() + static_cast<std::ptrdiff_t>(output) + 1, nodes.begin() + static_cast<std::ptrdiff_t>(end));
+    Nodes list(nodes.begin() + static_cast<std::ptrdiff_t>(output) + 1,
+               nodes.begin() + static_cast<std::ptrdiff_t>(end));
     if (!drop_row_name(list, nodes.front().is_word("DELETE") ? "deleted" : "inserted")) return;
     cut(nodes, output, end);
     nodes.push_back(word("RETURNING"));

@@ -61,7 +61,9 @@ Update_parts split(Nodes nodes) {
     return parts;
 }
 
-bool names(const Node& node, std::string_view name) { return node.is_name() && same_text(plain_name(node), name); }
+bool names(const Node& node, std::string_view name) {
+    return node.is_name() && same_text(plain_name(node), name);
+}
 
 std::string_view alias_of(const Joined_table& table) {
     return table.table.size() > 1 ? plain_name(table.table.back()) : std::string_view{};
@@ -77,8 +79,9 @@ std::optional<std::size_t> find_target(const std::vector<Joined_table>& from, st
 }
 
 bool is_inner(const Joined_table& table) {
-    return !std::any_of(table.join.begin(), table.join.end(),
-                        [](const Node& node) { return node.is_any_word({"LEFT", "RIGHT", "FULL"}); });
+    return !std::any_of(table.join.begin(), table.join.end(), [](const Node& node) {
+        return node.is_any_word({"LEFT", "RIGHT", "FULL"});
+    });
 }
 
 void add_condition(Nodes& where, Nodes condition) {

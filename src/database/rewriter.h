@@ -12,8 +12,8 @@ Nodes rewrite_statement(Nodes nodes, const Dialect& dialect);
 /// CREATE, ALTER, DROP.
 Nodes rewrite_definition(Nodes nodes, const Dialect& dialect);
 
-/// What stands inside a query or an expression: functions, joined texts, collations, sub-selects. `nodes` is a statement
-/// or what stands between two parentheses.
+/// What stands inside a query or an expression: functions, joined texts, collations, sub-selects. `nodes` is a
+/// statement or what stands between two parentheses.
 Nodes rewrite_expressions(Nodes nodes, const Dialect& dialect);
 
 /// What concerns one query as a whole, its expressions being rewritten: TOP.

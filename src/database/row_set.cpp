@@ -16,10 +16,14 @@ Value Row_set::field(std::string_view name) const {
     if (column == columns_->size()) throw Database_error("No existe la columna: " + std::string(name));
     const Cell& cell = cells_[at_ + column];
     switch (cell.kind) {
-        case Kind::whole: return cell.value.whole;
-        case Kind::real: return cell.value.real;
-        case Kind::text: return bytes_.substr(cell.value.offset, cell.length);
-        case Kind::null: break;
+        case Kind::whole:
+            return cell.value.whole;
+        case Kind::real:
+            return cell.value.real;
+        case Kind::text:
+            return bytes_.substr(cell.value.offset, cell.length);
+        case Kind::null:
+            break;
     }
     return {};
 }

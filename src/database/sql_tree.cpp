@@ -106,10 +106,18 @@ bool Node::is_any_word(std::initializer_list<std::string_view> words) const noex
     return std::any_of(words.begin(), words.end(), [&](std::string_view word) { return same_text(text, word); });
 }
 
-Node word(std::string_view text) { return made(Token_kind::word, text); }
-Node symbol(std::string_view text) { return made(Token_kind::symbol, text); }
-Node group(Nodes children) { return made(Node::Kind::group, std::move(children)); }
-Node span(Nodes children) { return made(Node::Kind::span, std::move(children)); }
+Node word(std::string_view text) {
+    return made(Token_kind::word, text);
+}
+Node symbol(std::string_view text) {
+    return made(Token_kind::symbol, text);
+}
+Node group(Nodes children) {
+    return made(Node::Kind::group, std::move(children));
+}
+Node span(Nodes children) {
+    return made(Node::Kind::span, std::move(children));
+}
 
 std::string_view plain_name(const Node& node) noexcept {
     return node.token == Token_kind::quoted_name ? node.text.substr(1, node.text.size() - 2) : node.text;
@@ -119,7 +127,9 @@ std::optional<Nodes> parse_tree(std::string_view text, const std::vector<Token>&
     return Parser(text, tokens).parse();
 }
 
-Nodes flat_nodes(std::string_view text, const std::vector<Token>& tokens) { return Parser(text, tokens).flat(); }
+Nodes flat_nodes(std::string_view text, const std::vector<Token>& tokens) {
+    return Parser(text, tokens).flat();
+}
 
 std::vector<Nodes> split_at_commas(const Nodes& nodes) {
     std::vector<Nodes> parts;

@@ -56,8 +56,8 @@ Node span(Nodes children);
 /// The name without its marks.
 std::string_view plain_name(const Node& node) noexcept;
 
-/// The tree of a statement; empty when parentheses or CASE … END do not match or nest too deep: such a text is the engine's
-/// to refuse.
+/// The tree of a statement; empty when parentheses or CASE … END do not match or nest too deep: such a text is the
+/// engine's to refuse.
 std::optional<Nodes> parse_tree(std::string_view text, const std::vector<Token>& tokens);
 
 /// The tokens one after the other, without structure.

@@ -42,26 +42,36 @@ using Database = std::unique_ptr<sqlite3, Database_closer>;
 const char* operator_text(int code) {
     switch (code & 0xFF) {
         case SQLITE_BUSY:
-        case SQLITE_LOCKED: return "La base de datos está ocupada por otro programa";
-        case SQLITE_READONLY: return "La base de datos es de solo lectura";
-        case SQLITE_FULL: return "No hay espacio en el disco para la base de datos";
-        case SQLITE_IOERR: return "Error al leer o escribir el archivo de la base de datos";
-        case SQLITE_CANTOPEN: return "No es posible abrir el archivo de la base de datos";
-        case SQLITE_NOTADB: return "El archivo no es una base de datos";
-        case SQLITE_CORRUPT: return "El archivo de la base de datos está dañado";
-        default: return nullptr;
+        case SQLITE_LOCKED:
+            return "La base de datos está ocupada por otro programa";
+        case SQLITE_READONLY:
+            return "La base de datos es de solo lectura";
+        case SQLITE_FULL:
+            return "No hay espacio en el disco para la base de datos";
+        case SQLITE_IOERR:
+            return "Error al leer o escribir el archivo de la base de datos";
+        case SQLITE_CANTOPEN:
+            return "No es posible abrir el archivo de la base de datos";
+        case SQLITE_NOTADB:
+            return "El archivo no es una base de datos";
+        case SQLITE_CORRUPT:
+            return "El archivo de la base de datos está dañado";
+        default:
+            return nullptr;
     }
 }
 
-// What concerns the file is said in the operator's language, with the engine's words after it; what concerns the statement
-// is said in the engine's words alone.
+// What concerns the file is said in the operator's language, with the engine's words after it; what concerns the
+// statement is said in the engine's words alone.
 std::string description(sqlite3* database, int code) {
     const std::string engine = database != nullptr ? sqlite3_errmsg(database) : sqlite3_errstr(code);
     const char* text = operator_text(code);
     return text == nullptr ? engine : std::string(text) + " (" + engine + ")";
 }
 
-[[noreturn]] void fail(sqlite3* database, int code) { throw Database_error(description(database, code)); }
+[[noreturn]] void fail(sqlite3* database, int code) {
+    throw Database_error(description(database, code));
+}
 
 void run(sqlite3* database, const std::string& text) {
     if (const int code = sqlite3_exec(database, text.c_str(), nullptr, nullptr, nullptr); code != SQLITE_OK)
@@ -91,9 +101,12 @@ void use_write_ahead_log(sqlite3* database, int timeout_ms) {
 
 const char* name_of(Synchronous synchronous) {
     switch (synchronous) {
-        case Synchronous::normal: return "NORMAL";
-        case Synchronous::off: return "OFF";
-        case Synchronous::full: break;
+        case Synchronous::normal:
+            return "NORMAL";
+        case Synchronous::off:
+            return "OFF";
+        case Synchronous::full:
+            break;
     }
     return "FULL";
 }
@@ -163,9 +176,15 @@ void add_row(Row_set& rows, sqlite3_stmt* statement) {
     const int count = sqlite3_column_count(statement);
     for (int column = 0; column < count; ++column) {
         switch (sqlite3_column_type(statement, column)) {
-            case SQLITE_INTEGER: rows.add(static_cast<std::int64_t>(sqlite3_column_int64(statement, column))); break;
-            case SQLITE_FLOAT: rows.add(sqlite3_column_double(statement, column)); break;
-            case SQLITE_NULL: rows.add_null(); break;
+            case SQLITE_INTEGER:
+                rows.add(static_cast<std::int64_t>(sqlite3_column_int64(statement, column)));
+                break;
+            case SQLITE_FLOAT:
+                rows.add(sqlite3_column_double(statement, column));
+                break;
+            case SQLITE_NULL:
+                rows.add_null();
+                break;
             default: {
                 const void* bytes = sqlite3_column_blob(statement, column);
                 const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement, column));
@@ -270,8 +289,8 @@ private:
 
     Statement try_prepare(const std::string& text) {
         sqlite3_stmt* raw = nullptr;
-        sqlite3_prepare_v3(database_.get(), text.data(), static_cast<int>(text.size() + 1), SQLITE_PREPARE_PERSISTENT, &raw,
-                           nullptr);
+        sqlite3_prepare_v3(database_.get(), text.data(), static_cast<int>(text.size() + 1), SQLITE_PREPARE_PERSISTENT,
+                           &raw, nullptr);
         return Statement(raw);
     }
 
@@ -374,16 +393,28 @@ std::string Sqlite_connection::translate(std::string_view text) const {
     return cuvexa::translate(text, tokens, sqlite_dialect()).with_literals();
 }
 
-std::int64_t Sqlite_connection::changes() const noexcept { return engine_ ? sqlite3_changes64(engine_->handle()) : 0; }
+std::int64_t Sqlite_connection::changes() const noexcept {
+    return engine_ ? sqlite3_changes64(engine_->handle()) : 0;
+}
 
-void Sqlite_connection::close() noexcept { engine_.reset(); }
+void Sqlite_connection::close() noexcept {
+    engine_.reset();
+}
 
-std::size_t Sqlite_connection::kept_statements() const noexcept { return engine_ ? engine_->kept() : 0; }
+std::size_t Sqlite_connection::kept_statements() const noexcept {
+    return engine_ ? engine_->kept() : 0;
+}
 
-std::uint64_t Sqlite_connection::translations() const noexcept { return engine_ ? engine_->translations() : 0; }
+std::uint64_t Sqlite_connection::translations() const noexcept {
+    return engine_ ? engine_->translations() : 0;
+}
 
-sqlite3* Sqlite_connection::handle() const noexcept { return engine_ ? engine_->handle() : nullptr; }
+sqlite3* Sqlite_connection::handle() const noexcept {
+    return engine_ ? engine_->handle() : nullptr;
+}
 
-sqlite3* open_sqlite(const std::string& path, const Sqlite_options& options) { return open_database(path, options).release(); }
+sqlite3* open_sqlite(const std::string& path, const Sqlite_options& options) {
+    return open_database(path, options).release();
+}
 
 }  // namespace cuvexa

@@ -25,10 +25,10 @@ Synchronous synchronous_named(std::string_view name);
 
 struct Sqlite_options {
     Synchronous synchronous = Synchronous::full;
-    int busy_timeout_ms = 10000;            ///< how long a statement waits for another program
-    bool create = false;                    ///< make the file when there is none
+    int busy_timeout_ms = 10000;  ///< how long a statement waits for another program
+    bool create = false;          ///< make the file when there is none
     bool read_only = false;
-    std::size_t kept_statements = 256;      ///< prepared statements kept, by shape
+    std::size_t kept_statements = 256;  ///< prepared statements kept, by shape
 };
 
 /// A SQLite file, or ":memory:". Used by one thread; several connections and programs may share a file.

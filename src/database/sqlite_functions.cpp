@@ -34,7 +34,8 @@ void single_final(sqlite3_context* context) {
 
 std::string_view text_of(sqlite3_value* value) {
     const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-    return text == nullptr ? std::string_view{} : std::string_view(text, static_cast<std::size_t>(sqlite3_value_bytes(value)));
+    return text == nullptr ? std::string_view{}
+                           : std::string_view(text, static_cast<std::size_t>(sqlite3_value_bytes(value)));
 }
 
 // The empty text is 1 January 1900, as it is for SQL Server. The engine is C: nothing may be thrown through it.
@@ -58,7 +59,8 @@ void install_functions(sqlite3* database) {
     const auto scalar = [&](const char* name, auto function) {
         return sqlite3_create_function_v2(database, name, 1, flags, nullptr, function, nullptr, nullptr, nullptr);
     };
-    const int failures = scalar("cuvexa_year", date_part<&Calendar::year>) | scalar("cuvexa_month", date_part<&Calendar::month>) |
+    const int failures = scalar("cuvexa_year", date_part<&Calendar::year>) |
+                         scalar("cuvexa_month", date_part<&Calendar::month>) |
                          scalar("cuvexa_day", date_part<&Calendar::day>) |
                          sqlite3_create_function_v2(database, "cuvexa_single", 1, flags, nullptr, nullptr, single_step,
                                                     single_final, nullptr);

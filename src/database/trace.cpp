@@ -18,12 +18,23 @@ std::int64_t microseconds_since(Clock::time_point start) {
 void append_escaped(std::string& out, char c) {
     constexpr char digits[] = "0123456789abcdef";
     switch (c) {
-        case '"': out += "\\\""; return;
-        case '\\': out += "\\\\"; return;
-        case '\n': out += "\\n"; return;
-        case '\r': out += "\\r"; return;
-        case '\t': out += "\\t"; return;
-        default: break;
+        case '"':
+            out += "\\\"";
+            return;
+        case '\\':
+            out += "\\\\";
+            return;
+        case '\n':
+            out += "\\n";
+            return;
+        case '\r':
+            out += "\\r";
+            return;
+        case '\t':
+            out += "\\t";
+            return;
+        default:
+            break;
     }
     if (static_cast<unsigned char>(c) >= 0x20) {
         out += c;
@@ -68,8 +79,9 @@ std::unique_ptr<Recordset> Traced_connection::execute(std::string_view text) {
 }
 
 void Traced_connection::write(std::string_view text, std::int64_t us, const std::string& rows, const char* error) {
-    *out_ << "{\"seq\":" + std::to_string(++sequence_) + ",\"text\":" + json_text(text) + ",\"us\":" + std::to_string(us) +
-                 ",\"rows\":" + rows + ",\"error\":" + (error == nullptr ? "null" : json_text(error)) + "}\n"
+    *out_ << "{\"seq\":" + std::to_string(++sequence_) + ",\"text\":" + json_text(text) +
+                 ",\"us\":" + std::to_string(us) + ",\"rows\":" + rows +
+                 ",\"error\":" + (error == nullptr ? "null" : json_text(error)) + "}\n"
           << std::flush;
 }
 

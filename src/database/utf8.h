@@ -6,10 +6,12 @@
 
 namespace cuvexa {
 
-/// Length of the UTF-8 sequence at `at`, or 0 when there is none: overlong forms, surrogates and what lies above U+10FFFF
-/// are none.
+/// Length of the UTF-8 sequence at `at`, or 0 when there is none: overlong forms, surrogates and what lies above
+/// U+10FFFF are none.
 constexpr std::size_t utf8_length(std::string_view text, std::size_t at) noexcept {
-    const auto byte = [&](std::size_t i) { return at + i < text.size() ? static_cast<unsigned char>(text[at + i]) : 0u; };
+    const auto byte = [&](std::size_t i) {
+        return at + i < text.size() ? static_cast<unsigned char>(text[at + i]) : 0u;
+    };
     const auto follows = [&](std::size_t i) { return (byte(i) & 0xC0u) == 0x80u; };
     const unsigned first = byte(0), second = byte(1);
     if (first < 0x80) return 1;

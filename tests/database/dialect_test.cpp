@@ -35,12 +35,15 @@ TEST_F(Dialect_on_sqlite, isnull_takes_the_second_value_for_null) {
 }
 
 TEST_F(Dialect_on_sqlite, plus_joins_texts_and_adds_numbers) {
-    EXPECT_THAT(v("SELECT Banco + ' - ' + Clave AS v FROM Cuenta ORDER BY Clave"), ElementsAre("BBVA - C1", "bbva - C2", "Otro - C3"));
+    EXPECT_THAT(v("SELECT Banco + ' - ' + Clave AS v FROM Cuenta ORDER BY Clave"),
+                ElementsAre("BBVA - C1", "bbva - C2", "Otro - C3"));
     EXPECT_THAT(v("SELECT 'CHEQUE-CA:' + Clave AS v FROM Cuenta WHERE Saldo = 100"), ElementsAre("CHEQUE-CA:C1"));
     EXPECT_THAT(v("SELECT N'ñ' + 'x' AS v"), ElementsAre("ñx"));
     EXPECT_THAT(v("SELECT ('a' + Clave) + Banco AS v FROM Cuenta WHERE Clave = 'C1'"), ElementsAre("aC1BBVA"));
-    EXPECT_THAT(v("SELECT ISNULL(Tipo, '') + ISNULL(Banco, '') AS v FROM Cuenta WHERE Clave = 'C1'"), ElementsAre("01BBVA"));
-    EXPECT_THAT(v("SELECT CASE WHEN 1 = 1 THEN 'a' ELSE 'b' END + Clave AS v FROM Cuenta WHERE Clave = 'C1'"), ElementsAre("aC1"));
+    EXPECT_THAT(v("SELECT ISNULL(Tipo, '') + ISNULL(Banco, '') AS v FROM Cuenta WHERE Clave = 'C1'"),
+                ElementsAre("01BBVA"));
+    EXPECT_THAT(v("SELECT CASE WHEN 1 = 1 THEN 'a' ELSE 'b' END + Clave AS v FROM Cuenta WHERE Clave = 'C1'"),
+                ElementsAre("aC1"));
     EXPECT_THAT(v("SELECT Saldo + 1 + Saldo AS v FROM Cuenta WHERE Clave = 'C1' AND Tipo + 0 = 1"), ElementsAre("201"));
     EXPECT_THAT(v("SELECT 'a' + NULL AS v"), ElementsAre("NULL"));
 }
@@ -55,7 +58,8 @@ TEST_F(Dialect_on_sqlite, a_signed_number_is_added_and_taken_away) {
 TEST_F(Dialect_on_sqlite, parts_of_a_date_are_read_from_every_form_of_date_text) {
     EXPECT_THAT(v("SELECT YEAR(Fecha) * 10000 + MONTH(Fecha) * 100 + DAY(Fecha) AS v FROM Cuenta ORDER BY Clave"),
                 ElementsAre("20240315", "20240315", "20231231"));
-    EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta WHERE MONTH(Cuenta.Fecha) = 3 AND YEAR(Cuenta.Fecha) = 2024"), ElementsAre("2"));
+    EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta WHERE MONTH(Cuenta.Fecha) = 3 AND YEAR(Cuenta.Fecha) = 2024"),
+                ElementsAre("2"));
     EXPECT_THAT(v("SELECT MONTH(NULL) AS v"), ElementsAre("NULL"));
     EXPECT_THAT(v("SELECT YEAR('') AS v"), ElementsAre("1900"));
     EXPECT_THAT(failure(db, "SELECT YEAR('mañana') AS v"), HasSubstr("convertir un texto en fecha"));
@@ -80,30 +84,38 @@ TEST_F(Dialect_on_sqlite, the_target_of_an_update_may_stand_anywhere_in_from_and
     EXPECT_THAT(v("SELECT Tipo AS v FROM Cuenta ORDER BY Clave"), ElementsAre("01", "02", "Otro banco"));
     run("UPDATE Cuenta SET Cuenta.Tipo = 'Z' FROM Cuenta WHERE Clave = 'c1'");
     EXPECT_THAT(v("SELECT Tipo AS v FROM Cuenta WHERE Clave = 'C1'"), ElementsAre("Z"));
-    run("UPDATE [Cuenta] SET [Cuenta].[Tipo] = 'Y' FROM Cuenta x, Banco WHERE Banco.Banco = x.Banco AND x.Clave = 'C2'");
+    run("UPDATE [Cuenta] SET [Cuenta].[Tipo] = 'Y' FROM Cuenta x, Banco WHERE Banco.Banco = x.Banco AND x.Clave = "
+        "'C2'");
     EXPECT_THAT(v("SELECT Tipo AS v FROM Cuenta WHERE Clave = 'C2'"), ElementsAre("Y"));
 }
 
 TEST_F(Dialect_on_sqlite, a_joined_update_finds_its_rows_by_their_index) {
-    const auto steps = plan(db, "UPDATE Cuenta SET Cuenta.Tipo = 'X' FROM Cuenta INNER JOIN Banco ON Banco.Banco = Cuenta.Banco "
-                                "WHERE Cuenta.Clave IN ('C1', 'C2')");
+    const auto steps =
+        plan(db,
+             "UPDATE Cuenta SET Cuenta.Tipo = 'X' FROM Cuenta INNER JOIN Banco ON Banco.Banco = Cuenta.Banco "
+             "WHERE Cuenta.Clave IN ('C1', 'C2')");
     EXPECT_THAT(steps, testing::Contains(HasSubstr("SEARCH Cuenta USING INDEX")));
     EXPECT_THAT(steps, Not(testing::Contains(HasSubstr("SCAN"))));
 }
 
 TEST_F(Dialect_on_sqlite, an_outer_join_of_the_target_is_left_to_the_engine_to_refuse) {
-    EXPECT_NE(failure(db, "UPDATE Cuenta SET Tipo = 'X' FROM Cuenta LEFT JOIN Banco ON Banco.Banco = Cuenta.Banco"), "");
+    EXPECT_NE(failure(db, "UPDATE Cuenta SET Tipo = 'X' FROM Cuenta LEFT JOIN Banco ON Banco.Banco = Cuenta.Banco"),
+              "");
 }
 
 TEST_F(Dialect_on_sqlite, a_scalar_sub_select_of_two_values_is_an_error_and_changes_nothing) {
     EXPECT_THAT(failure(db, "UPDATE Cuenta SET Tipo = (SELECT Tipo FROM Cuenta a WHERE a.Banco = Cuenta.Banco)"),
                 HasSubstr("más de un valor"));
-    EXPECT_THAT(failure(db, "UPDATE Cuenta SET Tipo = (SELECT DISTINCT CASE Tipo WHEN '01' THEN 'A' WHEN '02' THEN 'B' END "
-                            "FROM Cuenta a WHERE a.Banco = Cuenta.Banco)"),
+    EXPECT_THAT(failure(db,
+                        "UPDATE Cuenta SET Tipo = (SELECT DISTINCT CASE Tipo WHEN '01' THEN 'A' WHEN '02' THEN 'B' END "
+                        "FROM Cuenta a WHERE a.Banco = Cuenta.Banco)"),
                 HasSubstr("más de un valor"));
-    EXPECT_THAT(failure(db, "SELECT 1 FROM Banco WHERE Banco = (SELECT Banco FROM Cuenta)"), HasSubstr("más de un valor"));
-    EXPECT_THAT(failure(db, "SELECT (SELECT TOP 2 Clave FROM Cuenta ORDER BY Clave) AS v"), HasSubstr("más de un valor"));
-    EXPECT_THAT(failure(db, "SELECT (SELECT Clave FROM Cuenta UNION SELECT Banco FROM Banco) AS v"), HasSubstr("más de un valor"));
+    EXPECT_THAT(failure(db, "SELECT 1 FROM Banco WHERE Banco = (SELECT Banco FROM Cuenta)"),
+                HasSubstr("más de un valor"));
+    EXPECT_THAT(failure(db, "SELECT (SELECT TOP 2 Clave FROM Cuenta ORDER BY Clave) AS v"),
+                HasSubstr("más de un valor"));
+    EXPECT_THAT(failure(db, "SELECT (SELECT Clave FROM Cuenta UNION SELECT Banco FROM Banco) AS v"),
+                HasSubstr("más de un valor"));
     EXPECT_THAT(failure(db, "SELECT ISNULL((SELECT Clave FROM Cuenta), '') AS v"), HasSubstr("más de un valor"));
     EXPECT_THAT(failure(db, "SELECT (SELECT MAX(Clave) FROM Cuenta GROUP BY Tipo) AS v"), HasSubstr("más de un valor"));
     EXPECT_THAT(v("SELECT Tipo AS v FROM Cuenta ORDER BY Clave"), ElementsAre("01", "02", "01"));
@@ -122,17 +134,21 @@ TEST_F(Dialect_on_sqlite, a_scalar_sub_select_of_one_value_or_none_is_that_value
     EXPECT_THAT(v("SELECT (SELECT Clave AS x FROM Cuenta WHERE Saldo = 100) AS v"), ElementsAre("C1"));
     EXPECT_THAT(v("SELECT (SELECT MAX(Saldo) FROM Cuenta) AS v"), ElementsAre("100"));
     EXPECT_THAT(v("SELECT (SELECT TOP 1 Clave FROM Cuenta ORDER BY Clave DESC) AS v"), ElementsAre("C3"));
-    EXPECT_THAT(v("SELECT Banco AS v FROM Banco WHERE Banco = (SELECT Banco FROM Cuenta WHERE Clave = 'C2')"), ElementsAre("Bbva"));
+    EXPECT_THAT(v("SELECT Banco AS v FROM Banco WHERE Banco = (SELECT Banco FROM Cuenta WHERE Clave = 'C2')"),
+                ElementsAre("Bbva"));
     run("INSERT INTO Banco(Banco, Nombre) SELECT 'N', (SELECT Clave FROM Cuenta WHERE Clave = 'C1')");
     EXPECT_THAT(v("SELECT Nombre AS v FROM Banco WHERE Banco = 'N'"), ElementsAre("C1"));
 }
 
 TEST_F(Dialect_on_sqlite, a_sub_select_that_may_yield_many_rows_is_left_alone) {
-    EXPECT_THAT(v("SELECT Clave AS v FROM Cuenta WHERE Banco IN (SELECT Banco FROM Banco) ORDER BY 1"), ElementsAre("C1", "C2", "C3"));
+    EXPECT_THAT(v("SELECT Clave AS v FROM Cuenta WHERE Banco IN (SELECT Banco FROM Banco) ORDER BY 1"),
+                ElementsAre("C1", "C2", "C3"));
     EXPECT_THAT(v("SELECT Clave AS v FROM Cuenta WHERE Banco NOT IN (SELECT Banco FROM Banco)"), IsEmpty());
     EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta WHERE EXISTS (SELECT Banco FROM Banco)"), ElementsAre("3"));
-    EXPECT_THAT(v("SELECT COUNT(*) AS v FROM (SELECT Clave FROM Cuenta) t, (SELECT Banco FROM Banco) u"), ElementsAre("6"));
-    EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta INNER JOIN (SELECT Banco FROM Banco) b ON b.Banco = Cuenta.Banco"), ElementsAre("3"));
+    EXPECT_THAT(v("SELECT COUNT(*) AS v FROM (SELECT Clave FROM Cuenta) t, (SELECT Banco FROM Banco) u"),
+                ElementsAre("6"));
+    EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta INNER JOIN (SELECT Banco FROM Banco) b ON b.Banco = Cuenta.Banco"),
+                ElementsAre("3"));
     run("INSERT INTO Banco(Banco) SELECT Clave FROM Cuenta");
     EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Banco"), ElementsAre("5"));
     run("INSERT INTO Banco(Banco) (SELECT Clave + 'x' FROM Cuenta)");
@@ -140,7 +156,8 @@ TEST_F(Dialect_on_sqlite, a_sub_select_that_may_yield_many_rows_is_left_alone) {
 }
 
 TEST_F(Dialect_on_sqlite, a_select_to_insert_may_end_in_a_sub_select) {
-    const std::string once = "INSERT INTO Banco(Banco) SELECT 'U' WHERE NOT EXISTS (SELECT Banco FROM Banco WHERE Banco = 'U')";
+    const std::string once =
+        "INSERT INTO Banco(Banco) SELECT 'U' WHERE NOT EXISTS (SELECT Banco FROM Banco WHERE Banco = 'U')";
     run(once);
     run(once);
     EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Banco WHERE Banco = 'U'"), ElementsAre("1"));
@@ -159,30 +176,38 @@ TEST_F(Dialect_on_sqlite, stored_texts_compare_group_and_sort_without_regard_to_
 }
 
 TEST_F(Dialect_on_sqlite, computed_texts_compare_group_and_sort_without_regard_to_case) {
-    EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta WHERE (CASE WHEN Tipo = '09' THEN '' ELSE Banco END) = 'BBVA'"), ElementsAre("2"));
-    EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta WHERE CASE WHEN Tipo = '09' THEN '' ELSE Banco END IN ('BBVA')"), ElementsAre("2"));
+    EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta WHERE (CASE WHEN Tipo = '09' THEN '' ELSE Banco END) = 'BBVA'"),
+                ElementsAre("2"));
+    EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta WHERE CASE WHEN Tipo = '09' THEN '' ELSE Banco END IN ('BBVA')"),
+                ElementsAre("2"));
     EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta GROUP BY CASE WHEN Tipo = '09' THEN '' ELSE Banco END ORDER BY 1"),
                 ElementsAre("1", "2"));
     EXPECT_THAT(v("SELECT DISTINCT CASE WHEN Tipo = '09' THEN '' ELSE Banco END AS v FROM Cuenta"), testing::SizeIs(2));
-    EXPECT_THAT(v("SELECT Clave AS v, ISNULL(Banco, '') AS b FROM Cuenta ORDER BY b, Clave"), ElementsAre("C1", "C2", "C3"));
+    EXPECT_THAT(v("SELECT Clave AS v, ISNULL(Banco, '') AS b FROM Cuenta ORDER BY b, Clave"),
+                ElementsAre("C1", "C2", "C3"));
     EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta WHERE ISNULL(Banco, '') = 'BBVA'"), ElementsAre("2"));
     EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta WHERE Banco + 'x' = 'BBVAX'"), ElementsAre("2"));
     EXPECT_THAT(v("SELECT 1 AS v WHERE 'a' = 'A' AND 'a' IN ('A') AND N'b' BETWEEN 'A' AND 'C'"), ElementsAre("1"));
     EXPECT_THAT(v("SELECT 1 AS v WHERE (SELECT Clave FROM Cuenta WHERE Clave = 'C1') = 'c1'"), ElementsAre("1"));
-    EXPECT_THAT(v("SELECT CASE ISNULL(Banco, '') WHEN 'BBVA' THEN 'SI' ELSE 'NO' END AS v FROM Cuenta WHERE Clave = 'C2'"),
-                ElementsAre("SI"));
+    EXPECT_THAT(
+        v("SELECT CASE ISNULL(Banco, '') WHEN 'BBVA' THEN 'SI' ELSE 'NO' END AS v FROM Cuenta WHERE Clave = 'C2'"),
+        ElementsAre("SI"));
 }
 
 TEST_F(Dialect_on_sqlite, top_gives_the_first_rows) {
     EXPECT_THAT(v("SELECT TOP 2 Clave AS v FROM Cuenta ORDER BY Clave DESC"), ElementsAre("C3", "C2"));
     EXPECT_THAT(v("SELECT DISTINCT TOP (1) Tipo AS v FROM Cuenta ORDER BY Tipo"), ElementsAre("01"));
-    EXPECT_THAT(v("SELECT Clave AS v FROM Cuenta WHERE Clave IN (SELECT TOP 1 Clave FROM Cuenta ORDER BY Saldo)"), ElementsAre("C3"));
+    EXPECT_THAT(v("SELECT Clave AS v FROM Cuenta WHERE Clave IN (SELECT TOP 1 Clave FROM Cuenta ORDER BY Saldo)"),
+                ElementsAre("C3"));
 }
 
 TEST_F(Dialect_on_sqlite, output_gives_back_what_was_written) {
-    EXPECT_THAT(column(db, "Saldo", "UPDATE Cuenta SET Saldo = Saldo + 1 OUTPUT inserted.Saldo WHERE Clave = 'C1'"), ElementsAre("101"));
-    EXPECT_THAT(v("INSERT INTO Banco(Banco, Nombre) OUTPUT inserted.Nombre AS v VALUES ('Z', 'zeta')"), ElementsAre("zeta"));
-    EXPECT_THAT(v("INSERT INTO Banco(Banco, Nombre) OUTPUT inserted.Banco AS v SELECT Clave, Banco FROM Cuenta WHERE Clave = 'C1'"),
+    EXPECT_THAT(column(db, "Saldo", "UPDATE Cuenta SET Saldo = Saldo + 1 OUTPUT inserted.Saldo WHERE Clave = 'C1'"),
+                ElementsAre("101"));
+    EXPECT_THAT(v("INSERT INTO Banco(Banco, Nombre) OUTPUT inserted.Nombre AS v VALUES ('Z', 'zeta')"),
+                ElementsAre("zeta"));
+    EXPECT_THAT(v("INSERT INTO Banco(Banco, Nombre) OUTPUT inserted.Banco AS v SELECT Clave, Banco FROM Cuenta WHERE "
+                  "Clave = 'C1'"),
                 ElementsAre("C1"));
     EXPECT_THAT(v("DELETE FROM Banco OUTPUT deleted.Nombre AS v WHERE Banco = 'Z'"), ElementsAre("zeta"));
     EXPECT_THAT(column(db, "Saldo", "UPDATE Cuenta SET Saldo = 0 OUTPUT inserted.Saldo WHERE Clave = 'no'"), IsEmpty());
@@ -194,7 +219,8 @@ TEST_F(Dialect_on_sqlite, output_gives_back_what_was_written) {
 
 TEST_F(Dialect_on_sqlite, further_functions_have_their_sql_server_meaning) {
     EXPECT_THAT(v("SELECT LEN('año  ') AS v"), ElementsAre("3"));
-    EXPECT_THAT(v("SELECT LEFT('abcdef', 2) + RIGHT('abcdef', 2) + SUBSTRING('abcdef', 3, 2) AS v"), ElementsAre("abefcd"));
+    EXPECT_THAT(v("SELECT LEFT('abcdef', 2) + RIGHT('abcdef', 2) + SUBSTRING('abcdef', 3, 2) AS v"),
+                ElementsAre("abefcd"));
     EXPECT_THAT(v("SELECT CHARINDEX('B', 'abc') AS v"), ElementsAre("2"));
     EXPECT_THAT(v("SELECT CAST('12' AS int) + CONVERT(float, '0.5') AS v"), ElementsAre("12.5"));
     EXPECT_THAT(v("SELECT CAST(5 AS varchar(10)) + 'x' AS v"), ElementsAre("5x"));
@@ -202,15 +228,18 @@ TEST_F(Dialect_on_sqlite, further_functions_have_their_sql_server_meaning) {
 }
 
 TEST_F(Dialect_on_sqlite, owners_hints_and_words_left_out_are_taken) {
-    EXPECT_THAT(v("SELECT Clave AS v FROM [dbo].[Cuenta] WITH (NOLOCK) WHERE dbo.Cuenta.Clave = 'C1'"), ElementsAre("C1"));
+    EXPECT_THAT(v("SELECT Clave AS v FROM [dbo].[Cuenta] WITH (NOLOCK) WHERE dbo.Cuenta.Clave = 'C1'"),
+                ElementsAre("C1"));
     run("INSERT Banco(Banco) VALUES ('Q')");
     run("DELETE Banco WHERE Banco = 'Q'");
     EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Banco"), ElementsAre("2"));
 }
 
 TEST_F(Dialect_on_sqlite, tables_and_indexes_are_created_with_built_in_types_and_collations_only) {
-    run("CREATE TABLE [dbo].[T] (Id int IDENTITY(1,1) NOT NULL, A varchar(max) NOT NULL DEFAULT 'x', B [nvarchar](10) DEFAULT (N'y'), "
-        "C money DEFAULT 0, D bit, E datetime2(3) DEFAULT GETDATE(), CONSTRAINT PK_T PRIMARY KEY CLUSTERED (A, B)) ON [PRIMARY]");
+    run("CREATE TABLE [dbo].[T] (Id int IDENTITY(1,1) NOT NULL, A varchar(max) NOT NULL DEFAULT 'x', B [nvarchar](10) "
+        "DEFAULT (N'y'), "
+        "C money DEFAULT 0, D bit, E datetime2(3) DEFAULT GETDATE(), CONSTRAINT PK_T PRIMARY KEY CLUSTERED (A, B)) ON "
+        "[PRIMARY]");
     run("CREATE UNIQUE NONCLUSTERED INDEX IX_T ON dbo.T (C DESC, D) INCLUDE (E)");
     EXPECT_THAT(column(db, "sql", "SELECT sql FROM sqlite_master WHERE name = 'T' OR name = 'IX_T' ORDER BY name"),
                 ElementsAre("CREATE UNIQUE INDEX IX_T ON T ( C DESC , D )",
@@ -247,7 +276,8 @@ TEST_F(Dialect_on_sqlite, what_is_malformed_fails_with_the_words_of_the_engine) 
 }
 
 TEST_F(Dialect_on_sqlite, a_quote_in_a_value_breaks_the_statement_and_smuggles_nothing_in) {
-    for (const std::string value : {"O'Brien", "x'; DROP TABLE Banco; --", "x' DELETE FROM Banco WHERE 'a'='a", "x'--", "'"}) {
+    for (const std::string value :
+         {"O'Brien", "x'; DROP TABLE Banco; --", "x' DELETE FROM Banco WHERE 'a'='a", "x'--", "'"}) {
         EXPECT_NE(failure(db, "INSERT INTO Banco(Banco) VALUES ('" + value + "')"), "") << value;
         EXPECT_NE(failure(db, "SELECT * FROM Banco WHERE Banco = '" + value + "'"), "") << value;
     }

@@ -54,8 +54,8 @@ class Database_file {
 public:
     Database_file() {
         const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-        folder_ = std::filesystem::temp_directory_path() /
-                  ("cuvexa-" + std::string(test->test_suite_name()) + "-" + test->name() + "-" + std::to_string(::getpid()));
+        folder_ = std::filesystem::temp_directory_path() / ("cuvexa-" + std::string(test->test_suite_name()) + "-" +
+                                                            test->name() + "-" + std::to_string(::getpid()));
         std::filesystem::remove_all(folder_);
         std::filesystem::create_directories(folder_);
     }

@@ -95,8 +95,8 @@ TEST(Lexer, a_nul_byte_is_refused_anywhere) {
 }
 
 TEST(Lexer, malformed_utf8_is_refused_anywhere) {
-    for (const char* bytes : {"\xFF", "\xC3", "\x80", "\xC0\xAF", "\xE0\x80\x80", "\xED\xA0\x80", "\xF5\x80\x80\x80", "\xF0\x8F\x80\x80",
-                              "\xF4\x90\x80\x80", "\xE2\x82"}) {
+    for (const char* bytes : {"\xFF", "\xC3", "\x80", "\xC0\xAF", "\xE0\x80\x80", "\xED\xA0\x80", "\xF5\x80\x80\x80",
+                              "\xF0\x8F\x80\x80", "\xF4\x90\x80\x80", "\xE2\x82"}) {
         EXPECT_THAT(refusal("SELECT '" + std::string(bytes) + "'"), HasSubstr("UTF-8")) << bytes;
         EXPECT_THAT(refusal("SELECT a" + std::string(bytes)), HasSubstr("UTF-8")) << bytes;
     }

@@ -65,7 +65,10 @@ TEST_F(Script, a_transaction_keeps_what_it_commits) {
         db.execute("INSERT INTO T VALUES ('a')");
         transaction.commit();
     }
-    { const Unit_of_work undone(db); db.execute("INSERT INTO T VALUES ('b')"); }
+    {
+        const Unit_of_work undone(db);
+        db.execute("INSERT INTO T VALUES ('b')");
+    }
     EXPECT_THAT(rows(), ElementsAre("a"));
 }
 

@@ -95,7 +95,8 @@ TEST_F(Sqlite, a_recordset_outlives_its_connection) {
 
 TEST_F(Sqlite, numbers_are_taken_as_they_are_written) {
     EXPECT_THAT(v("SELECT 1E+15 AS v"), ElementsAre("1E+15"));
-    for (const char* number : {"0.1", "1E+15", "123456789.123457", "1.7976931348623157E+308", "4.9406564584124654E-324", ".5", "5."}) {
+    for (const char* number :
+         {"0.1", "1E+15", "123456789.123457", "1.7976931348623157E+308", "4.9406564584124654E-324", ".5", "5."}) {
         db.execute("DELETE FROM T");
         db.execute("INSERT INTO T(Id, Numero) VALUES (1, -" + std::string(number) + ")");
         EXPECT_EQ(db.execute("SELECT Numero FROM T")->field("Numero"), Value(-std::strtod(number, nullptr))) << number;
@@ -112,7 +113,8 @@ TEST_F(Sqlite, texts_are_taken_byte_by_byte) {
         EXPECT_EQ(db.execute("SELECT Texto FROM T")->field("Texto"), Value(text));
     }
     db.execute("UPDATE T SET Texto = 'O''Brien''' WHERE Id = 1");
-    EXPECT_EQ(db.execute("SELECT Texto FROM T WHERE Texto = 'O''BRIEN'''")->field("Texto"), Value(std::string("O'Brien'")));
+    EXPECT_EQ(db.execute("SELECT Texto FROM T WHERE Texto = 'O''BRIEN'''")->field("Texto"),
+              Value(std::string("O'Brien'")));
 }
 
 TEST_F(Sqlite, a_text_of_ten_megabytes_goes_in_and_comes_out) {
@@ -137,7 +139,8 @@ TEST_F(Sqlite, a_list_of_many_literals_is_taken) {
 
 TEST_F(Sqlite, statements_that_differ_in_literals_only_are_translated_once) {
     const auto before = db.translations();
-    for (int i = 0; i < 50; ++i) db.execute("INSERT INTO T(Id, Texto) VALUES (" + std::to_string(i) + ", 'n" + std::to_string(i) + "')");
+    for (int i = 0; i < 50; ++i)
+        db.execute("INSERT INTO T(Id, Texto) VALUES (" + std::to_string(i) + ", 'n" + std::to_string(i) + "')");
     EXPECT_EQ(db.translations(), before + 1);
     EXPECT_THAT(v("SELECT COUNT(*) AS v FROM T WHERE Texto = 'n' + CAST(Id AS varchar(5))"), ElementsAre("50"));
 }
@@ -160,7 +163,9 @@ TEST_F(Sqlite, the_position_of_a_column_is_no_literal_that_may_vary) {
 }
 
 TEST_F(Sqlite, an_expression_with_literals_groups_as_it_is_selected) {
-    for (int i = 0; i < 4; ++i) db.execute("INSERT INTO T(Id, Texto, Numero) VALUES (" + std::to_string(i) + ", 'x', " + std::to_string(i % 2) + ")");
+    for (int i = 0; i < 4; ++i)
+        db.execute("INSERT INTO T(Id, Texto, Numero) VALUES (" + std::to_string(i) + ", 'x', " + std::to_string(i % 2) +
+                   ")");
     EXPECT_THAT(v("SELECT CASE WHEN Numero = 1 THEN 'uno' ELSE 'otro' END AS v, COUNT(*) AS n FROM T "
                   "GROUP BY CASE WHEN Numero = 1 THEN 'uno' ELSE 'otro' END ORDER BY v"),
                 ElementsAre("otro", "uno"));
@@ -275,7 +280,8 @@ TEST(Sqlite_file, a_file_that_is_no_database_is_said_to_be_none_and_is_left_as_i
     const Database_file file;
     const std::string content = std::string(5000, 'x');
     std::ofstream(file.path()) << content;
-    EXPECT_EQ(opening_failure(file.path()), "El archivo no es una base de datos (file is not a database): " + file.path());
+    EXPECT_EQ(opening_failure(file.path()),
+              "El archivo no es una base de datos (file is not a database): " + file.path());
     std::ifstream in(file.path());
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), content);
 }
@@ -284,7 +290,8 @@ TEST(Sqlite_file, a_folder_and_a_missing_folder_cannot_be_opened) {
     EXPECT_THAT(opening_failure("/"), StartsWith("No es posible abrir el archivo de la base de datos"));
     Sqlite_options options;
     options.create = true;
-    EXPECT_THAT(opening_failure("/no/existe/x.db", options), StartsWith("No es posible abrir el archivo de la base de datos"));
+    EXPECT_THAT(opening_failure("/no/existe/x.db", options),
+                StartsWith("No es posible abrir el archivo de la base de datos"));
 }
 
 TEST(Sqlite_file, a_file_opened_for_reading_is_not_written) {
@@ -325,7 +332,8 @@ TEST(Sqlite_file, a_file_held_by_another_program_is_waited_for_and_then_said_to_
     Sqlite_connection holder = file.open(), other = file.open(1);
     holder.execute("CREATE TABLE T (A int)");
     holder.execute("BEGIN TRANSACTION");
-    EXPECT_THAT(failure(other, "INSERT INTO T VALUES (1)"), StartsWith("La base de datos está ocupada por otro programa"));
+    EXPECT_THAT(failure(other, "INSERT INTO T VALUES (1)"),
+                StartsWith("La base de datos está ocupada por otro programa"));
     EXPECT_THAT(column(other, "v", "SELECT COUNT(*) AS v FROM T"), ElementsAre("0"));
     holder.execute("COMMIT");
     other.execute("INSERT INTO T VALUES (1)");
@@ -340,7 +348,8 @@ TEST(Sqlite_file, writers_at_once_lose_no_update_and_see_no_number_twice) {
     const auto take = [&](std::vector<std::string>& into) {
         Sqlite_connection db = file.open(60000);
         for (int i = 0; i < 100; ++i) {
-            const auto rows = db.execute("UPDATE Folio SET Siguiente = Siguiente + 1 OUTPUT inserted.Siguiente WHERE Serie = 'A'");
+            const auto rows =
+                db.execute("UPDATE Folio SET Siguiente = Siguiente + 1 OUTPUT inserted.Siguiente WHERE Serie = 'A'");
             into.push_back(to_text(rows->field("Siguiente")));
         }
     };
@@ -386,7 +395,8 @@ TEST(Sqlite_file, any_sqlite_program_reads_and_indexes_the_file) {
     }
     sqlite3* bare = nullptr;
     ASSERT_EQ(sqlite3_open(file.path().c_str(), &bare), SQLITE_OK);
-    EXPECT_EQ(sqlite3_exec(bare, "INSERT INTO T(A) VALUES ('dos'); REINDEX; SELECT * FROM T WHERE A = 'UNO'", nullptr, nullptr, nullptr),
+    EXPECT_EQ(sqlite3_exec(bare, "INSERT INTO T(A) VALUES ('dos'); REINDEX; SELECT * FROM T WHERE A = 'UNO'", nullptr,
+                           nullptr, nullptr),
               SQLITE_OK)
         << sqlite3_errmsg(bare);
     sqlite3_close(bare);
@@ -398,7 +408,8 @@ TEST(Sqlite_file, a_bare_handle_runs_the_translated_text_on_equal_terms) {
     db.execute("CREATE TABLE T (A varchar(10), B datetime)");
     db.execute("INSERT INTO T VALUES ('x', '2024-03-15')");
     sqlite3* bare = open_sqlite(file.path());
-    const std::string text = db.translate("UPDATE T SET A = (SELECT A + 'y' FROM T t WHERE t.A = T.A) WHERE MONTH(B) = 3");
+    const std::string text =
+        db.translate("UPDATE T SET A = (SELECT A + 'y' FROM T t WHERE t.A = T.A) WHERE MONTH(B) = 3");
     EXPECT_EQ(sqlite3_exec(bare, text.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(bare);
     sqlite3_close(bare);
     EXPECT_THAT(column(db, "A", "SELECT A FROM T"), ElementsAre("xy"));

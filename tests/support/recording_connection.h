@@ -33,7 +33,8 @@ public:
         fail_at_ = 0;
     }
 
-    /// The n-th statement (from 1, counted since the start or the last `clear`) does not reach the database and fails so.
+    /// The n-th statement (from 1, counted since the start or the last `clear`) does not reach the database and fails
+    /// so.
     void fail_at(std::size_t n, std::string description = "Falla provocada") {
         fail_at_ = n;
         failure_ = std::move(description);
