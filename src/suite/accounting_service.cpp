@@ -15,7 +15,8 @@ constexpr std::string_view module_name = "CONTABILIDAD";
 
 bool Reference_accounting::IsPostingEnabled(const std::string& document_code) {
     last_error_.clear();
-    const Rows rows = context_->query("SELECT Ct_Automatica FROM Configuracion_Contable WHERE Ct_Codigo = '{}'", document_code);
+    const Rows rows =
+        context_->query("SELECT Ct_Automatica FROM Configuracion_Contable WHERE Ct_Codigo = '{}'", document_code);
     return !rows.eof() && rows.text("Ct_Automatica") == "SI";
 }
 
@@ -27,8 +28,8 @@ bool Reference_accounting::PostDocument(const std::string& document_code, const 
         std::erase_if(voucher.entries, [](const Entry& entry) { return entry.amount == 0; });
         if (keeps_voucher(document_code, folio, voucher)) return;
         refuse_if(context_->is_period_closed(voucher.date, module_name),
-                  "El período contable del: {}, está cerrado; ábralo para contabilizar {}: {}", short_date(voucher.date),
-                  document_code, folio);
+                  "El período contable del: {}, está cerrado; ábralo para contabilizar {}: {}",
+                  short_date(voucher.date), document_code, folio);
         if (!voucher.entries.empty()) write(document_code, folio, voucher);
     });
 }
@@ -57,13 +58,15 @@ Voucher Reference_accounting::voucher_of(const std::string& document_code, const
 Voucher Reference_accounting::of_receipt(const std::string& folio) {
     Rows rows = context_->query(
         "SELECT Recibo_Pago.Rp_Fecha, Recibo_Pago.Mn_Cve_Moneda, Recibo_Pago.Rp_Tipo_Cambio, "
-        "Forma_Pago.Fp_Cuenta_Contable, Forma_Pago.Fp_Descripcion, Sucursal.Sc_Cuenta_Contable, Sucursal.Em_Cve_Empresa, "
+        "Forma_Pago.Fp_Cuenta_Contable, Forma_Pago.Fp_Descripcion, Sucursal.Sc_Cuenta_Contable, "
+        "Sucursal.Em_Cve_Empresa, "
         "SUM(Recibo_Pago.Rp_Importe) AS Importe FROM Recibo_Pago "
         "INNER JOIN Forma_Pago ON Forma_Pago.Fp_Cve_Forma_Pago = Recibo_Pago.Fp_Cve_Forma_Pago "
         "INNER JOIN Sucursal ON Sucursal.Sc_Cve_Sucursal = Recibo_Pago.Sc_Cve_Sucursal "
         "WHERE Recibo_Pago.Rp_Folio = '{}' AND Recibo_Pago.Es_Cve_Estado <> 'CA' "
         "GROUP BY Recibo_Pago.Rp_Fecha, Recibo_Pago.Mn_Cve_Moneda, Recibo_Pago.Rp_Tipo_Cambio, "
-        "Forma_Pago.Fp_Cuenta_Contable, Forma_Pago.Fp_Descripcion, Sucursal.Sc_Cuenta_Contable, Sucursal.Em_Cve_Empresa",
+        "Forma_Pago.Fp_Cuenta_Contable, Forma_Pago.Fp_Descripcion, Sucursal.Sc_Cuenta_Contable, "
+        "Sucursal.Em_Cve_Empresa",
         folio);
     refuse_if(rows.eof(), "No se encontró el recibo de caja: {}, por contabilizar", folio);
     Voucher voucher{rows.text("Em_Cve_Empresa"), rows.date("Rp_Fecha"), "Recibo de caja " + folio, {}};
@@ -131,7 +134,8 @@ Voucher Reference_accounting::of_deposit(const std::string& folio) {
 /// The account of the check's type, or else of its beneficiary, against money on its way out of the bank.
 Voucher Reference_accounting::of_check(const std::string& folio) {
     const Rows rows = context_->query(
-        "SELECT Cheque.Ch_Fecha, Cheque.Ch_Importe, Cheque.Ch_Tipo_Cambio, Cheque.Ch_Concepto, Cheque.Ch_Transferencia, "
+        "SELECT Cheque.Ch_Fecha, Cheque.Ch_Importe, Cheque.Ch_Tipo_Cambio, Cheque.Ch_Concepto, "
+        "Cheque.Ch_Transferencia, "
         "Cheque.Ch_Solicitar_Valor, Tipo_Cheque.Tc_Solicitar, Tipo_Cheque.Tc_Cuenta_Contable, Sucursal.Em_Cve_Empresa "
         "FROM Cheque INNER JOIN Tipo_Cheque ON Tipo_Cheque.Tc_Cve_Tipo_Cheque = Cheque.Tc_Cve_Tipo_Cheque "
         "INNER JOIN Sucursal ON Sucursal.Sc_Cve_Sucursal = Cheque.Sc_Cve_Sucursal "
@@ -167,18 +171,22 @@ double Reference_accounting::local_amount(double amount, const std::string& curr
 std::string Reference_accounting::account_or(const std::string& account, std::string_view configured_column,
                                              std::string_view code) {
     if (!account.empty()) return account;
-    const Rows rows = context_->query("SELECT {} FROM Configuracion_Contable WHERE Ct_Codigo = '{}'", Raw{configured_column}, code);
+    const Rows rows =
+        context_->query("SELECT {} FROM Configuracion_Contable WHERE Ct_Codigo = '{}'", Raw{configured_column}, code);
     const std::string configured = rows.eof() ? std::string() : rows.text(configured_column);
     refuse_if(configured.empty(),
-              "No hay cuenta contable para {}; asígnela en el catálogo o en la configuración contable del documento", code);
+              "No hay cuenta contable para {}; asígnela en el catálogo o en la configuración contable del documento",
+              code);
     return configured;
 }
 
-/// True when the document's voucher stands as it should. One that does not is cancelled, so that another can be written.
+/// True when the document's voucher stands as it should. One that does not is cancelled, so that another can be
+/// written.
 bool Reference_accounting::keeps_voucher(const std::string& document_code, const std::string& folio,
                                          const Voucher& voucher) {
     const Rows old = context_->query(
-        "SELECT Poliza.Pz_Folio, Poliza.Pz_Fecha, Poliza.Es_Cve_Estado, SUM(Poliza_Detalle.Pzd_Cargo) AS Cargos FROM Poliza "
+        "SELECT Poliza.Pz_Folio, Poliza.Pz_Fecha, Poliza.Es_Cve_Estado, SUM(Poliza_Detalle.Pzd_Cargo) AS Cargos FROM "
+        "Poliza "
         "INNER JOIN Poliza_Detalle ON Poliza_Detalle.Pz_Folio = Poliza.Pz_Folio "
         "WHERE Poliza.Pz_Documento = '{}' AND Poliza.Pz_Tabla = '{}' AND Poliza.Es_Cve_Estado <> 'CA' "
         "GROUP BY Poliza.Pz_Folio, Poliza.Pz_Fecha, Poliza.Es_Cve_Estado",
@@ -193,8 +201,8 @@ bool Reference_accounting::keeps_voucher(const std::string& document_code, const
 
 void Reference_accounting::cancel_voucher(const std::string& voucher_folio, Date date, const std::string& state,
                                           const std::string& document) {
-    refuse_if(state == "CE", "La póliza: {}, de {}, está cerrada; ábrala en contabilidad antes de continuar", voucher_folio,
-              document);
+    refuse_if(state == "CE", "La póliza: {}, de {}, está cerrada; ábrala en contabilidad antes de continuar",
+              voucher_folio, document);
     refuse_if(context_->is_period_closed(date, module_name),
               "El período contable de la póliza: {}, de {}, está cerrado; ábralo en contabilidad antes de continuar",
               voucher_folio, document);
@@ -223,7 +231,8 @@ void Reference_accounting::write(const std::string& document_code, const std::st
         write_line(reversed ? entry.debit_account : entry.credit_account, entry.text, 0, amount);
     }
     context_->execute(
-        "INSERT INTO Poliza (Pz_Folio, Em_Cve_Empresa, Pz_Fecha, Pz_Tabla, Pz_Documento, Pz_Concepto, Oper_Alta, Fecha_Alta, "
+        "INSERT INTO Poliza (Pz_Folio, Em_Cve_Empresa, Pz_Fecha, Pz_Tabla, Pz_Documento, Pz_Concepto, Oper_Alta, "
+        "Fecha_Alta, "
         "Oper_Ult_Modif, Fecha_Ult_Modif, Es_Cve_Estado) "
         "VALUES ('{}', '{}', '{}', '{}', '{}', '{}', '{}', '{}', '{}', '{}', 'AC')",
         voucher_folio, voucher.company, context_->day_text(voucher.date), document_code, folio, voucher.text,

@@ -22,8 +22,8 @@ struct Voucher {
     std::vector<Entry> entries;
 };
 
-/// Posts RECIBO_PAGO, BANCO_MOVIMIENTO, DEPOSITO_PAGO and CHEQUE. The debits of a live voucher equal its credits, to the
-/// cent, and a document has at most one live voucher.
+/// Posts RECIBO_PAGO, BANCO_MOVIMIENTO, DEPOSITO_PAGO and CHEQUE. The debits of a live voucher equal its credits, to
+/// the cent, and a document has at most one live voucher.
 class Reference_accounting : public AccountingService {
 public:
     explicit Reference_accounting(std::shared_ptr<Suite_context> context) : context_(std::move(context)) {}
@@ -31,12 +31,12 @@ public:
     bool IsPostingEnabled(const std::string& document_code) override;
 
     /// A document that is posted already keeps its voucher while the amounts are the same; otherwise the old voucher is
-    /// cancelled and another one written. Refuses an unknown document or code, a missing ledger account, a closed voucher
-    /// with other amounts, and a date in a closed period of CONTABILIDAD.
+    /// cancelled and another one written. Refuses an unknown document or code, a missing ledger account, a closed
+    /// voucher with other amounts, and a date in a closed period of CONTABILIDAD.
     bool PostDocument(const std::string& document_code, const std::string& folio, const std::string& company) override;
 
-    /// Cancels the document's open voucher and answers True, also when there is none. Refuses when the voucher is closed or
-    /// its date lies in a closed period of CONTABILIDAD.
+    /// Cancels the document's open voucher and answers True, also when there is none. Refuses when the voucher is
+    /// closed or its date lies in a closed period of CONTABILIDAD.
     bool ValidateVoucherCancellation(const std::string& document_code, const std::string& folio) override;
 
     std::string LastError() override { return last_error_; }
@@ -54,7 +54,8 @@ private:
     std::string account_or(const std::string& account, std::string_view configured_column, std::string_view code);
 
     bool keeps_voucher(const std::string& document_code, const std::string& folio, const Voucher& voucher);
-    void cancel_voucher(const std::string& voucher_folio, Date date, const std::string& state, const std::string& document);
+    void cancel_voucher(const std::string& voucher_folio, Date date, const std::string& state,
+                        const std::string& document);
     void write(const std::string& document_code, const std::string& folio, const Voucher& voucher);
 
     std::shared_ptr<Suite_context> context_;

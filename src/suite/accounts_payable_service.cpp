@@ -53,8 +53,9 @@ bool Reference_payables::CreateSupplierAdvance(const Supplier_advance& advance, 
                                           .amount = -advance.amount,
                                           .reference = advance.reference,
                                           .comment = advance.concept_text});
-        context_->execute("UPDATE Cuenta_x_Pagar SET Ch_Folio = '{}', Bc_Cve_Banco_Cuenta = '{}' WHERE Cxp_Folio = '{}'",
-                          advance.check_folio, advance.bank_account, payable_folio);
+        context_->execute(
+            "UPDATE Cuenta_x_Pagar SET Ch_Folio = '{}', Bc_Cve_Banco_Cuenta = '{}' WHERE Cxp_Folio = '{}'",
+            advance.check_folio, advance.bank_account, payable_folio);
     });
 }
 
@@ -96,7 +97,8 @@ bool Reference_payables::ValidateAdvanceCancellation(const std::string& advance_
             refuse_if(ledger_.has_live_payments(folio),
                       "El anticipo a proveedor: {}, ya está aplicado; cancele antes sus pagos", folio);
             refuse_if(context_->is_posted(advance_code, folio),
-                      "El anticipo a proveedor: {}, está contabilizado; cancele antes su registro en contabilidad", folio);
+                      "El anticipo a proveedor: {}, está contabilizado; cancele antes su registro en contabilidad",
+                      folio);
         }
     });
 }

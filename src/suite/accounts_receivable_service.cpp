@@ -8,9 +8,13 @@
 namespace cuvexa {
 namespace {
 
-double whole_units(double amount) { return std::trunc(std::abs(cents(amount))); }
+double whole_units(double amount) {
+    return std::trunc(std::abs(cents(amount)));
+}
 
-double first_given(double a, double b, double c) { return a != 0 ? a : b != 0 ? b : c; }
+double first_given(double a, double b, double c) {
+    return a != 0 ? a : b != 0 ? b : c;
+}
 
 }  // namespace
 
@@ -123,17 +127,16 @@ bool Reference_receivables::RegisterPayment(const Receivable_payment& payment) {
         refuse_if(payment.validate_balance && beyond,
                   "El pago: {}, es mayor al saldo: {}, de la cuenta por cobrar: {}; pague a lo más el saldo", amount,
                   cents(account.balance), account.folio);
-        const std::string id =
-            ledger_.pay(account, {.date = payment.date,
-                                  .amount = account.amount < 0 ? -payment.amount : payment.amount,
-                                  .currency = payment.currency,
-                                  .exchange_rate = payment.exchange_rate,
-                                  .source_table = payment.source_table,
-                                  .source_document = payment.source_document,
-                                  .reference = payment.reference,
-                                  .concept_text = payment.concept_text,
-                                  .payment_method = payment.payment_method,
-                                  .affects_balance = payment.update_balance});
+        const std::string id = ledger_.pay(account, {.date = payment.date,
+                                                     .amount = account.amount < 0 ? -payment.amount : payment.amount,
+                                                     .currency = payment.currency,
+                                                     .exchange_rate = payment.exchange_rate,
+                                                     .source_table = payment.source_table,
+                                                     .source_document = payment.source_document,
+                                                     .reference = payment.reference,
+                                                     .concept_text = payment.concept_text,
+                                                     .payment_method = payment.payment_method,
+                                                     .affects_balance = payment.update_balance});
         if (payment.register_document) context_->register_document("PAGO_CXC", account.folio + ":" + id);
     });
 }
@@ -143,14 +146,14 @@ bool Reference_receivables::DocumentCheck(const std::string& document_code, cons
         if (same_text(document_code, "ANTICIPO_CXC")) {
             const Rows advance = context_->query("SELECT Es_Cve_Estado FROM Anticipo_Cxc WHERE An_Folio = '{}'", folio);
             refuse_if(advance.eof(), "El anticipo: {}, no existe; verifique el folio", folio);
-            refuse_if(advance.text("Es_Cve_Estado") == "CA", "El anticipo: {}, está cancelado; sus pagos no pueden cambiar",
-                      folio);
+            refuse_if(advance.text("Es_Cve_Estado") == "CA",
+                      "El anticipo: {}, está cancelado; sus pagos no pueden cambiar", folio);
         }
         refuse_if(context_->is_posted(document_code, folio),
                   "{}: {}, está contabilizado; cancele antes su registro en contabilidad", document_code, folio);
         refuse_if(context_->is_period_closed(context_->now(), receivable_names.module),
-                  "El período de CUENTAS_X_COBRAR está cerrado; ábralo para cancelar los pagos de {}: {}", document_code,
-                  folio);
+                  "El período de CUENTAS_X_COBRAR está cerrado; ábralo para cancelar los pagos de {}: {}",
+                  document_code, folio);
     });
 }
 
@@ -161,12 +164,14 @@ void Reference_receivables::require_customer(const std::string& customer) {
 
 double Reference_receivables::pay_open_receivables(const Receipt_application& receipt) {
     const Rows named = context_->query(
-        "SELECT TOP 1 Rp_Tabla, Rp_Documento FROM Recibo_Pago WHERE Rp_Folio = '{}' AND Rp_Tabla <> '' AND Rp_Documento <> '' "
+        "SELECT TOP 1 Rp_Tabla, Rp_Documento FROM Recibo_Pago WHERE Rp_Folio = '{}' AND Rp_Tabla <> '' AND "
+        "Rp_Documento <> '' "
         "ORDER BY Rp_Id",
         receipt.folio);
     std::string condition;
     if (!named.eof()) {
-        condition = sql(" AND Cxc_Tabla = '{}' AND Cxc_Documento = '{}'", named.text("Rp_Tabla"), named.text("Rp_Documento"));
+        condition =
+            sql(" AND Cxc_Tabla = '{}' AND Cxc_Documento = '{}'", named.text("Rp_Tabla"), named.text("Rp_Documento"));
     }
     Rows open = context_->query(
         "SELECT Cxc_Folio FROM Cuenta_x_Cobrar WHERE Cl_Cve_Cliente = '{}' AND Mn_Cve_Moneda = '{}' AND "

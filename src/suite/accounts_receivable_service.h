@@ -1,8 +1,8 @@
 // Accounts receivable over `Cuenta_x_Cobrar`, `Pago_Cxc` and `Anticipo_Cxc`.
 //
-// After every operation the balance of a receivable equals its amount less its live payments, and its payments are numbered
-// without gaps. An advance stands among the receivables ('ANTICIPO_CXC', the advance's folio as document) with negative
-// figures, and so do its payments.
+// After every operation the balance of a receivable equals its amount less its live payments, and its payments are
+// numbered without gaps. An advance stands among the receivables ('ANTICIPO_CXC', the advance's folio as document) with
+// negative figures, and so do its payments.
 #pragma once
 
 #include "suite/receivable_ledger.h"
@@ -14,13 +14,14 @@ public:
     explicit Reference_receivables(std::shared_ptr<Suite_context> context)
         : context_(std::move(context)), ledger_(*context_) {}
 
-    /// Pays the receivables of the document that the receipt names, or, when it names none, the customer's open receivables
-    /// of that currency, oldest first; what is left is kept as an advance of the receipt. Refuses an unknown or retired
-    /// customer and an amount that is not positive.
+    /// Pays the receivables of the document that the receipt names, or, when it names none, the customer's open
+    /// receivables of that currency, oldest first; what is left is kept as an advance of the receipt. Refuses an
+    /// unknown or retired customer and an amount that is not positive.
     bool ApplyReceipt(const Receipt_application& receipt) override;
 
-    /// Refuses an unknown or retired customer or currency, no amount, a rate that is not positive, a first balance other than
-    /// the amount, a closed folio series. The amount is the net price, or where that is not given the net or the total.
+    /// Refuses an unknown or retired customer or currency, no amount, a rate that is not positive, a first balance
+    /// other than the amount, a closed folio series. The amount is the net price, or where that is not given the net or
+    /// the total.
     bool CreateReceivable(const Receivable& receivable) override;
 
     /// Creates the receivable of an expense to be justified, unless it has one already. Refuses an unknown or cancelled
@@ -38,12 +39,12 @@ public:
 
     bool CancelPayment(const std::string& receivable_folio, const std::string& payment_id) override;
 
-    /// Refuses an unknown, cancelled or withdrawn receivable, an amount that is not positive, and, where the balance is to be
-    /// validated, more than the balance: both are compared by their whole units.
+    /// Refuses an unknown, cancelled or withdrawn receivable, an amount that is not positive, and, where the balance is
+    /// to be validated, more than the balance: both are compared by their whole units.
     bool RegisterPayment(const Receivable_payment& payment) override;
 
-    /// For an advance: refuses an unknown or cancelled one. For any document: refuses one posted by hand, and all while the
-    /// period of CUENTAS_X_COBRAR of today is closed.
+    /// For an advance: refuses an unknown or cancelled one. For any document: refuses one posted by hand, and all while
+    /// the period of CUENTAS_X_COBRAR of today is closed.
     bool DocumentCheck(const std::string& document_code, const std::string& folio) override;
 
     std::string LastError() override { return last_error_; }

@@ -69,7 +69,9 @@ std::string escaped(std::string_view text) {
     return out;
 }
 
-double cents(double amount) { return std::round(amount * 100) / 100; }
+double cents(double amount) {
+    return std::round(amount * 100) / 100;
+}
 
 std::string Suite_context::day_text(Date date) const {
     const Calendar day = calendar(date);
@@ -83,8 +85,8 @@ std::string Suite_context::time_text(Date date) const {
     const Calendar t = calendar(date);
     const char separator = options_.date_style == Date_style::iso ? ' ' : 'T';
     char text[80];
-    std::snprintf(text, sizeof text, "%04d-%02d-%02d%c%02d:%02d:%02d", t.year, t.month, t.day, separator, t.hour, t.minute,
-                  t.second);
+    std::snprintf(text, sizeof text, "%04d-%02d-%02d%c%02d:%02d:%02d", t.year, t.month, t.day, separator, t.hour,
+                  t.minute, t.second);
     return text;
 }
 
@@ -93,7 +95,8 @@ std::string Suite_context::look_up(std::string_view column, std::string_view key
     std::string more;
     if (has_state(table)) more += " AND Es_Cve_Estado <> 'BA'";
     if (!condition.empty()) more.append(" AND (").append(condition).append(")");
-    const Rows rows = query("SELECT {} FROM {} WHERE {} = '{}'{}", Raw{column}, Raw{table}, Raw{key_column}, key, Raw{more});
+    const Rows rows =
+        query("SELECT {} FROM {} WHERE {} = '{}'{}", Raw{column}, Raw{table}, Raw{key_column}, key, Raw{more});
     return rows.eof() ? std::string() : rows.text(column);
 }
 
@@ -104,7 +107,8 @@ std::string Suite_context::parameter(std::string_view name, std::string_view fal
 
 std::string Suite_context::next_folio(const std::string& branch, const std::string& document_code, std::string& why) {
     const std::string code = upper(document_code);
-    // One statement takes the number, so that two sessions never get the same one. The second round is for a new series.
+    // One statement takes the number, so that two sessions never get the same one. The second round is for a new
+    // series.
     for (int round = 0; round < 2; ++round) {
         const Rows taken = query(
             "UPDATE Folio_Serie SET Fs_Ultimo = Fs_Ultimo + 1 OUTPUT inserted.Fs_Ultimo "
@@ -140,21 +144,25 @@ void Suite_context::register_document(std::string_view document_code, std::strin
 }
 
 bool Suite_context::is_posted(std::string_view document_code, std::string_view folio) {
-    return !query("SELECT Dt_Documento FROM Documento_Contabilizado WHERE Dt_Documento = '{}' AND Dt_Tabla = '{}'", folio,
-                  document_code)
+    return !query("SELECT Dt_Documento FROM Documento_Contabilizado WHERE Dt_Documento = '{}' AND Dt_Tabla = '{}'",
+                  folio, document_code)
                 .eof();
 }
 
 std::string Suite_context::period_state(Date date, std::string_view module) {
     const Calendar day = calendar(date);
-    const Rows rows = query(
-        "SELECT Po_Estado FROM Periodo_Operativo WHERE Po_Modulo = '{}' AND Po_Ejercicio = {} AND Po_Mes = {}", module,
-        day.year, day.month);
+    const Rows rows =
+        query("SELECT Po_Estado FROM Periodo_Operativo WHERE Po_Modulo = '{}' AND Po_Ejercicio = {} AND Po_Mes = {}",
+              module, day.year, day.month);
     return rows.eof() ? std::string() : rows.text("Po_Estado");
 }
 
-bool Suite_context::is_period_open(Date date, std::string_view module) { return period_state(date, module) == "AB"; }
+bool Suite_context::is_period_open(Date date, std::string_view module) {
+    return period_state(date, module) == "AB";
+}
 
-bool Suite_context::is_period_closed(Date date, std::string_view module) { return period_state(date, module) == "CE"; }
+bool Suite_context::is_period_closed(Date date, std::string_view module) {
+    return period_state(date, module) == "CE";
+}
 
 }  // namespace cuvexa

@@ -49,13 +49,19 @@ void refuse_if(bool condition, Holes<std::type_identity_t<Arguments>...> message
 /// A text value as it stands between the quotes of a statement.
 std::string escaped(std::string_view text);
 
-inline std::string_view sql_piece(Raw raw) { return raw.text; }
+inline std::string_view sql_piece(Raw raw) {
+    return raw.text;
+}
 template <std::convertible_to<std::string_view> Text>
 std::string sql_piece(const Text& text) {
     return escaped(text);
 }
-inline double sql_piece(double number) { return number; }
-inline int sql_piece(int number) { return number; }
+inline double sql_piece(double number) {
+    return number;
+}
+inline int sql_piece(int number) {
+    return number;
+}
 
 /// A statement with its holes filled: texts escaped, names and conditions as they stand.
 template <class... Arguments>
@@ -94,8 +100,8 @@ public:
     }
 
     /// `column` of the active row of `table` whose key equals; empty when there is none. `condition` is SQL or empty.
-    std::string look_up(std::string_view column, std::string_view key_column, std::string_view key, std::string_view table,
-                        std::string_view condition = {});
+    std::string look_up(std::string_view column, std::string_view key_column, std::string_view key,
+                        std::string_view table, std::string_view condition = {});
 
     /// A system parameter as text, or `fallback` when it is absent.
     std::string parameter(std::string_view name, std::string_view fallback = {});

@@ -2,8 +2,9 @@
 
 namespace cuvexa {
 
-std::string Reference_data::LookupValue(const std::string& column, const std::string& key_column, const std::string& key,
-                                        const std::string& table, const std::string& condition) {
+std::string Reference_data::LookupValue(const std::string& column, const std::string& key_column,
+                                        const std::string& key, const std::string& table,
+                                        const std::string& condition) {
     last_error_.clear();
     return context_->look_up(column, key_column, key, table, condition);
 }

@@ -14,8 +14,9 @@ public:
 
     Date GetServerDate() override { return context_->now(); }
 
-    /// Folios read "RP-MTY-00000001": the document's prefix, the branch when there is one, and a number of at least eight
-    /// digits. A series begins by itself and belongs to one branch and one document code, whatever the case of the code.
+    /// Folios read "RP-MTY-00000001": the document's prefix, the branch when there is one, and a number of at least
+    /// eight digits. A series begins by itself and belongs to one branch and one document code, whatever the case of
+    /// the code.
     std::string GetNextFolio(const std::string& branch, const std::string& document_code) override;
 
     bool IsOperatingPeriodOpen(Date date, const std::string& module) override;

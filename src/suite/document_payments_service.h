@@ -9,8 +9,8 @@ class Reference_document_payments : public DocumentPaymentsService {
 public:
     explicit Reference_document_payments(std::shared_ptr<Suite_context> context) : context_(std::move(context)) {}
 
-    /// Cancels the live payments of the document. Those of a cash receipt are left alone: whoever cancels a receipt decides
-    /// about its payments one by one, or keeps the receipt because it is applied.
+    /// Cancels the live payments of the document. Those of a cash receipt are left alone: whoever cancels a receipt
+    /// decides about its payments one by one, or keeps the receipt because it is applied.
     bool CancelDocumentPayments(const std::string& document_code, const std::string& folio) override;
 
     std::string LastError() override { return last_error_; }

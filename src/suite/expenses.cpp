@@ -36,7 +36,8 @@ void link_advance_to_check(Reference_suite& suite, const std::string& check_foli
         check_folio);
     const std::string now = context.stamp();
     context.execute(
-        "INSERT INTO Gasto_x_Comprobar_Documento (Gc_Documento, Gc_Tabla, Gcd_ID, Cxc_Folio, Cxc_Importe, Cxc_Tipo_Cambio, "
+        "INSERT INTO Gasto_x_Comprobar_Documento (Gc_Documento, Gc_Tabla, Gcd_ID, Cxc_Folio, Cxc_Importe, "
+        "Cxc_Tipo_Cambio, "
         "Oper_Alta, Fecha_Alta, Oper_Ult_Modif, Fecha_Ult_Modif, Es_Cve_Estado) "
         "VALUES ('{}', 'CHEQUE', '{}', '{}', {}, {}, '{}', '{}', '{}', '{}', 'AC')",
         check_folio, four_digits(static_cast<int>(count.number("Lineas")) + 1), advance_folio, amount, exchange_rate,

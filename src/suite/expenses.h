@@ -20,8 +20,8 @@ struct Expense_record {
     std::string reference = {};
 };
 
-/// Registers the advance ('GASTO_REGISTRO') with its receivable and gives its folio. Throws `Database_error` when the debtor
-/// is unknown or the amount is not positive.
+/// Registers the advance ('GASTO_REGISTRO') with its receivable and gives its folio. Throws `Database_error` when the
+/// debtor is unknown or the amount is not positive.
 std::string register_expense_advance(Reference_suite& suite, const Expense_record& record);
 
 /// Sets `amount` of an advance against the expense of a check: what applying the check will use.

@@ -10,7 +10,8 @@ namespace cuvexa {
 std::optional<Account> Ledger::find(std::string_view folio) {
     const Raw prefix{names_.prefix};
     const Rows rows = context_.query(
-        "SELECT {}_Tabla AS Tabla, {}_Documento AS Documento, Es_Cve_Estado, Mn_Cve_Moneda, {}_Tipo_Cambio AS Tipo_Cambio, "
+        "SELECT {}_Tabla AS Tabla, {}_Documento AS Documento, Es_Cve_Estado, Mn_Cve_Moneda, {}_Tipo_Cambio AS "
+        "Tipo_Cambio, "
         "{}_Precio_Neto_Importe AS Importe, {}_Precio_Neto_Saldo AS Saldo FROM {} WHERE {}_Folio = '{}'",
         prefix, prefix, prefix, prefix, prefix, Raw{names_.accounts}, prefix, folio);
     if (rows.eof()) return std::nullopt;
@@ -27,12 +28,14 @@ std::optional<Account> Ledger::find(std::string_view folio) {
 Account Ledger::require(std::string_view folio) {
     std::optional<Account> account = find(folio);
     refuse_if(!account, "La {}: {}, no existe; verifique el folio", names_.noun, folio);
-    refuse_if(account->cancelled() || account->withdrawn(), "La {}: {}, está cancelada; elija otra", names_.noun, folio);
+    refuse_if(account->cancelled() || account->withdrawn(), "La {}: {}, está cancelada; elija otra", names_.noun,
+              folio);
     return *std::move(account);
 }
 
 std::string Ledger::open(const New_account& account) {
-    refuse_if(std::abs(account.amount) < tolerance, "El importe de la {} no puede ser cero; indique un importe", names_.noun);
+    refuse_if(std::abs(account.amount) < tolerance, "El importe de la {} no puede ser cero; indique un importe",
+              names_.noun);
     refuse_if(!(account.exchange_rate > 0), "El tipo de cambio: {}, de la {} no es válido; indique uno mayor que cero",
               shown_number(account.exchange_rate), names_.noun);
     refuse_if(context_.look_up("Mn_Descripcion", "Mn_Cve_Moneda", account.currency, "Moneda").empty(),
@@ -46,7 +49,8 @@ std::string Ledger::open(const New_account& account) {
         "INSERT INTO {} ({}_Folio, {}_Tabla, {}_Documento, {}_Fecha, {}_Fecha_Vencimiento, Sc_Cve_Sucursal, {}, "
         "Mn_Cve_Moneda, {}_Tipo_Cambio, {}_Importe, {}_Neto, {}_Precio_Neto_Importe, {}_Precio_Neto_Pago, "
         "{}_Precio_Neto_Saldo, {}_Referencia, {}_Comentario, Oper_Alta, Fecha_Alta, Oper_Ult_Modif, Fecha_Ult_Modif) "
-        "VALUES ('{}', '{}', '{}', '{}', '{}', '{}', '{}', '{}', {}, {}, {}, {}, 0, {}, '{}', '{}', '{}', '{}', '{}', '{}')",
+        "VALUES ('{}', '{}', '{}', '{}', '{}', '{}', '{}', '{}', {}, {}, {}, {}, 0, {}, '{}', '{}', '{}', '{}', '{}', "
+        "'{}')",
         Raw{names_.accounts}, prefix, prefix, prefix, prefix, prefix, Raw{names_.party}, prefix, prefix, prefix, prefix,
         prefix, prefix, prefix, prefix, folio, account.source_table, document, context_.day_text(account.date),
         context_.day_text(account.due_date), account.branch, account.party, account.currency, account.exchange_rate,
@@ -69,9 +73,11 @@ std::string Ledger::pay(const Account& account, const New_payment& payment) {
     const std::string now = context_.stamp();
     context_.execute(
         "INSERT INTO {} ({}_Folio, Pc_ID, Pc_Fecha, Pc_Importe, Mn_Cve_Moneda, Pc_Tipo_Cambio, Pc_Importe_Pago, "
-        "Mn_Cve_Moneda_Pago, Pc_Tipo_Cambio_Pago, Pc_Tabla, Pc_Documento, Pc_Referencia, Pc_Concepto, Fp_Cve_Forma_Pago, "
+        "Mn_Cve_Moneda_Pago, Pc_Tipo_Cambio_Pago, Pc_Tabla, Pc_Documento, Pc_Referencia, Pc_Concepto, "
+        "Fp_Cve_Forma_Pago, "
         "Pc_Afecta_Saldo, Oper_Alta, Fecha_Alta, Oper_Ult_Modif, Fecha_Ult_Modif, Es_Cve_Estado) "
-        "VALUES ('{}', '{}', '{}', {}, '{}', {}, {}, '{}', {}, '{}', '{}', '{}', '{}', '{}', '{}', '{}', '{}', '{}', '{}', 'AC')",
+        "VALUES ('{}', '{}', '{}', {}, '{}', {}, {}, '{}', {}, '{}', '{}', '{}', '{}', '{}', '{}', '{}', '{}', '{}', "
+        "'{}', 'AC')",
         Raw{names_.payments}, Raw{names_.prefix}, account.folio, id, context_.day_text(payment.date), amount,
         account.currency, rate, payment.amount, payment.currency, payment.exchange_rate, payment.source_table,
         payment.source_document, payment.reference, payment.concept_text, payment.payment_method,
@@ -86,21 +92,23 @@ void Ledger::cancel_payment(const std::string& folio, const std::string& payment
     refuse_if(account->cancelled(), "La {}: {}, está cancelada; sus pagos ya no pueden cancelarse", names_.noun, folio);
     const Rows payment = context_.query("SELECT Es_Cve_Estado FROM {} WHERE {}_Folio = '{}' AND Pc_ID = '{}'",
                                         Raw{names_.payments}, Raw{names_.prefix}, folio, payment_id);
-    refuse_if(payment.eof(), "El pago: {}, de la {}: {}, no existe; verifique el número", payment_id, names_.noun, folio);
-    refuse_if(payment.text("Es_Cve_Estado") == "CA", "El pago: {}, de la {}: {}, ya está cancelado", payment_id, names_.noun,
+    refuse_if(payment.eof(), "El pago: {}, de la {}: {}, no existe; verifique el número", payment_id, names_.noun,
               folio);
+    refuse_if(payment.text("Es_Cve_Estado") == "CA", "El pago: {}, de la {}: {}, ya está cancelado", payment_id,
+              names_.noun, folio);
     refuse_if(context_.is_posted(names_.payments, folio + ":" + payment_id),
               "El pago: {}, de la {}: {}, está contabilizado; cancele antes su registro en contabilidad", payment_id,
               names_.noun, folio);
     refuse_if(context_.is_period_closed(context_.now(), names_.module),
-              "El período de {} está cerrado; ábralo para cancelar el pago: {}, de la {}: {}", names_.module, payment_id,
-              names_.noun, folio);
+              "El período de {} está cerrado; ábralo para cancelar el pago: {}, de la {}: {}", names_.module,
+              payment_id, names_.noun, folio);
     mark_payment_cancelled(folio, payment_id);
 }
 
 bool Ledger::has_live_payments(std::string_view folio) {
-    return !context_.query("SELECT Pc_ID FROM {} WHERE {}_Folio = '{}' AND Es_Cve_Estado <> 'CA'", Raw{names_.payments},
-                           Raw{names_.prefix}, folio)
+    return !context_
+                .query("SELECT Pc_ID FROM {} WHERE {}_Folio = '{}' AND Es_Cve_Estado <> 'CA'", Raw{names_.payments},
+                       Raw{names_.prefix}, folio)
                 .eof();
 }
 
@@ -117,7 +125,8 @@ std::vector<std::string> Ledger::of_document(std::string_view source_table, std:
 
 void Ledger::require_unpaid(const std::vector<std::string>& folios) {
     for (const std::string& folio : folios) {
-        refuse_if(has_live_payments(folio), "La {}: {}, tiene pagos aplicados; cancele antes sus pagos", names_.noun, folio);
+        refuse_if(has_live_payments(folio), "La {}: {}, tiene pagos aplicados; cancele antes sus pagos", names_.noun,
+                  folio);
         refuse_if(context_.is_posted(names_.code, folio),
                   "La {}: {}, está contabilizada; cancele antes su registro en contabilidad", names_.noun, folio);
     }
@@ -141,7 +150,8 @@ void Ledger::update_balance(std::string_view folio) {
     context_.execute(
         "UPDATE {} SET {}_Precio_Neto_Pago = {}, {}_Precio_Neto_Saldo = {}_Precio_Neto_Importe - {}, "
         "Oper_Ult_Modif = '{}', Fecha_Ult_Modif = '{}' WHERE {}_Folio = '{}'",
-        Raw{names_.accounts}, prefix, Raw{paid}, prefix, prefix, Raw{paid}, context_.user(), context_.stamp(), prefix, folio);
+        Raw{names_.accounts}, prefix, Raw{paid}, prefix, prefix, Raw{paid}, context_.user(), context_.stamp(), prefix,
+        folio);
 }
 
 void Ledger::mark_payment_cancelled(std::string_view folio, std::string_view payment_id) {

@@ -67,17 +67,19 @@ public:
     /// The account, that may still be paid: an unknown, cancelled or withdrawn one is refused.
     Account require(std::string_view folio);
 
-    /// Writes an account with its full balance and gives its folio. No amount, no rate or an unknown currency is refused.
+    /// Writes an account with its full balance and gives its folio. No amount, no rate or an unknown currency is
+    /// refused.
     std::string open(const New_account& account);
 
     /// An amount in the account's own currency.
-    static double in_currency_of(const Account& account, double amount, std::string_view currency, double exchange_rate);
+    static double in_currency_of(const Account& account, double amount, std::string_view currency,
+                                 double exchange_rate);
 
     /// Writes a payment, moves the balance and gives the payment's number.
     std::string pay(const Account& account, const New_payment& payment);
 
-    /// Cancels a payment and gives its amount back to the balance. An unknown or cancelled payment, one posted by hand and
-    /// one of a cancelled account are refused, and so are all while the module's period of today is closed.
+    /// Cancels a payment and gives its amount back to the balance. An unknown or cancelled payment, one posted by hand
+    /// and one of a cancelled account are refused, and so are all while the module's period of today is closed.
     void cancel_payment(const std::string& folio, const std::string& payment_id);
 
     bool has_live_payments(std::string_view folio);

@@ -2,9 +2,10 @@
 
 namespace cuvexa {
 
-bool Reference_payment_methods::ValidatePaymentLine(const std::string& payment_method, const std::string& reference_number,
-                                                    const std::string& bank, double, const std::string&,
-                                                    const std::string&, const std::string&, const std::string&) {
+bool Reference_payment_methods::ValidatePaymentLine(const std::string& payment_method,
+                                                    const std::string& reference_number, const std::string& bank,
+                                                    double, const std::string&, const std::string&, const std::string&,
+                                                    const std::string&) {
     return serve(last_error_, [&] {
         const Rows method = context_->query(
             "SELECT Fp_Descripcion, Fp_Requiere_Banco, Fp_Requiere_Referencia FROM Forma_Pago "

@@ -10,9 +10,10 @@ public:
     explicit Reference_payment_methods(std::shared_ptr<Suite_context> context) : context_(std::move(context)) {}
 
     /// Refuses an unknown or retired method, and a line without the bank or the reference that its method requires.
-    bool ValidatePaymentLine(const std::string& payment_method, const std::string& reference_number, const std::string& bank,
-                             double amount, const std::string& document_code, const std::string& folio,
-                             const std::string& reference, const std::string& comment) override;
+    bool ValidatePaymentLine(const std::string& payment_method, const std::string& reference_number,
+                             const std::string& bank, double amount, const std::string& document_code,
+                             const std::string& folio, const std::string& reference,
+                             const std::string& comment) override;
 
     /// Nothing is held for a payment line here, so that releasing one always succeeds.
     bool ReleasePaymentLine(const std::string& payment_method, const std::string& reference_number,

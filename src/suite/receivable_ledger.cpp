@@ -18,8 +18,8 @@ void Receivable_ledger::cancel_payment(const std::string& folio, const std::stri
     const Account account = *find(folio);
     if (same_text(account.source_table, advance_code)) {
         if (!reference.empty()) {
-            cancel_where(sql("Pc_Documento = '{}' AND Pc_Tabla = '{}' AND Pc_Referencia = '{}'", account.source_document,
-                             advance_code, reference));
+            cancel_where(sql("Pc_Documento = '{}' AND Pc_Tabla = '{}' AND Pc_Referencia = '{}'",
+                             account.source_document, advance_code, reference));
         }
         reopen_advance(account.source_document);
     } else if (same_text(payment.text("Pc_Tabla"), advance_code)) {
@@ -45,7 +45,8 @@ std::string Receivable_ledger::open_advance(const New_account& advance) {
 
     context_.execute(
         "INSERT INTO Anticipo_Cxc (An_Folio, An_Tabla, An_Documento, An_Fecha, Sc_Cve_Sucursal, Cl_Cve_Cliente, "
-        "Mn_Cve_Moneda, An_Tipo_Cambio, An_Importe, An_Referencia, An_Comentario, Oper_Alta, Fecha_Alta, Oper_Ult_Modif, "
+        "Mn_Cve_Moneda, An_Tipo_Cambio, An_Importe, An_Referencia, An_Comentario, Oper_Alta, Fecha_Alta, "
+        "Oper_Ult_Modif, "
         "Fecha_Ult_Modif, Es_Cve_Estado) "
         "VALUES ('{}', '{}', '{}', '{}', '{}', '{}', '{}', {}, {}, '{}', '{}', '{}', '{}', '{}', '{}', 'AC')",
         folio, advance.source_table, advance.source_document, context_.day_text(advance.date), advance.branch,
@@ -56,7 +57,8 @@ std::string Receivable_ledger::open_advance(const New_account& advance) {
 
 void Receivable_ledger::require_unused_advance(const std::string& advance_folio) {
     for (const std::string& own : of_document(advance_code, advance_folio)) {
-        refuse_if(has_live_payments(own), "El anticipo: {}, ya está aplicado; cancele antes su aplicación", advance_folio);
+        refuse_if(has_live_payments(own), "El anticipo: {}, ya está aplicado; cancele antes su aplicación",
+                  advance_folio);
     }
     refuse_if(context_.is_posted(advance_code, advance_folio),
               "El anticipo: {}, está contabilizado; cancele antes su registro en contabilidad", advance_folio);
@@ -72,7 +74,8 @@ void Receivable_ledger::cancel_advance(const std::string& advance_folio) {
 }
 
 void Receivable_ledger::cancel_where(std::string_view condition) {
-    Rows payments = context_.query("SELECT Cxc_Folio, Pc_ID FROM Pago_Cxc WHERE {} AND Es_Cve_Estado <> 'CA'", Raw{condition});
+    Rows payments =
+        context_.query("SELECT Cxc_Folio, Pc_ID FROM Pago_Cxc WHERE {} AND Es_Cve_Estado <> 'CA'", Raw{condition});
     for (; !payments.eof(); payments.next()) {
         mark_payment_cancelled(payments.text("Cxc_Folio"), payments.text("Pc_ID"));
     }

@@ -9,8 +9,8 @@ class Receivable_ledger : public Ledger {
 public:
     explicit Receivable_ledger(Suite_context& context) : Ledger(context, receivable_names) {}
 
-    /// Cancels a payment. One that applied an advance has two halves, on the receivable that was paid and on the advance's
-    /// own; they share their reference and go together, and the advance may be used again.
+    /// Cancels a payment. One that applied an advance has two halves, on the receivable that was paid and on the
+    /// advance's own; they share their reference and go together, and the advance may be used again.
     void cancel_payment(const std::string& folio, const std::string& payment_id);
 
     /// Registers an advance of a document with its receivable and gives its folio.

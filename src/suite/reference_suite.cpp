@@ -15,11 +15,19 @@ Reference_suite::Reference_suite(Connection& connection, Suite_options options)
 
 Reference_suite::~Reference_suite() = default;
 
-void Reference_suite::set_server_date(std::optional<Date> date) { context_->set_server_date(date); }
-void Reference_suite::set_user(std::string user) { context_->set_user(std::move(user)); }
+void Reference_suite::set_server_date(std::optional<Date> date) {
+    context_->set_server_date(date);
+}
+void Reference_suite::set_user(std::string user) {
+    context_->set_user(std::move(user));
+}
 
-std::shared_ptr<SessionServices> Reference_suite::session() { return std::make_shared<Reference_session>(context_); }
-std::shared_ptr<DataServices> Reference_suite::data() { return std::make_shared<Reference_data>(context_); }
+std::shared_ptr<SessionServices> Reference_suite::session() {
+    return std::make_shared<Reference_session>(context_);
+}
+std::shared_ptr<DataServices> Reference_suite::data() {
+    return std::make_shared<Reference_data>(context_);
+}
 
 std::shared_ptr<PaymentMethodService> Reference_suite::payment_methods() {
     return std::make_shared<Reference_payment_methods>(context_);

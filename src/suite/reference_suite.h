@@ -35,7 +35,8 @@ struct Suite_options {
     std::optional<Date> server_date = {};  ///< the server date stands still here; without it, the clock of this machine
     Date_style date_style = Date_style::iso;
     std::function<void(const Reported_error&)> report_error = {};  ///< without it, one line on standard error
-    Connection* own_connection = nullptr;  ///< where the suite runs its own statements; without it, the session's connection
+    Connection* own_connection =
+        nullptr;  ///< where the suite runs its own statements; without it, the session's connection
 };
 
 class Suite_context;

@@ -8,12 +8,14 @@ namespace cuvexa {
 namespace {
 
 bool reads_true(std::string_view text) {
-    return text == "1" || text == "-1" || same_text(text, "SI") || same_text(text, "TRUE") || same_text(text, "VERDADERO");
+    return text == "1" || text == "-1" || same_text(text, "SI") || same_text(text, "TRUE") ||
+           same_text(text, "VERDADERO");
 }
 
 }  // namespace
 
-Value Reference_session::GetParameter(const std::string& name, int, const std::string& type, const std::string& fallback) {
+Value Reference_session::GetParameter(const std::string& name, int, const std::string& type,
+                                      const std::string& fallback) {
     std::string text = context_->parameter(name, fallback);
     if (same_text(type, "B")) return reads_true(text);
     return text;

@@ -12,7 +12,8 @@ public:
     Connection& GetConnection() override { return context_->session_connection(); }
 
     /// A Boolean parameter ("B") is True when it reads SI, 1, -1, TRUE or VERDADERO, whatever the case.
-    Value GetParameter(const std::string& name, int flag, const std::string& type, const std::string& fallback) override;
+    Value GetParameter(const std::string& name, int flag, const std::string& type,
+                       const std::string& fallback) override;
 
     std::string GetUserName() override { return context_->user(); }
     std::string GetServerId() override;

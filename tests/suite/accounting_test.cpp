@@ -18,7 +18,8 @@ protected:
             "('BM-IN', 'SRR-MXN', '1102-01', '2024-03-15', 'DEP', 150, 'MXN', 1), "
             "('BM-OUT', 'SRR-MXN', '1102-01', '2024-03-15', 'CHQ', -195, 'MXN', 19.5), "
             "('BM-USD', 'SRR-USD', '1103-01', '2024-03-15', 'CHQ', -10, 'USD', 19.5)");
-        sql("INSERT INTO Cheque (Ch_Folio, Tc_Cve_Tipo_Cheque, Ch_Fecha, Sc_Cve_Sucursal, Ch_Solicitar_Valor, Ch_Importe, "
+        sql("INSERT INTO Cheque (Ch_Folio, Tc_Cve_Tipo_Cheque, Ch_Fecha, Sc_Cve_Sucursal, Ch_Solicitar_Valor, "
+            "Ch_Importe, "
             "Ch_Tipo_Cambio, Ch_Concepto) VALUES ('CH-1', '0001', '2024-03-15', 'MTY', 'PV01', 10, 19.5, 'Pago')");
     }
     /// Lines of the document's live voucher: "account debit credit".
@@ -26,10 +27,13 @@ protected:
         std::vector<std::string> all;
         Rows rows(connection.execute(
             "SELECT Pzd_Cuenta_Contable, Pzd_Cargo, Pzd_Abono FROM Poliza INNER JOIN Poliza_Detalle ON "
-            "Poliza_Detalle.Pz_Folio = Poliza.Pz_Folio WHERE Pz_Documento = '" + document + "' AND "
+            "Poliza_Detalle.Pz_Folio = Poliza.Pz_Folio WHERE Pz_Documento = '" +
+            document +
+            "' AND "
             "Es_Cve_Estado <> 'CA' ORDER BY Pzd_ID"));
         for (; !rows.eof(); rows.next()) {
-            all.push_back(rows.text("Pzd_Cuenta_Contable") + " " + rows.text("Pzd_Cargo") + " " + rows.text("Pzd_Abono"));
+            all.push_back(rows.text("Pzd_Cuenta_Contable") + " " + rows.text("Pzd_Cargo") + " " +
+                          rows.text("Pzd_Abono"));
         }
         return all;
     }
@@ -106,7 +110,8 @@ TEST_F(Accounting, a_closed_voucher_with_other_amounts_is_not_replaced) {
     EXPECT_TRUE(post("RECIBO_PAGO", "RP-1")) << "the same amounts need no other";
     sql("UPDATE Recibo_Pago SET Rp_Importe = 300 WHERE Rp_Id = '0003'");
     EXPECT_FALSE(post("RECIBO_PAGO", "RP-1"));
-    EXPECT_EQ(error, "La póliza: PZ-00000001, de RECIBO_PAGO: RP-1, está cerrada; ábrala en contabilidad antes de continuar");
+    EXPECT_EQ(error,
+              "La póliza: PZ-00000001, de RECIBO_PAGO: RP-1, está cerrada; ábrala en contabilidad antes de continuar");
 }
 
 TEST_F(Accounting, what_cannot_be_posted_is_refused) {
@@ -158,13 +163,15 @@ TEST_F(Accounting, a_closed_voucher_or_period_holds_the_document) {
     ASSERT_TRUE(post("RECIBO_PAGO", "RP-1"));
     set_voucher_closed(connection, "PZ-00000001", true);
     EXPECT_FALSE(let_go("RECIBO_PAGO", "RP-1"));
-    EXPECT_EQ(error, "La póliza: PZ-00000001, de RECIBO_PAGO: RP-1, está cerrada; ábrala en contabilidad antes de continuar");
+    EXPECT_EQ(error,
+              "La póliza: PZ-00000001, de RECIBO_PAGO: RP-1, está cerrada; ábrala en contabilidad antes de continuar");
     set_voucher_closed(connection, "PZ-00000001", false);
     set_period(connection, {"CONTABILIDAD", 2024, 3, false});
     EXPECT_FALSE(let_go("RECIBO_PAGO", "RP-1"));
-    EXPECT_EQ(error,
-              "El período contable de la póliza: PZ-00000001, de RECIBO_PAGO: RP-1, está cerrado; ábralo en contabilidad "
-              "antes de continuar");
+    EXPECT_EQ(
+        error,
+        "El período contable de la póliza: PZ-00000001, de RECIBO_PAGO: RP-1, está cerrado; ábralo en contabilidad "
+        "antes de continuar");
     EXPECT_EQ(scalar("SELECT Es_Cve_Estado AS value FROM Poliza"), "AC");
 }
 
@@ -173,18 +180,19 @@ TEST_F(Accounting, the_debits_of_every_voucher_equal_its_credits) {
         const std::string folio = "RP-X" + std::to_string(i);
         for (int line = 1; line <= 3; ++line) {
             sql("INSERT INTO Recibo_Pago (Rp_Folio, Rp_Id, Rp_Fecha, Sc_Cve_Sucursal, Mn_Cve_Moneda, Rp_Tipo_Cambio, "
-                "Fp_Cve_Forma_Pago, Rp_Importe) VALUES ('" + folio + "', '000" + std::to_string(line) +
-                "', '2024-03-15', 'MTY', 'USD', 19.4321, '0" + std::to_string(line) + "', " +
-                std::to_string(line == 2 ? -0.137 * i : 1.117 * i) + ")");
+                "Fp_Cve_Forma_Pago, Rp_Importe) VALUES ('" +
+                folio + "', '000" + std::to_string(line) + "', '2024-03-15', 'MTY', 'USD', 19.4321, '0" +
+                std::to_string(line) + "', " + std::to_string(line == 2 ? -0.137 * i : 1.117 * i) + ")");
         }
         ASSERT_TRUE(post("RECIBO_PAGO", folio)) << error;
     }
     EXPECT_THAT(column("SELECT Pz_Folio AS value FROM Poliza_Detalle GROUP BY Pz_Folio "
                        "HAVING ABS(SUM(Pzd_Cargo) - SUM(Pzd_Abono)) > 0.0001"),
                 IsEmpty());
-    EXPECT_THAT(column("SELECT Pzd_Cargo AS value FROM Poliza_Detalle WHERE ABS(ROUND(Pzd_Cargo, 2) - Pzd_Cargo) > 0.00001 OR "
-                       "ABS(ROUND(Pzd_Abono, 2) - Pzd_Abono) > 0.00001 OR Pzd_Cargo < 0 OR Pzd_Abono < 0"),
-                IsEmpty())
+    EXPECT_THAT(
+        column("SELECT Pzd_Cargo AS value FROM Poliza_Detalle WHERE ABS(ROUND(Pzd_Cargo, 2) - Pzd_Cargo) > 0.00001 OR "
+               "ABS(ROUND(Pzd_Abono, 2) - Pzd_Abono) > 0.00001 OR Pzd_Cargo < 0 OR Pzd_Abono < 0"),
+        IsEmpty())
         << "to the cent, and on the side where they belong";
 }
 

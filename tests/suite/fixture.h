@@ -38,10 +38,12 @@ protected:
     }
 
     double balance(const std::string& folio) {
-        return std::stod(scalar("SELECT Cxc_Precio_Neto_Saldo AS value FROM Cuenta_x_Cobrar WHERE Cxc_Folio = '" + folio + "'"));
+        return std::stod(
+            scalar("SELECT Cxc_Precio_Neto_Saldo AS value FROM Cuenta_x_Cobrar WHERE Cxc_Folio = '" + folio + "'"));
     }
     double payable_balance(const std::string& folio) {
-        return std::stod(scalar("SELECT Cxp_Precio_Neto_Saldo AS value FROM Cuenta_x_Pagar WHERE Cxp_Folio = '" + folio + "'"));
+        return std::stod(
+            scalar("SELECT Cxp_Precio_Neto_Saldo AS value FROM Cuenta_x_Pagar WHERE Cxp_Folio = '" + folio + "'"));
     }
 
     /// The column `value` of every row.

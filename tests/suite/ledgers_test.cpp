@@ -88,17 +88,20 @@ protected:
         return service->LastError();
     }
     void expect_balances_add_up() {
-        EXPECT_THAT(column("SELECT Cuenta_x_Cobrar.Cxc_Folio AS value FROM Cuenta_x_Cobrar WHERE ABS(Cxc_Precio_Neto_Importe - "
-                           "Cxc_Precio_Neto_Saldo - (SELECT ISNULL(SUM(Pc_Importe), 0) FROM Pago_Cxc WHERE "
-                           "Pago_Cxc.Cxc_Folio = Cuenta_x_Cobrar.Cxc_Folio AND Pago_Cxc.Es_Cve_Estado <> 'CA')) > 0.0001"),
-                    IsEmpty());
-        EXPECT_THAT(column("SELECT Cuenta_x_Pagar.Cxp_Folio AS value FROM Cuenta_x_Pagar WHERE ABS(Cxp_Precio_Neto_Importe - "
-                           "Cxp_Precio_Neto_Saldo - (SELECT ISNULL(SUM(Pc_Importe), 0) FROM Pago_Cxp WHERE "
-                           "Pago_Cxp.Cxp_Folio = Cuenta_x_Pagar.Cxp_Folio AND Pago_Cxp.Es_Cve_Estado <> 'CA')) > 0.0001"),
-                    IsEmpty());
+        EXPECT_THAT(
+            column("SELECT Cuenta_x_Cobrar.Cxc_Folio AS value FROM Cuenta_x_Cobrar WHERE ABS(Cxc_Precio_Neto_Importe - "
+                   "Cxc_Precio_Neto_Saldo - (SELECT ISNULL(SUM(Pc_Importe), 0) FROM Pago_Cxc WHERE "
+                   "Pago_Cxc.Cxc_Folio = Cuenta_x_Cobrar.Cxc_Folio AND Pago_Cxc.Es_Cve_Estado <> 'CA')) > 0.0001"),
+            IsEmpty());
+        EXPECT_THAT(
+            column("SELECT Cuenta_x_Pagar.Cxp_Folio AS value FROM Cuenta_x_Pagar WHERE ABS(Cxp_Precio_Neto_Importe - "
+                   "Cxp_Precio_Neto_Saldo - (SELECT ISNULL(SUM(Pc_Importe), 0) FROM Pago_Cxp WHERE "
+                   "Pago_Cxp.Cxp_Folio = Cuenta_x_Pagar.Cxp_Folio AND Pago_Cxp.Es_Cve_Estado <> 'CA')) > 0.0001"),
+            IsEmpty());
     }
     void expect_dense(const char* table, const char* folio_column) {
-        Rows rows(connection.execute(std::string("SELECT ") + folio_column + " AS Folio, COUNT(*) AS Pagos, MIN(Pc_ID) AS Primero, " +
+        Rows rows(connection.execute(std::string("SELECT ") + folio_column +
+                                     " AS Folio, COUNT(*) AS Pagos, MIN(Pc_ID) AS Primero, " +
                                      "MAX(Pc_ID) AS Ultimo FROM " + table + " GROUP BY " + folio_column));
         for (; !rows.eof(); rows.next()) {
             EXPECT_EQ(rows.text("Primero"), "0001");
@@ -107,7 +110,8 @@ protected:
     }
 };
 
-// ---- Payables -----------------------------------------------------------------------------------------------------------
+// ---- Payables
+// -----------------------------------------------------------------------------------------------------------
 
 TEST_F(Ledgers, a_new_payable_document_has_todays_date_and_the_local_currency) {
     const Payable document = suite.new_accounts_payable()->NewDocument();
@@ -119,8 +123,9 @@ TEST_F(Ledgers, a_new_payable_document_has_todays_date_and_the_local_currency) {
 TEST_F(Ledgers, a_payable_is_owed_in_full_under_the_document_it_was_handed) {
     const auto service = suite.new_accounts_payable();
     ASSERT_TRUE(service->CreatePayable(payable(1160.5))) << service->LastError();
-    const Rows rows(connection.execute("SELECT * FROM Cuenta_x_Pagar WHERE Cxp_Tabla = 'RECIBO_PAGO' AND "
-                                       "Cxp_Documento = 'RP-MTY-00000001' AND Es_Cve_Estado <> 'CA'"));
+    const Rows rows(
+        connection.execute("SELECT * FROM Cuenta_x_Pagar WHERE Cxp_Tabla = 'RECIBO_PAGO' AND "
+                           "Cxp_Documento = 'RP-MTY-00000001' AND Es_Cve_Estado <> 'CA'"));
     ASSERT_FALSE(rows.eof());
     EXPECT_EQ(rows.text("Cxp_Folio"), "CXP-MTY-00000004");
     EXPECT_EQ(rows.number("Cxp_Importe"), 1160.5);
@@ -170,7 +175,8 @@ TEST_F(Ledgers, a_supplier_advance_is_owed_to_us_and_names_itself_as_its_documen
     ASSERT_TRUE(service->ApplyPayments());
     EXPECT_EQ(payable_balance(folio), -300);
     EXPECT_FALSE(service->ValidateAdvanceCancellation(folio));
-    EXPECT_EQ(service->LastError(), "El anticipo a proveedor: " + folio + ", ya está aplicado; cancele antes sus pagos");
+    EXPECT_EQ(service->LastError(),
+              "El anticipo a proveedor: " + folio + ", ya está aplicado; cancele antes sus pagos");
     ASSERT_TRUE(service->CancelPayment(folio, "0001"));
     EXPECT_TRUE(service->ValidateAdvanceCancellation(folio));
     mark_posted(connection, "ANTICIPO_CXP", folio, "AUDITOR");
@@ -181,7 +187,17 @@ TEST_F(Ledgers, a_supplier_advance_is_owed_to_us_and_names_itself_as_its_documen
 TEST_F(Ledgers, a_withdrawn_advance_has_nothing_to_validate) {
     std::string folio;
     const auto service = suite.new_accounts_payable();
-    ASSERT_TRUE(service->CreateSupplierAdvance({.date = today(), .reference = "", .check_folio = "", .currency = "MXN", .exchange_rate = 1, .branch = "MTY", .supplier = "PV01", .amount = 500, .concept_text = "", .bank_account = ""}, folio));
+    ASSERT_TRUE(service->CreateSupplierAdvance({.date = today(),
+                                                .reference = "",
+                                                .check_folio = "",
+                                                .currency = "MXN",
+                                                .exchange_rate = 1,
+                                                .branch = "MTY",
+                                                .supplier = "PV01",
+                                                .amount = 500,
+                                                .concept_text = "",
+                                                .bank_account = ""},
+                                               folio));
     sql("UPDATE Cuenta_x_Pagar SET Cxp_Tabla = 'ANTICIPO_CXP-CA:' + Cxp_Folio WHERE Cxp_Folio = '" + folio + "'");
     EXPECT_TRUE(service->ValidateAdvanceCancellation(folio));
     EXPECT_FALSE(service->AddPaymentLine(line(folio, -200)));
@@ -219,14 +235,18 @@ TEST_F(Ledgers, a_payment_in_another_currency_is_turned_into_that_of_the_payable
 
 TEST_F(Ledgers, payments_beyond_the_balance_or_of_no_payable_are_refused) {
     const auto refused = [&](const std::string& folio, double amount) {
-        return payable_refusal([&](AccountsPayableService& service) { return service.AddPaymentLine(line(folio, amount)); });
+        return payable_refusal(
+            [&](AccountsPayableService& service) { return service.AddPaymentLine(line(folio, amount)); });
     };
     EXPECT_EQ(refused("NO-EXISTE", 1), "La cuenta por pagar: NO-EXISTE, no existe; verifique el folio");
-    EXPECT_EQ(refused("CXP-MTY-00000002", 5800.01),
-              "El pago: 5800.01, es mayor al saldo: 5800, de la cuenta por pagar: CXP-MTY-00000002; pague a lo más el saldo");
-    EXPECT_EQ(refused("CXP-MTY-00000002", -1),
-              "El importe: -1, tiene el signo contrario al de la cuenta por pagar: CXP-MTY-00000002; corrija el importe");
-    EXPECT_EQ(refused("CXP-MTY-00000002", 0), "El importe del pago de la cuenta por pagar: CXP-MTY-00000002, no puede ser cero");
+    EXPECT_EQ(
+        refused("CXP-MTY-00000002", 5800.01),
+        "El pago: 5800.01, es mayor al saldo: 5800, de la cuenta por pagar: CXP-MTY-00000002; pague a lo más el saldo");
+    EXPECT_EQ(
+        refused("CXP-MTY-00000002", -1),
+        "El importe: -1, tiene el signo contrario al de la cuenta por pagar: CXP-MTY-00000002; corrija el importe");
+    EXPECT_EQ(refused("CXP-MTY-00000002", 0),
+              "El importe del pago de la cuenta por pagar: CXP-MTY-00000002, no puede ser cero");
     sql("UPDATE Cuenta_x_Pagar SET Es_Cve_Estado = 'CA' WHERE Cxp_Folio = 'CXP-MTY-00000002'");
     EXPECT_EQ(refused("CXP-MTY-00000002", 1), "La cuenta por pagar: CXP-MTY-00000002, está cancelada; elija otra");
 
@@ -247,7 +267,8 @@ TEST_F(Ledgers, cancelling_a_payment_gives_the_balance_back_once) {
     EXPECT_FALSE(service->CancelPayment("CXP-MTY-00000001", "0001"));
     EXPECT_EQ(service->LastError(), "El pago: 0001, de la cuenta por pagar: CXP-MTY-00000001, ya está cancelado");
     EXPECT_FALSE(service->CancelPayment("CXP-MTY-00000001", "0009"));
-    EXPECT_EQ(service->LastError(), "El pago: 0009, de la cuenta por pagar: CXP-MTY-00000001, no existe; verifique el número");
+    EXPECT_EQ(service->LastError(),
+              "El pago: 0009, de la cuenta por pagar: CXP-MTY-00000001, no existe; verifique el número");
 }
 
 TEST_F(Ledgers, payments_held_by_accounting_or_a_closed_period_stay) {
@@ -271,20 +292,24 @@ TEST_F(Ledgers, the_payables_of_a_document_are_cancelled_unless_one_is_paid) {
     service->AddPaymentLine(line("CXP-MTY-00000005", 50));
     service->ApplyPayments();
     EXPECT_FALSE(service->CancelDocumentPayables("RECIBO_PAGO", "RP-MTY-00000001"));
-    EXPECT_EQ(service->LastError(), "La cuenta por pagar: CXP-MTY-00000005, tiene pagos aplicados; cancele antes sus pagos");
+    EXPECT_EQ(service->LastError(),
+              "La cuenta por pagar: CXP-MTY-00000005, tiene pagos aplicados; cancele antes sus pagos");
     EXPECT_EQ(scalar("SELECT COUNT(*) AS value FROM Cuenta_x_Pagar WHERE Es_Cve_Estado = 'CA'"), "0");
     service->CancelPayment("CXP-MTY-00000005", "0001");
     EXPECT_TRUE(service->CancelDocumentPayables("RECIBO_PAGO", "RP-MTY-00000001"));
-    EXPECT_EQ(scalar("SELECT COUNT(*) AS value FROM Cuenta_x_Pagar WHERE Es_Cve_Estado = 'CA' AND Oper_Baja = 'CAJA1'"), "2");
+    EXPECT_EQ(scalar("SELECT COUNT(*) AS value FROM Cuenta_x_Pagar WHERE Es_Cve_Estado = 'CA' AND Oper_Baja = 'CAJA1'"),
+              "2");
 }
 
-// ---- Receivables --------------------------------------------------------------------------------------------------------
+// ---- Receivables
+// --------------------------------------------------------------------------------------------------------
 
 TEST_F(Ledgers, a_receivable_is_owed_in_full_as_often_as_it_is_created) {
     const auto service = suite.new_accounts_receivable();
     ASSERT_TRUE(service->CreateReceivable(receivable(750))) << service->LastError();
     ASSERT_TRUE(service->CreateReceivable(receivable(750)));
-    EXPECT_THAT(column("SELECT Cxc_Folio AS value FROM Cuenta_x_Cobrar WHERE Cxc_Documento = 'RP-MTY-00000001' ORDER BY Cxc_Folio"),
+    EXPECT_THAT(column("SELECT Cxc_Folio AS value FROM Cuenta_x_Cobrar WHERE Cxc_Documento = 'RP-MTY-00000001' ORDER "
+                       "BY Cxc_Folio"),
                 ElementsAre("CXC-MTY-00000005", "CXC-MTY-00000006"));
     EXPECT_EQ(balance("CXC-MTY-00000006"), 750);
 }
@@ -314,7 +339,8 @@ TEST_F(Ledgers, payments_are_numbered_and_move_the_balance) {
     ASSERT_TRUE(service->RegisterPayment(payment("CXC-MTY-00000001", 1000))) << service->LastError();
     ASSERT_TRUE(service->RegisterPayment(payment("CXC-MTY-00000001", 500)));
     EXPECT_EQ(balance("CXC-MTY-00000001"), 3500);
-    EXPECT_EQ(scalar("SELECT Cxc_Precio_Neto_Pago AS value FROM Cuenta_x_Cobrar WHERE Cxc_Folio = 'CXC-MTY-00000001'"), "1500");
+    EXPECT_EQ(scalar("SELECT Cxc_Precio_Neto_Pago AS value FROM Cuenta_x_Cobrar WHERE Cxc_Folio = 'CXC-MTY-00000001'"),
+              "1500");
     EXPECT_TRUE(service->CancelPayment("CXC-MTY-00000001", "0001"));
     EXPECT_EQ(balance("CXC-MTY-00000001"), 4500);
     ASSERT_TRUE(service->RegisterPayment(payment("CXC-MTY-00000001", 10)));
@@ -325,8 +351,9 @@ TEST_F(Ledgers, payments_are_numbered_and_move_the_balance) {
 TEST_F(Ledgers, the_balance_check_compares_whole_units) {
     const auto service = suite.new_accounts_receivable();
     EXPECT_FALSE(service->RegisterPayment(payment("CXC-MTY-00000002", 3001)));
-    EXPECT_EQ(service->LastError(),
-              "El pago: 3001, es mayor al saldo: 3000, de la cuenta por cobrar: CXC-MTY-00000002; pague a lo más el saldo");
+    EXPECT_EQ(
+        service->LastError(),
+        "El pago: 3001, es mayor al saldo: 3000, de la cuenta por cobrar: CXC-MTY-00000002; pague a lo más el saldo");
     EXPECT_TRUE(service->RegisterPayment(payment("CXC-MTY-00000002", 3000.9)));
     EXPECT_NEAR(balance("CXC-MTY-00000002"), -0.9, 1e-9);
     EXPECT_FALSE(service->RegisterPayment(payment("CXC-MTY-00000002", 0.5))) << "nothing is owed any more";
@@ -357,14 +384,16 @@ TEST_F(Ledgers, payments_of_no_receivable_or_no_amount_are_refused) {
               "El importe del pago de la cuenta por cobrar: CXC-MTY-00000001, debe ser mayor que cero");
     EXPECT_THAT(refused(payment("CXC-MTY-00000001", std::nan(""))), HasSubstr("debe ser mayor que cero"));
     sql("UPDATE Cuenta_x_Cobrar SET Cxc_Tabla = 'CHEQUE-CA:' + Cxc_Folio WHERE Cxc_Folio = 'CXC-MTY-00000001'");
-    EXPECT_EQ(refused(payment("CXC-MTY-00000001", 1)), "La cuenta por cobrar: CXC-MTY-00000001, está cancelada; elija otra");
+    EXPECT_EQ(refused(payment("CXC-MTY-00000001", 1)),
+              "La cuenta por cobrar: CXC-MTY-00000001, está cancelada; elija otra");
 }
 
 TEST_F(Ledgers, an_advance_is_paid_with_negative_figures) {
     const auto service = suite.new_accounts_receivable();
     ASSERT_TRUE(service->RegisterPayment(payment("CXC-MTY-00000003", 400))) << service->LastError();
     EXPECT_EQ(balance("CXC-MTY-00000003"), -600);
-    EXPECT_EQ(scalar("SELECT Cxc_Precio_Neto_Pago AS value FROM Cuenta_x_Cobrar WHERE Cxc_Folio = 'CXC-MTY-00000003'"), "-400");
+    EXPECT_EQ(scalar("SELECT Cxc_Precio_Neto_Pago AS value FROM Cuenta_x_Cobrar WHERE Cxc_Folio = 'CXC-MTY-00000003'"),
+              "-400");
     EXPECT_FALSE(service->RegisterPayment(payment("CXC-MTY-00000003", 601)));
     EXPECT_TRUE(service->RegisterPayment(payment("CXC-MTY-00000003", 600)));
     EXPECT_EQ(balance("CXC-MTY-00000003"), 0);
@@ -397,11 +426,13 @@ TEST_F(Ledgers, a_receipt_pays_the_oldest_receivables_and_the_rest_is_an_advance
     EXPECT_THAT(column("SELECT Cxc_Folio AS value FROM Pago_Cxc WHERE Pc_Tabla = 'RECIBO_PAGO' AND "
                        "Pc_Documento = 'RP-MTY-00000001' ORDER BY Cxc_Folio"),
                 ElementsAre("CXC-MTY-00000001", "CXC-MTY-00000002"));
-    const std::string advance = scalar("SELECT An_Folio AS value FROM Anticipo_Cxc WHERE An_Tabla = 'RECIBO_PAGO' AND "
-                                       "An_Documento = 'RP-MTY-00000001' AND An_Importe = 500 AND Es_Cve_Estado = 'AC'");
+    const std::string advance = scalar(
+        "SELECT An_Folio AS value FROM Anticipo_Cxc WHERE An_Tabla = 'RECIBO_PAGO' AND "
+        "An_Documento = 'RP-MTY-00000001' AND An_Importe = 500 AND Es_Cve_Estado = 'AC'");
     EXPECT_EQ(advance, "AN-MTY-00000003");
     EXPECT_EQ(scalar("SELECT Cxc_Precio_Neto_Saldo AS value FROM Cuenta_x_Cobrar WHERE Cxc_Tabla = 'ANTICIPO_CXC' AND "
-                     "Cxc_Documento = '" + advance + "'"),
+                     "Cxc_Documento = '" +
+                     advance + "'"),
               "-500");
 }
 
@@ -420,7 +451,8 @@ TEST_F(Ledgers, a_receipt_in_part_leaves_no_advance) {
 }
 
 TEST_F(Ledgers, a_receipt_that_names_a_document_pays_that_one_only) {
-    sql("INSERT INTO Recibo_Pago (Rp_Folio, Rp_Id, Rp_Tabla, Rp_Documento) VALUES ('RP-MTY-00000001', '0001', 'FACTURA_VENTA', 'FV-5002')");
+    sql("INSERT INTO Recibo_Pago (Rp_Folio, Rp_Id, Rp_Tabla, Rp_Documento) VALUES ('RP-MTY-00000001', '0001', "
+        "'FACTURA_VENTA', 'FV-5002')");
     ASSERT_TRUE(suite.new_accounts_receivable()->ApplyReceipt(receipt(3200)));
     EXPECT_EQ(balance("CXC-MTY-00000001"), 5000);
     EXPECT_EQ(balance("CXC-MTY-00000002"), 0);
@@ -479,7 +511,8 @@ TEST_F(Ledgers, the_receivables_of_a_document_may_go_unless_paid_or_posted) {
     EXPECT_TRUE(service->ValidateDocumentCancellation("RECIBO_PAGO", "RP-MTY-00000001"));
     service->RegisterPayment(payment("CXC-MTY-00000005", 10));
     EXPECT_FALSE(service->ValidateDocumentCancellation("RECIBO_PAGO", "RP-MTY-00000001"));
-    EXPECT_EQ(service->LastError(), "La cuenta por cobrar: CXC-MTY-00000005, tiene pagos aplicados; cancele antes sus pagos");
+    EXPECT_EQ(service->LastError(),
+              "La cuenta por cobrar: CXC-MTY-00000005, tiene pagos aplicados; cancele antes sus pagos");
     EXPECT_FALSE(service->CancelDocumentReceivables("RECIBO_PAGO", "RP-MTY-00000001"));
     service->CancelPayment("CXC-MTY-00000005", "0001");
     mark_posted(connection, "CUENTA_X_COBRAR", "CXC-MTY-00000005", "AUDITOR");
@@ -497,10 +530,12 @@ TEST_F(Ledgers, an_expense_becomes_one_receivable_however_often_it_is_applied) {
     const auto service = suite.new_accounts_receivable();
     ASSERT_TRUE(service->ApplyCustomerDocument("GC-MTY-00000001")) << service->LastError();
     ASSERT_TRUE(service->ApplyCustomerDocument("GC-MTY-00000001"));
-    EXPECT_THAT(column("SELECT Cxc_Precio_Neto_Saldo AS value FROM Cuenta_x_Cobrar WHERE Cxc_Tabla = 'GASTO_X_COMPROBAR' AND "
-                       "Cxc_Documento = 'GC-MTY-00000001'"),
-                ElementsAre("1500"));
-    sql("UPDATE Cuenta_x_Cobrar SET Cxc_Tabla = 'GASTO_X_COMPROBAR-CA:' + Cxc_Folio WHERE Cxc_Tabla = 'GASTO_X_COMPROBAR'");
+    EXPECT_THAT(
+        column("SELECT Cxc_Precio_Neto_Saldo AS value FROM Cuenta_x_Cobrar WHERE Cxc_Tabla = 'GASTO_X_COMPROBAR' AND "
+               "Cxc_Documento = 'GC-MTY-00000001'"),
+        ElementsAre("1500"));
+    sql("UPDATE Cuenta_x_Cobrar SET Cxc_Tabla = 'GASTO_X_COMPROBAR-CA:' + Cxc_Folio WHERE Cxc_Tabla = "
+        "'GASTO_X_COMPROBAR'");
     EXPECT_TRUE(service->ApplyCustomerDocument("GC-MTY-00000001"));
     EXPECT_EQ(scalar("SELECT COUNT(*) AS value FROM Cuenta_x_Cobrar WHERE Cxc_Documento = 'GC-MTY-00000001'"), "2")
         << "a withdrawn receivable does not count";
@@ -518,7 +553,8 @@ TEST_F(Ledgers, the_payments_of_an_advance_may_be_undone_while_nobody_holds_it) 
     EXPECT_EQ(service->LastError(), "El anticipo: NO-EXISTE, no existe; verifique el folio");
     mark_posted(connection, "ANTICIPO_CXC", "AN-MTY-00000001", "AUDITOR");
     EXPECT_FALSE(service->DocumentCheck("ANTICIPO_CXC", "AN-MTY-00000001"));
-    EXPECT_EQ(service->LastError(), "ANTICIPO_CXC: AN-MTY-00000001, está contabilizado; cancele antes su registro en contabilidad");
+    EXPECT_EQ(service->LastError(),
+              "ANTICIPO_CXC: AN-MTY-00000001, está contabilizado; cancele antes su registro en contabilidad");
     set_period(connection, {"CUENTAS_X_COBRAR", 2024, 3, false});
     EXPECT_FALSE(service->DocumentCheck("ANTICIPO_CXC", "AN-MTY-00000002"));
     EXPECT_THAT(service->LastError(), HasSubstr("El período de CUENTAS_X_COBRAR está cerrado; ábralo"));
@@ -526,16 +562,20 @@ TEST_F(Ledgers, the_payments_of_an_advance_may_be_undone_while_nobody_holds_it) 
 
 TEST_F(Ledgers, expense_advances_are_registered_and_linked_for_checks) {
     const std::string folio = register_expense_advance(
-        suite, {.debtor = "DE02", .branch = "GDL", .expense = "GR-40", .date = today(), .amount = 300, .currency = "MXN"});
+        suite,
+        {.debtor = "DE02", .branch = "GDL", .expense = "GR-40", .date = today(), .amount = 300, .currency = "MXN"});
     EXPECT_EQ(folio, "AN-GDL-00000001");
     EXPECT_EQ(scalar("SELECT An_Tabla AS value FROM Anticipo_Cxc WHERE An_Folio = '" + folio + "'"), "GASTO_REGISTRO");
     link_advance_to_check(suite, "CH-1", folio, 300);
     link_advance_to_check(suite, "CH-1", "AN-MTY-00000001", 100);
-    EXPECT_THAT(column("SELECT Gcd_ID AS value FROM Gasto_x_Comprobar_Documento WHERE Gc_Tabla = 'CHEQUE' ORDER BY Gcd_ID"),
-                ElementsAre("0001", "0002"));
-    EXPECT_THROW(register_expense_advance(suite, {.debtor = "DE02", .branch = "GDL", .expense = "X", .date = today(), .amount = 0,
-                                                  .currency = "MXN"}),
-                 Database_error);
+    EXPECT_THAT(
+        column("SELECT Gcd_ID AS value FROM Gasto_x_Comprobar_Documento WHERE Gc_Tabla = 'CHEQUE' ORDER BY Gcd_ID"),
+        ElementsAre("0001", "0002"));
+    EXPECT_THROW(
+        register_expense_advance(
+            suite,
+            {.debtor = "DE02", .branch = "GDL", .expense = "X", .date = today(), .amount = 0, .currency = "MXN"}),
+        Database_error);
 }
 
 TEST_F(Ledgers, a_failure_of_the_database_is_thrown_and_not_answered) {
@@ -547,7 +587,8 @@ TEST_F(Ledgers, quotes_in_texts_are_stored_as_they_are) {
     Receivable odd = receivable(5);
     odd.comment = "D'Angelo''s";
     ASSERT_TRUE(suite.new_accounts_receivable()->CreateReceivable(odd));
-    EXPECT_EQ(scalar("SELECT Cxc_Comentario AS value FROM Cuenta_x_Cobrar WHERE Cxc_Folio = 'CXC-MTY-00000005'"), "D'Angelo''s");
+    EXPECT_EQ(scalar("SELECT Cxc_Comentario AS value FROM Cuenta_x_Cobrar WHERE Cxc_Folio = 'CXC-MTY-00000005'"),
+              "D'Angelo''s");
 }
 
 TEST_F(Ledgers, over_random_sequences_balances_add_up_and_payments_stay_dense) {
@@ -567,18 +608,32 @@ TEST_F(Ledgers, over_random_sequences_balances_add_up_and_payments_stay_dense) {
         const std::string open = any("SELECT Cxc_Folio AS value FROM Cuenta_x_Cobrar");
         const std::string owed = any("SELECT Cxp_Folio AS value FROM Cuenta_x_Pagar");
         switch (pick(10)) {
-            case 0: receivables->CreateReceivable(receivable(amount())); break;
-            case 1: receivables->ApplyReceipt(receipt(amount(), receipt_folio)); break;
+            case 0:
+                receivables->CreateReceivable(receivable(amount()));
+                break;
+            case 1:
+                receivables->ApplyReceipt(receipt(amount(), receipt_folio));
+                break;
             case 2:
-            case 3: receivables->RegisterPayment(payment(open, amount())); break;
-            case 4: receivables->CancelPayment(open, "000" + std::to_string(1 + pick(4))); break;
-            case 5: payables->CreatePayable(payable(amount())); break;
+            case 3:
+                receivables->RegisterPayment(payment(open, amount()));
+                break;
+            case 4:
+                receivables->CancelPayment(open, "000" + std::to_string(1 + pick(4)));
+                break;
+            case 5:
+                payables->CreatePayable(payable(amount()));
+                break;
             case 6:
             case 7:
                 if (payables->AddPaymentLine(line(owed, amount()))) payables->ApplyPayments();
                 break;
-            case 8: payables->CancelPayment(owed, "000" + std::to_string(1 + pick(4))); break;
-            case 9: receivables->CancelDocumentAdvances("RECIBO_PAGO", receipt_folio); break;
+            case 8:
+                payables->CancelPayment(owed, "000" + std::to_string(1 + pick(4)));
+                break;
+            case 9:
+                receivables->CancelDocumentAdvances("RECIBO_PAGO", receipt_folio);
+                break;
         }
     }
     EXPECT_GT(std::stoi(scalar("SELECT COUNT(*) AS value FROM Pago_Cxc")), 5);

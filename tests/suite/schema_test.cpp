@@ -62,8 +62,9 @@ TEST_F(Schema, a_row_can_be_inserted_by_naming_only_its_key) {
 }
 
 TEST_F(Schema, documents_begin_active_and_movements_in_transit) {
-    for (const char* table : {"Recibo_Pago", "Deposito_Pago", "Cheque", "Cheque_x_Aplicar", "Solicitud_Cheque",
-                              "Solicitud_Cheque_Detalle", "Gasto_x_Comprobar_Documento", "Cuenta_x_Cobrar", "Pago_Cxc"}) {
+    for (const char* table :
+         {"Recibo_Pago", "Deposito_Pago", "Cheque", "Cheque_x_Aplicar", "Solicitud_Cheque", "Solicitud_Cheque_Detalle",
+          "Gasto_x_Comprobar_Documento", "Cuenta_x_Cobrar", "Pago_Cxc"}) {
         for (const Column& column : columns()) {
             if (column.table == table && column.name == "Es_Cve_Estado") {
                 EXPECT_NE(column.definition.find("DEFAULT 'AC'"), std::string::npos) << table;
@@ -88,7 +89,8 @@ TEST_F(Schema, columns_that_statements_name_alone_stand_in_one_table_of_their_jo
         EXPECT_FALSE(tables_of[column].contains(table)) << column << " in " << table;
     };
     for (const char* table : {"Forma_Pago", "Sucursal"}) {
-        for (const char* column : {"Mn_Cve_Moneda", "Rp_Importe", "Rp_Banco", "Rp_Cheque", "Rp_Comentario", "Rp_Folio"}) {
+        for (const char* column :
+             {"Mn_Cve_Moneda", "Rp_Importe", "Rp_Banco", "Rp_Cheque", "Rp_Comentario", "Rp_Folio"}) {
             absent(column, table);
         }
     }
@@ -102,8 +104,12 @@ TEST_F(Schema, columns_that_statements_name_alone_stand_in_one_table_of_their_jo
 }
 
 TEST_F(Schema, the_sample_accounts_add_up) {
-    EXPECT_EQ(scalar("SELECT COUNT(*) AS value FROM Cuenta_x_Cobrar WHERE Cxc_Precio_Neto_Importe <> Cxc_Precio_Neto_Saldo"), "0");
-    EXPECT_EQ(scalar("SELECT COUNT(*) AS value FROM Cuenta_x_Pagar WHERE Cxp_Precio_Neto_Importe <> Cxp_Precio_Neto_Saldo"), "0");
+    EXPECT_EQ(
+        scalar("SELECT COUNT(*) AS value FROM Cuenta_x_Cobrar WHERE Cxc_Precio_Neto_Importe <> Cxc_Precio_Neto_Saldo"),
+        "0");
+    EXPECT_EQ(
+        scalar("SELECT COUNT(*) AS value FROM Cuenta_x_Pagar WHERE Cxp_Precio_Neto_Importe <> Cxp_Precio_Neto_Saldo"),
+        "0");
     EXPECT_EQ(suite.data()->GetNextFolio("MTY", "CUENTA_X_COBRAR"), "CXC-MTY-00000005") << "the next one is free";
     EXPECT_EQ(suite.data()->GetNextFolio("MTY", "CUENTA_X_PAGAR"), "CXP-MTY-00000004");
     EXPECT_EQ(suite.data()->GetNextFolio("MTY", "ANTICIPO_CXC"), "AN-MTY-00000003");

@@ -44,7 +44,8 @@ TEST_F(Session, the_connection_and_the_user_are_those_it_was_made_with) {
 
 TEST_F(Session, errors_go_where_the_host_wants_them) {
     std::vector<Reported_error> reported;
-    Reference_suite telling(connection, {.report_error = [&](const Reported_error& error) { reported.push_back(error); }});
+    Reference_suite telling(connection,
+                            {.report_error = [&](const Reported_error& error) { reported.push_back(error); }});
     telling.session()->ReportError("Falta la cuenta", 16, "Controles_B1Click()", "Error", "Cuvexa", "ERR-ID:7500009");
     ASSERT_EQ(reported.size(), 1u);
     EXPECT_EQ(reported[0].description, "Falta la cuenta");
@@ -54,7 +55,8 @@ TEST_F(Session, errors_go_where_the_host_wants_them) {
 TEST_F(Session, without_a_listener_an_error_is_one_line_on_standard_error) {
     ::testing::internal::CaptureStderr();
     suite.session()->ReportError("Falta la cuenta", 16, "Controles_B1Click()", "Error", "Cuvexa", "ERR-ID:7500009");
-    EXPECT_EQ(::testing::internal::GetCapturedStderr(), "Error ERR-ID:7500009 en Cuvexa, Controles_B1Click(): Falta la cuenta\n");
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(),
+              "Error ERR-ID:7500009 en Cuvexa, Controles_B1Click(): Falta la cuenta\n");
 }
 
 TEST_F(Session, the_suite_may_run_its_statements_on_a_connection_of_its_own) {
@@ -69,19 +71,21 @@ TEST_F(Session, the_suite_may_run_its_statements_on_a_connection_of_its_own) {
 TEST_F(Data, a_look_up_finds_active_rows_whatever_the_case_of_the_names) {
     auto data = suite.data();
     EXPECT_EQ(data->LookupValue("Fp_Descripcion", "Fp_Cve_Forma_Pago", "01", "FORMA_PAGO"), "Efectivo");
-    EXPECT_EQ(data->LookupValue("Bc_Descripcion", "Bc_Cve_Banco_Cuenta", "srr-mxn", "BANCO_CUENTA"), "Sierra, operación en pesos");
+    EXPECT_EQ(data->LookupValue("Bc_Descripcion", "Bc_Cve_Banco_Cuenta", "srr-mxn", "BANCO_CUENTA"),
+              "Sierra, operación en pesos");
     EXPECT_EQ(data->LookupValue("Fp_Descripcion", "Fp_Cve_Forma_Pago", "99", "Forma_Pago"), "") << "retired";
     EXPECT_EQ(data->LookupValue("Fp_Descripcion", "Fp_Cve_Forma_Pago", "77", "Forma_Pago"), "") << "unknown";
-    EXPECT_EQ(data->LookupValue("Ps_Valor", "Ps_Nombre", "FIN_MONEDA_LOCAL", "PARAMETRO_SISTEMA"), "MXN") << "no state column";
+    EXPECT_EQ(data->LookupValue("Ps_Valor", "Ps_Nombre", "FIN_MONEDA_LOCAL", "PARAMETRO_SISTEMA"), "MXN")
+        << "no state column";
 }
 
 TEST_F(Data, a_look_up_meets_its_condition) {
     auto data = suite.data();
     EXPECT_EQ(data->LookupValue("Cl_Descripcion", "Cl_Cve_Cliente", "DE01", "Cliente", "Tc_Cve_Tipo_Cliente = 'DE'"),
               "Laura Méndez, ventas");
-    EXPECT_EQ(data->LookupValue("Cl_Descripcion", "Cl_Cve_Cliente", "DE01", "Cliente",
-                                "Tc_Cve_Tipo_Cliente = 'CL' OR 1 = 0"),
-              "");
+    EXPECT_EQ(
+        data->LookupValue("Cl_Descripcion", "Cl_Cve_Cliente", "DE01", "Cliente", "Tc_Cve_Tipo_Cliente = 'CL' OR 1 = 0"),
+        "");
 }
 
 TEST_F(Data, a_quote_in_a_key_finds_nothing_and_breaks_nothing) {
@@ -122,7 +126,8 @@ TEST_F(Data, a_closed_series_gives_no_folio_and_says_what_to_do) {
     data->GetNextFolio("MTY", "CHEQUE");
     set_folio_series_open(connection, "cheque", "MTY", false);
     EXPECT_EQ(data->GetNextFolio("MTY", "CHEQUE"), "");
-    EXPECT_EQ(data->LastErrorText(), "La serie de folios de CHEQUE de la sucursal: MTY, está cerrada; ábrala antes de continuar");
+    EXPECT_EQ(data->LastErrorText(),
+              "La serie de folios de CHEQUE de la sucursal: MTY, está cerrada; ábrala antes de continuar");
     EXPECT_EQ(data->GetNextFolio("GDL", "CHEQUE"), "CH-GDL-00000001");
     EXPECT_EQ(data->LastErrorText(), "");
     set_folio_series_open(connection, "CHEQUE", "MTY", true);
@@ -188,8 +193,9 @@ TEST_F(Data, a_payment_line_needs_what_its_method_requires) {
     EXPECT_FALSE(accepts("02", "1234", ""));
     EXPECT_EQ(methods->LastError(), "La forma de pago: 02 Cheque, requiere un banco; indique el banco emisor");
     EXPECT_FALSE(accepts("04", "", ""));
-    EXPECT_EQ(methods->LastError(),
-              "La forma de pago: 04 Tarjeta de crédito, requiere una referencia; indique el número de cheque o de operación");
+    EXPECT_EQ(
+        methods->LastError(),
+        "La forma de pago: 04 Tarjeta de crédito, requiere una referencia; indique el número de cheque o de operación");
     EXPECT_FALSE(accepts("99", "", ""));
     EXPECT_EQ(methods->LastError(), "La forma de pago: 99, no existe o está dada de baja; elija otra");
     EXPECT_TRUE(methods->ReleasePaymentLine("02", "1234", ""));

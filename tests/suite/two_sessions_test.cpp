@@ -19,7 +19,8 @@ std::vector<std::string> take_folios(const std::string& path, int count) {
 }
 
 TEST(Two_sessions, never_get_the_same_folio_and_begin_one_series) {
-    const std::string path = (std::filesystem::temp_directory_path() / ("cuvexa_folios_" + std::to_string(::getpid()) + ".db")).string();
+    const std::string path =
+        (std::filesystem::temp_directory_path() / ("cuvexa_folios_" + std::to_string(::getpid()) + ".db")).string();
     {
         Sqlite_connection connection(path, {.synchronous = Synchronous::off, .create = true});
         run_script(connection, schema_sql());
