@@ -17,12 +17,13 @@ protected:
         return issue(company, header, type, beneficiary, lines);
     }
 
-    static std::string issue(Company& company, tTsEncabezado header, const std::string& type, const std::string& beneficiary,
-                             const std::vector<tTsDetalle>& lines) {
+    static std::string issue(Company& company, tTsEncabezado header, const std::string& type,
+                             const std::string& beneficiary, const std::vector<tTsDetalle>& lines) {
         header.Tc_Cve_Tipo_Cheque = type;
         header.Ch_Solicitar_Valor = beneficiary;
         const std::string folio = company.capture_check(lines, header);
-        if (!company.treasury().Crear_Cheque_Pago_Proveedor(folio)) throw std::runtime_error(company.treasury().Error());
+        if (!company.treasury().Crear_Cheque_Pago_Proveedor(folio))
+            throw std::runtime_error(company.treasury().Error());
         company.mark();
         return folio;
     }
@@ -48,7 +49,8 @@ protected:
     Date date = make_date(2024, 3, 20, 15, 45, 0);
 };
 
-// ---- Refusals, in step order ----------------------------------------------------------------------------------------------
+// ---- Refusals, in step order
+// ----------------------------------------------------------------------------------------------
 
 TEST_F(Check_application, refuses_a_check_that_does_not_exist) {
     expect_refused("NADA", "No se encontró el cheque o transferencia especificados");
@@ -78,7 +80,8 @@ TEST_F(Check_application, finds_no_line_when_the_account_or_its_bank_is_gone) {
     expect_refused(folio, "No se encontró el detalle del cheque:" + folio);
 }
 
-// ---- Statements and columns -----------------------------------------------------------------------------------------------
+// ---- Statements and columns
+// -----------------------------------------------------------------------------------------------
 
 TEST_F(Check_application, runs_its_statements_in_order) {
     const std::string folio = issue("0000", "", {line});
@@ -91,26 +94,29 @@ TEST_F(Check_application, runs_its_statements_in_order) {
         ElementsAre(
             "SELECT * FROM Cheque WHERE Ch_Folio = '" + folio + "' ",
             "SELECT    Cheque_x_Aplicar.Ch_Folio,    Cheque_x_Aplicar.Cxa_ID,    Cheque_x_Aplicar.Ch_Cheque,    "
-            "Cheque_x_Aplicar.Cxp_Folio,    Cheque_x_Aplicar.Cxa_Importe,    Cheque_x_Aplicar.Mn_Cve_Moneda as Cxa_Moneda,    "
+            "Cheque_x_Aplicar.Cxp_Folio,    Cheque_x_Aplicar.Cxa_Importe,    Cheque_x_Aplicar.Mn_Cve_Moneda as "
+            "Cxa_Moneda,    "
             "Cheque_x_Aplicar.Cxa_Tipo_Cambio,    Cheque.Ch_Fecha,    Cheque.Tc_Cve_Tipo_Cheque,    "
             "Cheque.Ch_Solicitar_Valor,    Tipo_Cheque.Tc_Solicitar,    Tipo_Cheque.Tc_Proveedor_Pago,    "
             "Cheque.Ch_Transferencia,    Cheque.Ch_Tipo_Cambio,    Cheque.Ch_Documento,    Cheque.Sc_Cve_Sucursal,    "
             "Cheque.Ch_Concepto,    Cheque.Ch_Referencia,    Cheque.Ch_Importe,    Banco_Cuenta.Mn_Cve_Moneda,    "
-            "Banco_Cuenta.Bc_Cve_Banco_Cuenta,    Banco_Cuenta.Bc_Cuenta,    Banco.Bn_Cve_Banco,    Banco.Bn_Descripcion "
+            "Banco_Cuenta.Bc_Cve_Banco_Cuenta,    Banco_Cuenta.Bc_Cuenta,    Banco.Bn_Cve_Banco,    "
+            "Banco.Bn_Descripcion "
             "FROM Cheque_x_Aplicar    INNER JOIN Cheque ON Cheque.Ch_Folio = Cheque_x_Aplicar.Ch_Folio    INNER JOIN "
             "Tipo_Cheque ON Tipo_Cheque.Tc_Cve_Tipo_Cheque = Cheque.Tc_Cve_Tipo_Cheque    INNER JOIN Banco_Cuenta ON "
             "Banco_Cuenta.Bc_Cve_Banco_Cuenta = Cheque.Bc_Cve_Banco_Cuenta    INNER JOIN Banco ON Banco.Bn_Cve_Banco = "
             "Banco_Cuenta.Bn_Cve_Banco WHERE    Cheque_x_Aplicar.Ch_Folio = '" +
                 folio + "' AND    Cheque_x_Aplicar.Es_Cve_Estado = 'AC' ORDER BY Cheque_x_Aplicar.Cxa_ID ",
-            "UPDATE Cheque_x_Aplicar SET    Es_Cve_Estado = 'AP',    Cxa_Fecha_Aplicacion = '" + sql_date(date) + "', " + audit +
-                "Ch_Folio = '" + folio + "' AND    Cxa_ID = '0001' AND    Es_Cve_Estado <> 'CA'",
+            "UPDATE Cheque_x_Aplicar SET    Es_Cve_Estado = 'AP',    Cxa_Fecha_Aplicacion = '" + sql_date(date) +
+                "', " + audit + "Ch_Folio = '" + folio + "' AND    Cxa_ID = '0001' AND    Es_Cve_Estado <> 'CA'",
             "UPDATE Cheque SET    Es_Cve_Estado = 'AP',    Ch_Aplicar = 'SI', " + audit + "Ch_Folio = '" + folio +
-                "' AND    Ch_Folio NOT IN (SELECT Cheque.Ch_Folio                     FROM Cheque                       "
+                "' AND    Ch_Folio NOT IN (SELECT Cheque.Ch_Folio                     FROM Cheque                      "
+                " "
                 " INNER JOIN Cheque_x_Aplicar ON Cheque.Ch_Folio = Cheque_x_Aplicar.Ch_Folio                     WHERE "
                 "Cheque_x_Aplicar.Es_Cve_Estado = 'AC' AND Cheque.Ch_Folio = '" +
                 folio + "')",
-            "UPDATE Banco_Movimiento SET    Es_Cve_Estado = 'TR',    Bm_Fecha_Firme = '" + sql_date(date) + "', " + audit +
-                "Bm_Documento = '" + folio + "' AND    Bm_Tabla = 'CHEQUE' AND    Es_Cve_Estado <> 'CA'"));
+            "UPDATE Banco_Movimiento SET    Es_Cve_Estado = 'TR',    Bm_Fecha_Firme = '" + sql_date(date) + "', " +
+                audit + "Bm_Documento = '" + folio + "' AND    Bm_Tabla = 'CHEQUE' AND    Es_Cve_Estado <> 'CA'"));
 }
 
 TEST_F(Check_application, without_firm_the_movement_stays_in_transit_with_the_new_date) {
@@ -119,8 +125,10 @@ TEST_F(Check_application, without_firm_the_movement_stays_in_transit_with_the_ne
     ASSERT_TRUE(company.treasury().Aplicar_Cheque(folio, date)) << error();  // the argument is optional
     EXPECT_THAT(company.rows("SELECT Es_Cve_Estado, Ch_Aplicar, Ch_Firme, Ch_Fecha_Firme FROM Cheque"),
                 ElementsAre("AP|SI|NO|2024-03-15"));
-    EXPECT_THAT(company.rows("SELECT Es_Cve_Estado, Bm_Fecha_Firme FROM Banco_Movimiento"), ElementsAre("TR|2024-03-20"));
-    EXPECT_THAT(company.rows("SELECT Es_Cve_Estado, Cxa_Fecha_Aplicacion FROM Cheque_x_Aplicar"), ElementsAre("AP|2024-03-20"));
+    EXPECT_THAT(company.rows("SELECT Es_Cve_Estado, Bm_Fecha_Firme FROM Banco_Movimiento"),
+                ElementsAre("TR|2024-03-20"));
+    EXPECT_THAT(company.rows("SELECT Es_Cve_Estado, Cxa_Fecha_Aplicacion FROM Cheque_x_Aplicar"),
+                ElementsAre("AP|2024-03-20"));
 }
 
 TEST_F(Check_application, firm_marks_the_check_and_its_movement) {
@@ -128,10 +136,12 @@ TEST_F(Check_application, firm_marks_the_check_and_its_movement) {
     ASSERT_TRUE(apply(folio, true)) << error();
     EXPECT_THAT(company.rows("SELECT Es_Cve_Estado, Ch_Aplicar, Ch_Firme, Ch_Fecha_Firme FROM Cheque"),
                 ElementsAre("AP|SI|SI|2024-03-20"));
-    EXPECT_THAT(company.rows("SELECT Es_Cve_Estado, Bm_Fecha_Firme FROM Banco_Movimiento"), ElementsAre("FI|2024-03-20"));
-    EXPECT_NE(company.statements()[3].find("   Ch_Aplicar = 'SI',    Ch_Fecha_Firme = '2024-03-20',    Ch_Firme = 'SI',    "
-                                           "Oper_Ult_Modif"),
-              std::string::npos)
+    EXPECT_THAT(company.rows("SELECT Es_Cve_Estado, Bm_Fecha_Firme FROM Banco_Movimiento"),
+                ElementsAre("FI|2024-03-20"));
+    EXPECT_NE(
+        company.statements()[3].find("   Ch_Aplicar = 'SI',    Ch_Fecha_Firme = '2024-03-20',    Ch_Firme = 'SI',    "
+                                     "Oper_Ult_Modif"),
+        std::string::npos)
         << company.statements()[3];
 }
 
@@ -163,7 +173,8 @@ TEST_F(Check_application, the_movement_is_handed_to_accounting) {
     ASSERT_TRUE(apply(folio)) << error();
     EXPECT_EQ(company.statements().size(), 6u);
     EXPECT_EQ(in_short(company.statements().back()), "SELECT Banco_Movimiento");
-    EXPECT_EQ(company.scalar("SELECT Pz_Documento FROM Poliza"), company.scalar("SELECT Bm_Folio FROM Banco_Movimiento"));
+    EXPECT_EQ(company.scalar("SELECT Pz_Documento FROM Poliza"),
+              company.scalar("SELECT Bm_Folio FROM Banco_Movimiento"));
 }
 
 TEST_F(Check_application, what_accounting_refuses_stands_behind_both_tags_and_the_check_stays_applied) {
@@ -177,7 +188,8 @@ TEST_F(Check_application, what_accounting_refuses_stands_behind_both_tags_and_th
     expect_refused(folio, "Imposible aplicar un cheque con estado: AP");
 }
 
-// ---- "01": payments of payables -------------------------------------------------------------------------------------------
+// ---- "01": payments of payables
+// -------------------------------------------------------------------------------------------
 
 TEST_F(Check_application, pays_the_payable_of_each_line) {
     header.Ch_Tipo_Cambio = 2;
@@ -270,7 +282,8 @@ TEST_F(Check_application, what_payables_refuse_stops_at_that_line_and_the_rest_c
         if (std::string(operation) == "AddPaymentLine") {
             company.on.refuse_call("AddPaymentLine(CXP-MTY-00000002, " + folio + ")", "No se puede pagar");
         } else {
-            company.sql("UPDATE Cheque_x_Aplicar SET Es_Cve_Estado = 'AP' WHERE Cxa_ID = '0001' AND Ch_Folio = '" + folio + "'");
+            company.sql("UPDATE Cheque_x_Aplicar SET Es_Cve_Estado = 'AP' WHERE Cxa_ID = '0001' AND Ch_Folio = '" +
+                        folio + "'");
             company.on.refuse("ApplyPayments", "No se puede pagar");
         }
         EXPECT_FALSE(apply(folio));
@@ -279,7 +292,8 @@ TEST_F(Check_application, what_payables_refuse_stops_at_that_line_and_the_rest_c
         EXPECT_THAT(company.rows("SELECT Es_Cve_Estado FROM Cheque_x_Aplicar" + of_check + " ORDER BY Cxa_ID"),
                     ElementsAre("AP", "AC"));
         EXPECT_EQ(company.scalar("SELECT Es_Cve_Estado FROM Cheque" + of_check), "AC");
-        EXPECT_EQ(company.scalar("SELECT Es_Cve_Estado FROM Banco_Movimiento WHERE Bm_Documento = '" + folio + "'"), "TR");
+        EXPECT_EQ(company.scalar("SELECT Es_Cve_Estado FROM Banco_Movimiento WHERE Bm_Documento = '" + folio + "'"),
+                  "TR");
 
         company.on.clear();
         ASSERT_TRUE(apply(folio)) << error();
@@ -289,7 +303,8 @@ TEST_F(Check_application, what_payables_refuse_stops_at_that_line_and_the_rest_c
     }
 }
 
-// ---- "03" and "04": receivables -------------------------------------------------------------------------------------------
+// ---- "03" and "04": receivables
+// -------------------------------------------------------------------------------------------
 
 TEST_F(Check_application, charges_the_whole_check_to_the_customer_once_per_line) {
     header.Ch_Tipo_Cambio = 2;
@@ -346,7 +361,8 @@ TEST_F(Check_application, what_receivables_refuse_stops_the_line) {
     }
 }
 
-// ---- "05": supplier advances ----------------------------------------------------------------------------------------------
+// ---- "05": supplier advances
+// ----------------------------------------------------------------------------------------------
 
 TEST_F(Check_application, creates_a_supplier_advance_whose_folio_the_line_takes) {
     header.Ch_Tipo_Cambio = 2;
@@ -369,8 +385,8 @@ TEST_F(Check_application, creates_a_supplier_advance_whose_folio_the_line_takes)
     EXPECT_EQ(advance.bank_account, "SRR-MXN");
     const std::string payable = company.scalar("SELECT Cxp_Folio FROM Cuenta_x_Pagar WHERE Cxp_Tabla = 'ANTICIPO_CXP'");
     EXPECT_THAT(company.rows("SELECT Cxp_Folio, Es_Cve_Estado FROM Cheque_x_Aplicar"), ElementsAre(payable + "|AP"));
-    EXPECT_THAT(company.statements()[2],
-                ::testing::StartsWith("UPDATE Cheque_x_Aplicar SET    Cxp_Folio = '" + payable + "',    Es_Cve_Estado = 'AP', "));
+    EXPECT_THAT(company.statements()[2], ::testing::StartsWith("UPDATE Cheque_x_Aplicar SET    Cxp_Folio = '" +
+                                                               payable + "',    Es_Cve_Estado = 'AP', "));
 }
 
 TEST_F(Check_application, a_refused_supplier_advance_stops_the_line) {
@@ -379,7 +395,8 @@ TEST_F(Check_application, a_refused_supplier_advance_stops_the_line) {
     expect_refused(folio, "No se puede anticipar");
 }
 
-// ---- Failures -------------------------------------------------------------------------------------------------------------
+// ---- Failures
+// -------------------------------------------------------------------------------------------------------------
 
 TEST_F(Check_application, each_failing_statement_leaves_exactly_what_was_done_before_it) {
     const std::vector<std::vector<std::string>> expected = {
@@ -399,19 +416,21 @@ TEST_F(Check_application, each_failing_statement_leaves_exactly_what_was_done_be
         fresh.on.failing_statement = n;
         EXPECT_FALSE(fresh.treasury().Aplicar_Cheque(folio, date, true));
         EXPECT_EQ(fresh.treasury().Error(),
-                  n < 7 ? tag + statement_failure : tag + "Cuvexa.dll - Contabiliza_Banco_Movimiento()\r\n" + statement_failure);
-        EXPECT_EQ((std::vector<std::string>{
-                      fresh.scalar("SELECT GROUP_CONCAT(Es_Cve_Estado, ' ') FROM Cheque_x_Aplicar"),
-                      fresh.scalar("SELECT Es_Cve_Estado FROM Cheque"), fresh.scalar("SELECT Es_Cve_Estado FROM Banco_Movimiento"),
-                      fresh.scalar("SELECT COUNT(*) || ' payments' FROM Pago_Cxp")}),
-                  expected[n - 1]);
+                  n < 7 ? tag + statement_failure
+                        : tag + "Cuvexa.dll - Contabiliza_Banco_Movimiento()\r\n" + statement_failure);
+        EXPECT_EQ(
+            (std::vector<std::string>{fresh.scalar("SELECT GROUP_CONCAT(Es_Cve_Estado, ' ') FROM Cheque_x_Aplicar"),
+                                      fresh.scalar("SELECT Es_Cve_Estado FROM Cheque"),
+                                      fresh.scalar("SELECT Es_Cve_Estado FROM Banco_Movimiento"),
+                                      fresh.scalar("SELECT COUNT(*) || ' payments' FROM Pago_Cxp")}),
+            expected[n - 1]);
         EXPECT_THAT(fresh.rows("SELECT * FROM Poliza"), IsEmpty());
     }
 }
 
 TEST_F(Check_application, each_failing_service_call_makes_it_fail_and_leaves_the_check_to_be_applied_again) {
-    for (const auto& [type, beneficiary] : std::vector<std::pair<std::string, std::string>>{
-             {"0001", "PV01"}, {"0003", "CL01"}, {"0005", "PV01"}}) {
+    for (const auto& [type, beneficiary] :
+         std::vector<std::pair<std::string, std::string>>{{"0001", "PV01"}, {"0003", "CL01"}, {"0005", "PV01"}}) {
         for (std::size_t n = 1;; ++n) {
             Company fresh;
             const std::string folio = issue(fresh, header, type, beneficiary, {line});
@@ -422,8 +441,9 @@ TEST_F(Check_application, each_failing_service_call_makes_it_fail_and_leaves_the
             }
             SCOPED_TRACE(type + " " + fresh.on.asked.back());
             const bool posting = fresh.on.asked.back() == "IsPostingEnabled";
-            EXPECT_EQ(fresh.treasury().Error(), tag + (posting ? "Cuvexa.dll - Contabiliza_Banco_Movimiento()\r\n" : "") +
-                                                    obstructed::call_failure);
+            EXPECT_EQ(
+                fresh.treasury().Error(),
+                tag + (posting ? "Cuvexa.dll - Contabiliza_Banco_Movimiento()\r\n" : "") + obstructed::call_failure);
             EXPECT_EQ(fresh.scalar("SELECT Es_Cve_Estado FROM Cheque"), posting ? "AP" : "AC");
             fresh.on.clear();
             EXPECT_EQ(fresh.treasury().Aplicar_Cheque(folio, date), !posting) << fresh.treasury().Error();
@@ -445,7 +465,8 @@ TEST_F(Check_application, a_quote_in_the_folio_is_a_failure_in_the_databases_wor
     EXPECT_THAT(company.changes_with_audit(), IsEmpty());
 }
 
-// ---- Closing --------------------------------------------------------------------------------------------------------------
+// ---- Closing
+// --------------------------------------------------------------------------------------------------------------
 
 class Check_closing : public Check_application {
 protected:

@@ -51,23 +51,26 @@ TEST_F(Check_capture, the_first_line_takes_the_folio_and_is_written_with_every_c
     EXPECT_NE(folio(), "");
     EXPECT_EQ(company.treasury().Detalle().Ch_ID, "0001");
     const std::string stamp = company.module().data().SqlDateTime(Company::now());
-    EXPECT_THAT(company.rows("SELECT Ch_Folio, Cxa_ID, Ch_Cheque, Cxp_Folio, Mn_Cve_Moneda, Cxa_Tipo_Cambio, Cxa_Importe, "
-                             "Es_Cve_Estado, Cxa_Fecha_Aplicacion, Oper_Alta, Oper_Ult_Modif, Oper_Baja FROM Cheque_x_Aplicar"),
-                ElementsAre(folio() + "|0001|1001|CXP-MTY-00000001|USD|19.25|250.5|AC|NULL|CAJA1|CAJA1|"));
+    EXPECT_THAT(
+        company.rows("SELECT Ch_Folio, Cxa_ID, Ch_Cheque, Cxp_Folio, Mn_Cve_Moneda, Cxa_Tipo_Cambio, Cxa_Importe, "
+                     "Es_Cve_Estado, Cxa_Fecha_Aplicacion, Oper_Alta, Oper_Ult_Modif, Oper_Baja FROM Cheque_x_Aplicar"),
+        ElementsAre(folio() + "|0001|1001|CXP-MTY-00000001|USD|19.25|250.5|AC|NULL|CAJA1|CAJA1|"));
     EXPECT_EQ(company.statements().back(),
               "INSERT INTO Cheque_x_Aplicar(   Ch_Folio,    Cxa_ID,    Ch_Cheque,    Cxp_Folio,    Mn_Cve_Moneda,    "
-              "Cxa_Tipo_Cambio,    Cxa_Importe,    Oper_Alta,    Fecha_Alta,    Oper_Ult_Modif,    Fecha_Ult_Modif) VALUES('" +
-                  folio() + "', '0001', '1001', 'CXP-MTY-00000001', 'USD', 19.25, 250.5, 'CAJA1', '" + stamp + "', 'CAJA1', '" +
-                  stamp + "')");
+              "Cxa_Tipo_Cambio,    Cxa_Importe,    Oper_Alta,    Fecha_Alta,    Oper_Ult_Modif,    Fecha_Ult_Modif) "
+              "VALUES('" +
+                  folio() + "', '0001', '1001', 'CXP-MTY-00000001', 'USD', 19.25, 250.5, 'CAJA1', '" + stamp +
+                  "', 'CAJA1', '" + stamp + "')");
 }
 
 TEST_F(Check_capture, asks_whether_the_number_was_issued_and_then_inserts) {
     company.mark();
     ASSERT_TRUE(add()) << error();
     ASSERT_EQ(company.statements().size(), 2u);
-    EXPECT_EQ(company.statements()[0],
-              "SELECT Ch_Folio FROM Cheque WHERE    Ch_Referencia = '1001' AND    Bc_Cve_Banco_Cuenta = 'SRR-MXN' AND    "
-              "Ch_Transferencia = 'NO' AND    Es_Cve_Estado <> 'CA' ");
+    EXPECT_EQ(
+        company.statements()[0],
+        "SELECT Ch_Folio FROM Cheque WHERE    Ch_Referencia = '1001' AND    Bc_Cve_Banco_Cuenta = 'SRR-MXN' AND    "
+        "Ch_Transferencia = 'NO' AND    Es_Cve_Estado <> 'CA' ");
 }
 
 TEST_F(Check_capture, further_lines_are_numbered_and_skip_every_check_of_the_header) {
@@ -93,8 +96,9 @@ TEST_F(Check_capture, every_line_carries_the_stamp_of_the_first) {
     ASSERT_TRUE(add()) << error();
     company.on.server_date = add_days(Company::now(), 1);
     ASSERT_TRUE(add()) << error();
-    EXPECT_EQ(company.scalar("SELECT COUNT(DISTINCT Fecha_Alta) FROM Cheque_x_Aplicar WHERE Fecha_Alta = Fecha_Ult_Modif"),
-              "1");
+    EXPECT_EQ(
+        company.scalar("SELECT COUNT(DISTINCT Fecha_Alta) FROM Cheque_x_Aplicar WHERE Fecha_Alta = Fecha_Ult_Modif"),
+        "1");
 }
 
 TEST_F(Check_capture, a_new_folio_starts_at_line_one_again) {
@@ -108,7 +112,8 @@ TEST_F(Check_capture, a_new_folio_starts_at_line_one_again) {
     EXPECT_EQ(company.treasury().Detalle().Ch_ID, "0001");
 }
 
-// ---- Refusals, in step order ----------------------------------------------------------------------------------------------
+// ---- Refusals, in step order
+// ----------------------------------------------------------------------------------------------
 
 class Check_capture_steps : public Check_capture {
 protected:
@@ -293,7 +298,8 @@ TEST_F(Check_capture, the_catalog_does_not_ask_a_type_zero_for_its_beneficiary_w
     EXPECT_TRUE(add()) << error();
 }
 
-// ---- Numbers already issued -----------------------------------------------------------------------------------------------
+// ---- Numbers already issued
+// -----------------------------------------------------------------------------------------------
 
 TEST_F(Check_capture, a_transfer_issued_before_is_told_in_its_own_words) {
     header.Ch_Transferencia = "SI";
@@ -322,7 +328,8 @@ TEST_F(Check_capture, a_check_that_waits_for_authorization_keeps_its_number) {
     expect_refused("El cheque 1001 ya fue impreso con el folio: BEFORE");
 }
 
-// ---- Failures -------------------------------------------------------------------------------------------------------------
+// ---- Failures
+// -------------------------------------------------------------------------------------------------------------
 
 TEST_F(Check_capture, each_failing_statement_leaves_what_was_written_before_it) {
     company.mark();

@@ -82,7 +82,8 @@ protected:
     tTsDetalle line = Company::check_line(400, "");
 };
 
-// ---- The row of the check -------------------------------------------------------------------------------------------------
+// ---- The row of the check
+// -------------------------------------------------------------------------------------------------
 
 TEST_F(Check_creation, writes_the_check_with_every_column) {
     header.Ch_Fecha = make_date(2024, 3, 14, 9, 30, 0);
@@ -107,25 +108,27 @@ TEST_F(Check_creation, writes_the_check_with_every_column) {
     // 400 dollars at 20 less 100 pesos, in dollars at 20.
     EXPECT_THAT(
         company.statements(),
-        ElementsAre("SELECT ISNULL(SUM(Cxa_Importe * Cxa_Tipo_Cambio),0) / 20 as Cxa_Importe FROM Cheque_x_Aplicar WHERE "
-                    "Ch_Folio = '" +
-                        check + "' ",
-                    "INSERT INTO Cheque(   Ch_Folio,    Tc_Cve_Tipo_Cheque,    Ch_Transferencia,    Ch_Fecha,    "
-                    "Bc_Cve_Banco_Cuenta,    Sc_Cve_Sucursal,    Ch_Solicitar_Valor,    Ch_Beneficiario,    Ch_Importe,    "
-                    "Ch_Tipo_Cambio,    Ch_Concepto,    Ch_Tabla,    Ch_Documento,    Ch_Referencia,    Ch_Fecha_Firme,    "
-                    "Ch_Cuenta_Destino,    Ch_Banco_Destino,    Oper_Alta,    Fecha_Alta,    Oper_Ult_Modif,    "
-                    "Fecha_Ult_Modif) SELECT '" +
-                        check + "', '0001', 'SI', '" + data.SqlDateTime(header.Ch_Fecha) +
-                        "', 'SRR-MXN', 'MTY', 'PV01', 'Aceros del Bajío', 395, 20, 'Pago de facturas', 'SOLICITUD_CHEQUE', "
-                        "'SOL-1', '1001', '" +
-                        data.SqlDate(header.Ch_Fecha) + "', 'PTO-MXN', 'PUERTO', 'CAJA1', '" + stamp + "', 'CAJA1', '" + stamp +
-                        "'"));
-    EXPECT_THAT(company.rows("SELECT Ch_Folio, Tc_Cve_Tipo_Cheque, Ch_Transferencia, Bc_Cve_Banco_Cuenta, Sc_Cve_Sucursal, "
-                             "Ch_Solicitar_Valor, Ch_Beneficiario, Ch_Importe, Ch_Tipo_Cambio, Ch_Concepto, Ch_Tabla, "
-                             "Ch_Documento, Ch_Referencia, Ch_Cuenta_Destino, Ch_Banco_Destino, Es_Cve_Estado, Ch_Aplicar, "
-                             "Ch_Firme, Oper_Alta, Oper_Ult_Modif FROM Cheque"),
-                ElementsAre(check + "|0001|SI|SRR-MXN|MTY|PV01|Aceros del Bajío|395.0|20.0|Pago de facturas|SOLICITUD_CHEQUE|"
-                                    "SOL-1|1001|PTO-MXN|PUERTO|AC|NO|NO|CAJA1|CAJA1"));
+        ElementsAre(
+            "SELECT ISNULL(SUM(Cxa_Importe * Cxa_Tipo_Cambio),0) / 20 as Cxa_Importe FROM Cheque_x_Aplicar WHERE "
+            "Ch_Folio = '" +
+                check + "' ",
+            "INSERT INTO Cheque(   Ch_Folio,    Tc_Cve_Tipo_Cheque,    Ch_Transferencia,    Ch_Fecha,    "
+            "Bc_Cve_Banco_Cuenta,    Sc_Cve_Sucursal,    Ch_Solicitar_Valor,    Ch_Beneficiario,    Ch_Importe,    "
+            "Ch_Tipo_Cambio,    Ch_Concepto,    Ch_Tabla,    Ch_Documento,    Ch_Referencia,    Ch_Fecha_Firme,    "
+            "Ch_Cuenta_Destino,    Ch_Banco_Destino,    Oper_Alta,    Fecha_Alta,    Oper_Ult_Modif,    "
+            "Fecha_Ult_Modif) SELECT '" +
+                check + "', '0001', 'SI', '" + data.SqlDateTime(header.Ch_Fecha) +
+                "', 'SRR-MXN', 'MTY', 'PV01', 'Aceros del Bajío', 395, 20, 'Pago de facturas', 'SOLICITUD_CHEQUE', "
+                "'SOL-1', '1001', '" +
+                data.SqlDate(header.Ch_Fecha) + "', 'PTO-MXN', 'PUERTO', 'CAJA1', '" + stamp + "', 'CAJA1', '" + stamp +
+                "'"));
+    EXPECT_THAT(
+        company.rows("SELECT Ch_Folio, Tc_Cve_Tipo_Cheque, Ch_Transferencia, Bc_Cve_Banco_Cuenta, Sc_Cve_Sucursal, "
+                     "Ch_Solicitar_Valor, Ch_Beneficiario, Ch_Importe, Ch_Tipo_Cambio, Ch_Concepto, Ch_Tabla, "
+                     "Ch_Documento, Ch_Referencia, Ch_Cuenta_Destino, Ch_Banco_Destino, Es_Cve_Estado, Ch_Aplicar, "
+                     "Ch_Firme, Oper_Alta, Oper_Ult_Modif FROM Cheque"),
+        ElementsAre(check + "|0001|SI|SRR-MXN|MTY|PV01|Aceros del Bajío|395.0|20.0|Pago de facturas|SOLICITUD_CHEQUE|"
+                            "SOL-1|1001|PTO-MXN|PUERTO|AC|NO|NO|CAJA1|CAJA1"));
 }
 
 TEST_F(Check_creation, adds_up_the_lines_of_every_state) {
@@ -162,7 +165,8 @@ TEST_F(Check_creation, a_header_without_rate_is_a_failure_of_the_sum) {
     EXPECT_THAT(company.changes(), IsEmpty());
 }
 
-// ---- What each member does ------------------------------------------------------------------------------------------------
+// ---- What each member does
+// ------------------------------------------------------------------------------------------------
 
 class Check_purpose : public Check_creation, public ::testing::WithParamInterface<Purpose> {
 protected:
@@ -170,7 +174,9 @@ protected:
 
     std::vector<std::string> expected_statements(bool held = false) {
         std::vector<std::string> all;
-        const auto add = [&](std::initializer_list<const char*> texts) { all.insert(all.end(), texts.begin(), texts.end()); };
+        const auto add = [&](std::initializer_list<const char*> texts) {
+            all.insert(all.end(), texts.begin(), texts.end());
+        };
         if (purpose().adds_line) add({"SELECT Cheque", "INSERT Cheque_x_Aplicar"});
         add({"SELECT Cheque_x_Aplicar", "INSERT Cheque"});
         if (purpose().budget == 1) add({"INSERT Gasto_X_Comprobar", "UPDATE Cheque_x_Aplicar"});
@@ -180,7 +186,8 @@ protected:
             return all;
         }
         if (purpose().movement) {
-            add({"SELECT Cheque", "SELECT Banco_Cuenta", "INSERT Banco_Movimiento", "UPDATE Banco_Cuenta", "UPDATE Banco"});
+            add({"SELECT Cheque", "SELECT Banco_Cuenta", "INSERT Banco_Movimiento", "UPDATE Banco_Cuenta",
+                 "UPDATE Banco"});
         }
         if (purpose().budget == 1) add({"UPDATE Gasto_x_Comprobar"});
         return all;
@@ -364,13 +371,15 @@ auto purposes_with(Condition condition) {
 const auto member_of = [](const auto& info) { return info.param.member; };
 
 INSTANTIATE_TEST_SUITE_P(All, Check_purpose, ::testing::ValuesIn(purposes), member_of);
-INSTANTIATE_TEST_SUITE_P(Some, Budgeted_check, purposes_with([](const Purpose& each) { return each.budget >= 0; }), member_of);
-INSTANTIATE_TEST_SUITE_P(Some, Check_with_its_own_line, purposes_with([](const Purpose& each) { return each.adds_line; }),
+INSTANTIATE_TEST_SUITE_P(Some, Budgeted_check, purposes_with([](const Purpose& each) { return each.budget >= 0; }),
                          member_of);
+INSTANTIATE_TEST_SUITE_P(Some, Check_with_its_own_line,
+                         purposes_with([](const Purpose& each) { return each.adds_line; }), member_of);
 INSTANTIATE_TEST_SUITE_P(Some, Check_with_movement, purposes_with([](const Purpose& each) { return each.movement; }),
                          member_of);
 
-// ---- What is particular to one --------------------------------------------------------------------------------------------
+// ---- What is particular to one
+// --------------------------------------------------------------------------------------------
 
 TEST_F(Check_creation, a_transfer_between_own_accounts_needs_a_folio) {
     company.treasury().Encabezado(header);
@@ -422,23 +431,25 @@ TEST_F(Expense_check, writes_the_expense_with_every_column) {
     ASSERT_TRUE(create()) << error();
     const std::string expense = company.scalar("SELECT Gc_Folio FROM Gasto_x_Comprobar");
     const std::string stamp = company.module().data().SqlDateTime(Company::now());
-    EXPECT_EQ(company.statements()[4],
-              "INSERT INTO Gasto_X_Comprobar(   Gc_Folio,    Gc_Fecha,    Gc_Tabla,    Gc_Documento,    Gc_Referencia,    "
-              "Mn_Cve_Moneda,    Sc_Cve_Sucursal,    Cl_Cve_Cliente,    Gc_Importe,    Gc_Tipo_Cambio,    Gc_Comentario,    "
-              "Bc_Cve_Banco_Cuenta,    Oper_Alta,    Fecha_Alta,    Oper_Ult_Modif,    Fecha_Ult_Modif,    Es_Cve_Estado) "
-              "SELECT '" +
-                  expense + "', '" + company.module().data().SqlDate(header.Ch_Fecha) + "', 'CHEQUE', '" + folio() +
-                  "', '1001', 'USD', 'MTY', 'DE01', (SELECT Ch_Importe FROM Cheque WHERE Ch_Folio = '" + folio() +
-                  "'), 4, 'Pago de facturas', 'SRR-MXN', 'CAJA1', '" + stamp + "', 'CAJA1', '" + stamp + "', 'PXA'");
+    EXPECT_EQ(
+        company.statements()[4],
+        "INSERT INTO Gasto_X_Comprobar(   Gc_Folio,    Gc_Fecha,    Gc_Tabla,    Gc_Documento,    Gc_Referencia,    "
+        "Mn_Cve_Moneda,    Sc_Cve_Sucursal,    Cl_Cve_Cliente,    Gc_Importe,    Gc_Tipo_Cambio,    Gc_Comentario,    "
+        "Bc_Cve_Banco_Cuenta,    Oper_Alta,    Fecha_Alta,    Oper_Ult_Modif,    Fecha_Ult_Modif,    Es_Cve_Estado) "
+        "SELECT '" +
+            expense + "', '" + company.module().data().SqlDate(header.Ch_Fecha) + "', 'CHEQUE', '" + folio() +
+            "', '1001', 'USD', 'MTY', 'DE01', (SELECT Ch_Importe FROM Cheque WHERE Ch_Folio = '" + folio() +
+            "'), 4, 'Pago de facturas', 'SRR-MXN', 'CAJA1', '" + stamp + "', 'CAJA1', '" + stamp + "', 'PXA'");
     EXPECT_EQ(company.statements()[5],
               "UPDATE Cheque_x_Aplicar SET    Cxp_Folio = '" + expense + "' WHERE Ch_Folio = '" + folio() + "'");
     EXPECT_EQ(company.statements().back(),
               "UPDATE Gasto_x_Comprobar SET    Es_Cve_Estado = 'PA' WHERE Gc_Folio = '" + expense + "'");
     // 400 at 4 is 800 at 2: the amount is the check's, the rate the line's.
-    EXPECT_THAT(company.rows("SELECT Gc_Tabla, Gc_Documento, Gc_Referencia, Mn_Cve_Moneda, Sc_Cve_Sucursal, Cl_Cve_Cliente, "
-                             "Gc_Importe, Gc_Tipo_Cambio, Gc_Comentario, Bc_Cve_Banco_Cuenta, Oper_Alta, Oper_Ult_Modif, "
-                             "Es_Cve_Estado FROM Gasto_x_Comprobar"),
-                ElementsAre("CHEQUE|" + folio() + "|1001|USD|MTY|DE01|800.0|4.0|Pago de facturas|SRR-MXN|CAJA1|CAJA1|PA"));
+    EXPECT_THAT(
+        company.rows("SELECT Gc_Tabla, Gc_Documento, Gc_Referencia, Mn_Cve_Moneda, Sc_Cve_Sucursal, Cl_Cve_Cliente, "
+                     "Gc_Importe, Gc_Tipo_Cambio, Gc_Comentario, Bc_Cve_Banco_Cuenta, Oper_Alta, Oper_Ult_Modif, "
+                     "Es_Cve_Estado FROM Gasto_x_Comprobar"),
+        ElementsAre("CHEQUE|" + folio() + "|1001|USD|MTY|DE01|800.0|4.0|Pago de facturas|SRR-MXN|CAJA1|CAJA1|PA"));
     EXPECT_THAT(company.rows("SELECT Cxp_Folio FROM Cheque_x_Aplicar"), ElementsAre(expense));
 }
 
@@ -469,17 +480,17 @@ TEST_F(Expense_check, takes_its_folio_from_the_series_of_expenses_of_the_branch)
 
 TEST_F(Expense_check, each_failing_statement_leaves_exactly_what_was_written_before_it) {
     const std::vector<std::vector<std::string>> expected = {
-        {},                                                                  // is the number issued?
-        {},                                                                  // the line
-        {"line 0001 free"},                                                  // the sum of the lines
-        {"line 0001 free"},                                                  // the check
-        {"line 0001 free", "check AC"},                                      // the expense
-        {"line 0001 free", "check AC", "expense PXA"},                       // the lines point to it
-        {"line 0001 of the expense", "check AC", "expense PXA"},             // the check for its budget
-        {"line 0001 of the expense", "check AC", "expense PXA"},             // its budget data
-        {"line 0001 of the expense", "check AC", "expense PXA"},             // the check for its movement
-        {"line 0001 of the expense", "check AC", "expense PXA"},             // the account
-        {"line 0001 of the expense", "check AC", "expense PXA"},             // the movement
+        {},                                                                          // is the number issued?
+        {},                                                                          // the line
+        {"line 0001 free"},                                                          // the sum of the lines
+        {"line 0001 free"},                                                          // the check
+        {"line 0001 free", "check AC"},                                              // the expense
+        {"line 0001 free", "check AC", "expense PXA"},                               // the lines point to it
+        {"line 0001 of the expense", "check AC", "expense PXA"},                     // the check for its budget
+        {"line 0001 of the expense", "check AC", "expense PXA"},                     // its budget data
+        {"line 0001 of the expense", "check AC", "expense PXA"},                     // the check for its movement
+        {"line 0001 of the expense", "check AC", "expense PXA"},                     // the account
+        {"line 0001 of the expense", "check AC", "expense PXA"},                     // the movement
         {"line 0001 of the expense", "check AC", "expense PXA", "movement -800.0"},  // the account's balance
         {"line 0001 of the expense", "check AC", "expense PXA", "movement -800.0", "account -800.0"},
         {"line 0001 of the expense", "check AC", "expense PXA", "movement -800.0", "account -800.0", "bank -800.0",

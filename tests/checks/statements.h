@@ -25,7 +25,8 @@ inline std::vector<std::string> in_short(const std::vector<std::string>& stateme
     return texts;
 }
 
-/// From here on, whenever `event` ("AFTER INSERT ON Cheque", with a condition if need be), somebody else runs `statement`.
+/// From here on, whenever `event` ("AFTER INSERT ON Cheque", with a condition if need be), somebody else runs
+/// `statement`.
 inline void meanwhile(Company& company, const std::string& event, const std::string& statement) {
     static int count = 0;
     const std::string text =

@@ -21,14 +21,46 @@ struct Kind {
 };
 
 const std::vector<Kind> kinds = {
-    {0, "TES_MODO_AUTORIZAR_ANTICIPO_PROVEEDOR", "05", "0005", "PV01", "PV03", "Anticipo_Proveedor_Presupuesto", "App_",
-     "un anticipo a proveedor", {{"PV", "PV01"}, {"GP", "MERC"}, {"SC", "MTY"}, {"EM", "EM01"}}},
-    {1, "TES_MODO_AUTORIZAR_GASTO_X_COMPROBAR", "02", "0002", "DE01", "DE02", "Gasto_x_Comprobar_Presupuesto", "Gcp_",
-     "un gasto x comprobar", {{"DE", "DE01"}, {"SC", "MTY"}, {"EM", "EM01"}}},
-    {3, "TES_MODO_AUTORIZAR_PRESTAMO_DEUDOR", "04", "0004", "DE01", "DE02", "Prestamo_Deudor_Presupuesto", "Pdp_",
-     "un préstamo a deudor", {{"DE", "DE01"}, {"SC", "MTY"}, {"EM", "EM01"}}},
-    {4, "TES_MODO_AUTORIZAR_DEVOLUCION_CLIENTE", "03", "0003", "CL01", "CL02", "Devolucion_Cliente_Presupuesto", "Dcp_",
-     "una devolución a cliente", {{"CL", "CL01"}, {"SC", "MTY"}, {"EM", "EM01"}}},
+    {0,
+     "TES_MODO_AUTORIZAR_ANTICIPO_PROVEEDOR",
+     "05",
+     "0005",
+     "PV01",
+     "PV03",
+     "Anticipo_Proveedor_Presupuesto",
+     "App_",
+     "un anticipo a proveedor",
+     {{"PV", "PV01"}, {"GP", "MERC"}, {"SC", "MTY"}, {"EM", "EM01"}}},
+    {1,
+     "TES_MODO_AUTORIZAR_GASTO_X_COMPROBAR",
+     "02",
+     "0002",
+     "DE01",
+     "DE02",
+     "Gasto_x_Comprobar_Presupuesto",
+     "Gcp_",
+     "un gasto x comprobar",
+     {{"DE", "DE01"}, {"SC", "MTY"}, {"EM", "EM01"}}},
+    {3,
+     "TES_MODO_AUTORIZAR_PRESTAMO_DEUDOR",
+     "04",
+     "0004",
+     "DE01",
+     "DE02",
+     "Prestamo_Deudor_Presupuesto",
+     "Pdp_",
+     "un préstamo a deudor",
+     {{"DE", "DE01"}, {"SC", "MTY"}, {"EM", "EM01"}}},
+    {4,
+     "TES_MODO_AUTORIZAR_DEVOLUCION_CLIENTE",
+     "03",
+     "0003",
+     "CL01",
+     "CL02",
+     "Devolucion_Cliente_Presupuesto",
+     "Dcp_",
+     "una devolución a cliente",
+     {{"CL", "CL01"}, {"SC", "MTY"}, {"EM", "EM01"}}},
 };
 
 class Budget_check : public ::testing::Test {
@@ -43,17 +75,19 @@ protected:
                      const std::string& date = "2024-03-15", const std::string& state = "AC",
                      const std::string& beneficiary = {}, const std::string& branch = "MTY") {
         company.sql(
-            "INSERT INTO Cheque (Ch_Folio, Tc_Cve_Tipo_Cheque, Sc_Cve_Sucursal, Ch_Solicitar_Valor, Ch_Fecha, Ch_Importe, "
+            "INSERT INTO Cheque (Ch_Folio, Tc_Cve_Tipo_Cheque, Sc_Cve_Sucursal, Ch_Solicitar_Valor, Ch_Fecha, "
+            "Ch_Importe, "
             "Ch_Tipo_Cambio, Es_Cve_Estado) VALUES ('" +
-            folio + "', '" + kind.check_type + "', '" + branch + "', '" + (beneficiary.empty() ? kind.beneficiary : beneficiary) +
-            "', '" + date + "', " + number_text(amount) + ", " + number_text(rate) + ", '" + state + "')");
+            folio + "', '" + kind.check_type + "', '" + branch + "', '" +
+            (beneficiary.empty() ? kind.beneficiary : beneficiary) + "', '" + date + "', " + number_text(amount) +
+            ", " + number_text(rate) + ", '" + state + "')");
     }
 
     void set_budget(const Kind& kind, const Level& level, double amount, int month = 3, int year = 2024) {
         const std::string column = kind.prefix + (month < 10 ? "0" : "") + std::to_string(month);
-        company.sql("INSERT INTO " + kind.table + " (" + kind.prefix + "Tipo, " + kind.prefix + "Valor, " + kind.prefix +
-                    "Periodo, " + column + ") VALUES ('" + level.code + "', '" + level.holder + "', " + std::to_string(year) +
-                    ", " + number_text(amount) + ")");
+        company.sql("INSERT INTO " + kind.table + " (" + kind.prefix + "Tipo, " + kind.prefix + "Valor, " +
+                    kind.prefix + "Periodo, " + column + ") VALUES ('" + level.code + "', '" + level.holder + "', " +
+                    std::to_string(year) + ", " + number_text(amount) + ")");
     }
 
     bool charge(const Kind& kind, const std::string& folio = "C1") {
@@ -96,7 +130,8 @@ protected:
 INSTANTIATE_TEST_SUITE_P(Kinds, Budget_check_of_kind, ::testing::ValuesIn(kinds),
                          [](const auto& info) { return info.param.prefix + std::to_string(info.param.type); });
 
-// ---- Decision table -------------------------------------------------------------------------------------------------------
+// ---- Decision table
+// -------------------------------------------------------------------------------------------------------
 
 TEST_P(Budget_check_of_kind, without_control_nothing_is_looked_for) {
     write_check(kind(), "C1", 1000);
@@ -167,7 +202,8 @@ TEST_P(Budget_check_of_kind, each_level_adds_up_the_checks_of_its_own_holder) {
     write_check(kind(), "C1", 100);
     write_check(kind(), "OTHER-PARTY", 10, 1, "2024-03-01", "AC", kind().other_beneficiary);
     write_check(kind(), "OTHER-BRANCH", 20, 1, "2024-03-01", "AC", "", "GDL");
-    company.sql("INSERT INTO Sucursal (Sc_Cve_Sucursal, Sc_Descripcion, Em_Cve_Empresa) VALUES ('XAL', 'Xalapa', 'EM02')");
+    company.sql(
+        "INSERT INTO Sucursal (Sc_Cve_Sucursal, Sc_Descripcion, Em_Cve_Empresa) VALUES ('XAL', 'Xalapa', 'EM02')");
     write_check(kind(), "OTHER-COMPANY", 40, 1, "2024-03-01", "AC", "", "XAL");
     for (const Level& level : kind().levels) {
         SCOPED_TRACE(level.code);
@@ -220,7 +256,8 @@ TEST_P(Budget_check_of_kind, every_month_reads_its_own_column_and_year) {
     }
 }
 
-// ---- Statements -----------------------------------------------------------------------------------------------------------
+// ---- Statements
+// -----------------------------------------------------------------------------------------------------------
 
 TEST_P(Budget_check_of_kind, runs_its_statements_in_order) {
     set_mode(kind(), "1");
@@ -236,30 +273,35 @@ TEST_P(Budget_check_of_kind, runs_its_statements_in_order) {
                       "Cliente.Tc_Cve_Tipo_Cliente = '" +
                           std::string(kind().type == 4 ? "CL" : "DE") + "'";
     const std::string holder =
-        of_supplier ? "Proveedor.Pv_Cve_Proveedor AS Proveedor, Grupo_Proveedor.Gp_Cve_Grupo_Proveedor AS Grupo_Proveedor"
-                    : "Cliente.Cl_Cve_Cliente AS " + std::string(kind().type == 4 ? "Cliente" : "Deudor");
+        of_supplier
+            ? "Proveedor.Pv_Cve_Proveedor AS Proveedor, Grupo_Proveedor.Gp_Cve_Grupo_Proveedor AS Grupo_Proveedor"
+            : "Cliente.Cl_Cve_Cliente AS " + std::string(kind().type == 4 ? "Cliente" : "Deudor");
     const std::string joins =
-        "FROM Cheque    INNER JOIN Tipo_Cheque ON Tipo_Cheque.Tc_Cve_Tipo_Cheque = Cheque.Tc_Cve_Tipo_Cheque    INNER JOIN "
+        "FROM Cheque    INNER JOIN Tipo_Cheque ON Tipo_Cheque.Tc_Cve_Tipo_Cheque = Cheque.Tc_Cve_Tipo_Cheque    INNER "
+        "JOIN "
         "Sucursal ON Sucursal.Sc_Cve_Sucursal = Cheque.Sc_Cve_Sucursal    " +
         join;
     std::vector<std::string> expected = {
         "SELECT * FROM Cheque WHERE Ch_Folio = 'C1' ",
         "SELECT    " + holder +
-            ",    Sucursal.Sc_Cve_Sucursal AS Sucursal,    Sucursal.Em_Cve_Empresa AS Empresa,    Tipo_Cheque.Tc_Solicitar AS "
+            ",    Sucursal.Sc_Cve_Sucursal AS Sucursal,    Sucursal.Em_Cve_Empresa AS Empresa,    "
+            "Tipo_Cheque.Tc_Solicitar AS "
             "Tipo,    Cheque.Ch_Fecha AS Fecha,    Cheque.Ch_Importe * Cheque.Ch_Tipo_Cambio AS Importe " +
             joins + " WHERE    Cheque.Ch_Folio = 'C1' AND    Cheque.Es_Cve_Estado NOT IN ('CA','AP') "};
     for (const Level& level : kind().levels) {
         const std::string& prefix = kind().prefix;
-        expected.push_back("SELECT " + prefix + "03 AS Importe FROM " + kind().table + " WHERE    " + prefix + "Tipo = '" +
-                           level.code + "' AND    " + prefix + "Valor = '" + level.holder + "' AND    " + prefix +
-                           "Periodo = 2024 ");
+        expected.push_back("SELECT " + prefix + "03 AS Importe FROM " + kind().table + " WHERE    " + prefix +
+                           "Tipo = '" + level.code + "' AND    " + prefix + "Valor = '" + level.holder + "' AND    " +
+                           prefix + "Periodo = 2024 ");
     }
     expected.push_back("SELECT SUM(Cheque.Ch_Importe * Cheque.Ch_Tipo_Cambio) AS Importe " + joins +
-                       " WHERE    Sucursal.Em_Cve_Empresa = 'EM01' AND    Tipo_Cheque.Tc_Solicitar = '" + kind().asks_for +
+                       " WHERE    Sucursal.Em_Cve_Empresa = 'EM01' AND    Tipo_Cheque.Tc_Solicitar = '" +
+                       kind().asks_for +
                        "' AND    MONTH(Cheque.Ch_Fecha) = 3 AND    YEAR(Cheque.Ch_Fecha) = 2024 AND    "
                        "Cheque.Es_Cve_Estado NOT IN ('CA','PXA') ");
-    expected.push_back("UPDATE Cheque SET    Es_Cve_Estado = 'PXA',    Oper_Ult_Modif = 'CAJA1',    Fecha_Ult_Modif = '" +
-                       company.module().data().SqlDateTime(Company::now()) + "' WHERE Ch_Folio = 'C1'");
+    expected.push_back(
+        "UPDATE Cheque SET    Es_Cve_Estado = 'PXA',    Oper_Ult_Modif = 'CAJA1',    Fecha_Ult_Modif = '" +
+        company.module().data().SqlDateTime(Company::now()) + "' WHERE Ch_Folio = 'C1'");
     EXPECT_EQ(company.statements(), expected);
     EXPECT_THAT(company.rows("SELECT Es_Cve_Estado, Oper_Ult_Modif FROM Cheque"), ElementsAre("PXA|CAJA1"));
 }
@@ -298,7 +340,8 @@ TEST_P(Budget_check_of_kind, each_failing_service_call_leaves_the_check_as_it_wa
                 ElementsAre("GetParameter", "GetParameter", "GetParameter", "GetParameter"));
 }
 
-// ---- Refusals, in step order ----------------------------------------------------------------------------------------------
+// ---- Refusals, in step order
+// ----------------------------------------------------------------------------------------------
 
 TEST_P(Budget_check_of_kind, refuses_an_empty_folio_without_a_statement) {
     set_mode(kind(), "2");
