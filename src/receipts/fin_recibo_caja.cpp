@@ -95,13 +95,14 @@ void create_receivable(Operation& op, AccountsReceivableService& receivables, co
 }
 
 void mark_applied(Operation& op, const std::string& folio) {
+    const std::string user = op.session().GetUserName();
     op.execute(
         "UPDATE Recibo_Pago SET "
         "   Es_Cve_Estado = 'AP', "
         "   Oper_Ult_Modif = '{}', "
         "   Fecha_Ult_Modif = '{}' "
         "WHERE Rp_Folio = '{}'",
-        op.session().GetUserName(), op.server_stamp(), folio);
+        user, op.server_stamp(), folio);
 }
 
 }  // namespace
