@@ -1,0 +1,284 @@
+// Rules of the house, checked on the sources themselves.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace cuvexa {
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::IsEmpty;
+
+struct Source {
+    std::string path;  ///< from the root, "src/core/date.cpp"
+    std::string room;  ///< "core", or "include/cuvexa"
+    std::string text;
+};
+
+std::vector<Source> sources_under(const std::string& folder) {
+    const fs::path root = CUVEXA_SOURCE_DIR;
+    std::vector<Source> sources;
+    for (const auto& entry : fs::recursive_directory_iterator(root / folder)) {
+        const std::string extension = entry.path().extension().string();
+        if (extension != ".h" && extension != ".cpp") continue;
+        std::stringstream text;
+        text << std::ifstream(entry.path(), std::ios::binary).rdbuf();
+        const fs::path relative = fs::relative(entry.path(), root);
+        const std::string room = folder == "src" ? std::next(relative.begin())->string() : folder;
+        sources.push_back({relative.generic_string(), room, text.str()});
+    }
+    std::sort(sources.begin(), sources.end(), [](const Source& a, const Source& b) { return a.path < b.path; });
+    return sources;
+}
+
+std::vector<Source> product() {
+    std::vector<Source> all = sources_under("src");
+    for (Source& source : sources_under("include")) {
+        source.room = "include/cuvexa";
+        all.push_back(std::move(source));
+    }
+    return all;
+}
+
+std::vector<std::string> includes_of(const Source& source) {
+    static const std::regex line(R"(^[ \t]*#[ \t]*include[ \t]*([<"][^>"]+[>"]))", std::regex::multiline);
+    std::vector<std::string> found;
+    for (std::sregex_iterator at(source.text.begin(), source.text.end(), line), end; at != end; ++at)
+        found.push_back((*at)[1]);
+    return found;
+}
+
+// ---- Who may include whom
+// ------------------------------------------------------------------------------------------------
+
+const std::set<std::string> subsystems = {"receipts", "checks", "banks", "deposits", "requests", "advances", "dialogs"};
+const std::set<std::string> free_of_third_parties = {"include/cuvexa", "core",     "receipts", "checks",  "banks",
+                                                     "deposits",       "requests", "advances", "dialogs", "suite"};
+
+/// How far down a room stands; it may include what stands above it.
+int depth_of(const std::string& room) {
+    static const std::map<std::string, int> depths = {
+        {"suite", 3}, {"database", 3}, {"automation", 4}, {"desktop", 5}, {"cli", 6}};
+    if (room == "include/cuvexa") return 0;
+    if (room == "core") return 1;
+    if (subsystems.contains(room)) return 2;
+    const auto depth = depths.find(room);
+    return depth == depths.end() ? -1 : depth->second;
+}
+
+bool may_include_room(const std::string& room, const std::string& other) {
+    return room == other || (depth_of(other) >= 0 && depth_of(other) < depth_of(room));
+}
+
+bool is_standard_header(const std::string& name) {
+    return std::all_of(name.begin(), name.end(),
+                       [](unsigned char c) { return std::islower(c) != 0 || std::isdigit(c) != 0 || c == '_'; });
+}
+
+/// Why a room may not include that; empty when it may.
+std::string objection(const std::string& room, const std::string& include) {
+    const std::string name = include.substr(1, include.size() - 2);
+    if (include.front() == '<') {
+        return is_standard_header(name) || !free_of_third_parties.contains(room) ? "" : "a header of others";
+    }
+    const auto slash = name.find('/');
+    if (slash == std::string::npos) return "";  // of its own folder
+    const std::string other = name.substr(0, slash) == "cuvexa" ? "include/cuvexa" : name.substr(0, slash);
+    return may_include_room(room, other) ? "" : "a room it may not see";
+}
+
+TEST(House, each_room_includes_only_what_stands_above_it) {
+    std::vector<std::string> objections;
+    std::size_t looked_at = 0;
+    for (const Source& source : product()) {
+        ASSERT_GE(depth_of(source.room), 0) << source.path << " stands in a room that the house does not have";
+        for (const std::string& include : includes_of(source)) {
+            ++looked_at;
+            const std::string why = objection(source.room, include);
+            if (!why.empty()) objections.push_back(source.path + ": " + include + ", " + why);
+        }
+    }
+    EXPECT_THAT(objections, IsEmpty());
+    EXPECT_GT(looked_at, 200u) << "the sources were not found";
+}
+
+TEST(House, the_include_rule_objects_to_what_it_should) {
+    EXPECT_EQ(objection("receipts", "\"core/operation.h\""), "");
+    EXPECT_EQ(objection("receipts", "<string>"), "");
+    EXPECT_EQ(objection("database", "<sqlite3.h>"), "");
+    EXPECT_EQ(objection("cli", "\"suite/reference_suite.h\""), "");
+    EXPECT_EQ(objection("core", "\"core/case.h\""), "");
+    EXPECT_NE(objection("core", "\"receipts/x.h\""), "");
+    EXPECT_NE(objection("core", "<sqlite3.h>"), "");
+    EXPECT_NE(objection("suite", "<nlohmann/json.hpp>"), "");
+    EXPECT_NE(objection("dialogs", "<QDialog>"), "");
+    EXPECT_NE(objection("receipts", "\"banks/x.h\""), "");
+    EXPECT_NE(objection("deposits", "\"suite/reference_suite.h\""), "");
+    EXPECT_NE(objection("suite", "\"database/script.h\""), "");
+    EXPECT_NE(objection("include/cuvexa", "\"core/operation.h\""), "");
+}
+
+// ---- Who may catch
+// -------------------------------------------------------------------------------------------------------
+
+TEST(House, failures_are_caught_at_the_boundaries_alone) {
+    const std::set<std::string> boundaries = {
+        "src/core/operation.h",          // the frame of every operation
+        "src/core/report.h",             // trapped accessors and dialogs
+        "src/core/unit_of_work.cpp",     // an undoing that must not throw
+        "src/suite/context.h",           // the services' own frame
+        "src/suite/administration.cpp",  // a database without schema
+    };
+    static const std::regex handler(R"(\bcatch\s*\()");
+    std::vector<std::string> elsewhere;
+    std::set<std::string> unused = boundaries;
+    for (const Source& source : product()) {
+        if (depth_of(source.room) > depth_of("suite") || source.room == "database")
+            continue;  // the doors and the engines
+        if (!std::regex_search(source.text, handler)) continue;
+        unused.erase(source.path);
+        if (!boundaries.contains(source.path)) elsewhere.push_back(source.path);
+    }
+    EXPECT_THAT(elsewhere, IsEmpty());
+    EXPECT_THAT(unused, IsEmpty()) << "a boundary that no longer catches can leave the list";
+}
+
+// ---- Numbers and texts
+// ---------------------------------------------------------------------------------------------------
+
+TEST(House, subsystems_leave_numbers_to_the_one_conversion_and_never_format_by_locale) {
+    static const std::regex conversion(
+        R"(\b(ostringstream|stringstream|setprecision|snprintf|sprintf|stod|strtod|atof|localeconv)\b)");
+    std::vector<std::string> found;
+    for (const Source& source : product()) {
+        if (subsystems.contains(source.room) && std::regex_search(source.text, conversion))
+            found.push_back(source.path);
+    }
+    EXPECT_THAT(found, IsEmpty());
+}
+
+TEST(House, no_operation_opens_a_transaction) {
+    static const std::regex transaction(R"((BEGIN|COMMIT|ROLLBACK) TRAN)", std::regex::icase);
+    std::vector<std::string> found;
+    for (const Source& source : product()) {
+        if (subsystems.contains(source.room) && std::regex_search(source.text, transaction))
+            found.push_back(source.path);
+    }
+    EXPECT_THAT(found, IsEmpty());
+}
+
+// ---- One class, every member
+// --------------------------------------------------------------------------------------------
+
+std::string text_of(const std::string& path) {
+    std::stringstream text;
+    text << std::ifstream(fs::path(CUVEXA_SOURCE_DIR) / path, std::ios::binary).rdbuf();
+    return text.str();
+}
+
+TEST(House, the_public_members_of_the_class_stand_in_the_published_order) {
+    const std::string header = text_of("include/cuvexa/tesoreria.h");
+    const char* const published[] = {"FolioMovimiento",
+                                     "Cancelar_Deposito",
+                                     "Error",
+                                     "Validar_Forma_Pago",
+                                     "Dp_Folio",
+                                     "Ch_Banco_Destino",
+                                     "NuevoReciboCaja",
+                                     "FinReciboCaja",
+                                     "RpEncabezado",
+                                     "RpDetalle",
+                                     "Add_Recibo_Caja_Detalle",
+                                     "Encabezado",
+                                     "Detalle",
+                                     "Nuevo",
+                                     "Add_Cheque_Detalle",
+                                     "Crear_Cheque_Pago_Proveedor",
+                                     "Crear_Cheque_Devolucion_Anticipo",
+                                     "Crear_Cheque_Anticipo_Cxp",
+                                     "Crear_Cheque_Devolucion_Cliente",
+                                     "Crear_Cheque_Gasto_x_Comprobar",
+                                     "Crear_Cheque_Deudor",
+                                     "Cancelar_Cheque",
+                                     "Aplicar_Cheque",
+                                     "Registra_Movimiento_Bancario_Cheque",
+                                     "Registra_Movimiento_Banco",
+                                     "Cancelar_Documento_Bancos",
+                                     "Cancelar_Aplicacion_Cheque",
+                                     "Crear_Cheque",
+                                     "Registrar_Deposito_Recibo_Caja",
+                                     "Genera_Deposito",
+                                     "GetSaldo",
+                                     "PedirDatosDeposito",
+                                     "Cancelar_Movimiento_Bancos",
+                                     "Cancelar_Recibo_Caja",
+                                     "Crear_Traspaso_Cuenta_Propia",
+                                     "Finalizar_Cheque",
+                                     "SchEncabezado",
+                                     "SchDetalle",
+                                     "Add_Solicitud_Cheque",
+                                     "Add_Solicitud_Cheque_Detalle",
+                                     "Autorizar_Solicitud_Cheque",
+                                     "Cancelar_Solicitud_Cheque",
+                                     "Afectar_Cheque_Presupuesto",
+                                     "PedirDatosFormaPago",
+                                     "RpDetalle2"};
+    std::size_t at = header.find("class Tesoreria {");
+    ASSERT_NE(at, std::string::npos);
+    const std::string members = std::regex_replace(header.substr(at), std::regex("//[^\n]*"), "");
+    at = 0;
+    for (const char* const member : published) {
+        std::smatch found;
+        const std::string rest = members.substr(at);
+        ASSERT_TRUE(std::regex_search(rest, found, std::regex(std::string("\\b") + member + "[(;]")))
+            << member << " does not follow the member before it";
+        at += static_cast<std::size_t>(found.position(0));
+    }
+}
+
+// ---- Texts that callers read
+// ---------------------------------------------------------------------------------------------
+
+TEST(House, each_source_tag_is_written_in_one_place_under_the_name_of_its_member) {
+    static const std::regex tag("\"(Cuvexa\\.dll - )(\\w+)\\(\\)( ?)\"");
+    const std::set<std::string> in_two_forms = {"Registra_Movimiento_Banco"};  // with and without a blank behind
+    std::map<std::string, int> times;
+    for (const Source& source : product()) {
+        if (!subsystems.contains(source.room)) continue;
+        for (std::sregex_iterator at(source.text.begin(), source.text.end(), tag), end; at != end; ++at) {
+            const std::string member = (*at)[2];
+            EXPECT_NE(text_of("include/cuvexa/tesoreria.h").find(member), std::string::npos)
+                << source.path << " tags with a member that the class does not have: " << member;
+            if (!in_two_forms.contains(member)) ++times[(*at)[0]];
+        }
+    }
+    EXPECT_GT(times.size(), 15u);
+    for (const auto& [text, count] : times) EXPECT_EQ(count, 1) << text;
+}
+
+TEST(House, sources_are_plain_text_without_tabs_or_blanks_at_line_ends) {
+    std::vector<std::string> found;
+    for (const std::string folder : {"src", "include", "tests"}) {
+        for (const Source& source : sources_under(folder)) {
+            const bool ends_well = !source.text.empty() && source.text.back() == '\n';
+            if (!ends_well || source.text.find('\t') != std::string::npos ||
+                source.text.find('\r') != std::string::npos || source.text.find(" \n") != std::string::npos) {
+                found.push_back(source.path);
+            }
+        }
+    }
+    EXPECT_THAT(found, IsEmpty());
+}
+
+}  // namespace
+}  // namespace cuvexa
