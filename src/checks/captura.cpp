@@ -6,40 +6,14 @@
 namespace cuvexa {
 namespace {
 
-constexpr auto no_type = "0000";  // a check without type asks for no beneficiary
 constexpr auto transfer = "SI";
 
 void check_catalogs(Operation& op, const tTsEncabezado& header) {
     const std::string& branch = header.Sucursal.Sc_Cve_Sucursal;
-    const std::string& type = header.Tc_Cve_Tipo_Cheque;
     op.refuse_plain_if(op.data().LookupValue("Sc_Descripcion", "Sc_Cve_Sucursal", branch, "Sucursal").empty(),
                        "La sucursal: {}, no existe o está dada de baja", branch);
     check_currency(op, header.Mn_Cve_Moneda, Form::plain);
-    // Without accent: callers know it so.
-    op.refuse_plain_if(op.data().LookupValue("Tc_Descripcion", "Tc_Cve_Tipo_Cheque", type, "Tipo_Cheque").empty(),
-                       "El tipo de cheque: {}, no existe o esta dado de baja", type);
-}
-
-std::string customer_name(Operation& op, const std::string& key, const char* condition) {
-    return op.data().LookupValue("Cl_Descripcion", "Cl_Cve_Cliente", key, "Cliente", condition);
-}
-
-/// The supplier, debtor or customer that the check type asks for must be active in its catalog.
-void check_beneficiary(Operation& op, const tTsEncabezado& header) {
-    if (header.Tc_Cve_Tipo_Cheque == no_type) return;
-    const std::string asks_for =
-        op.data().LookupValue("Tc_Solicitar", "Tc_Cve_Tipo_Cheque", header.Tc_Cve_Tipo_Cheque, "Tipo_Cheque");
-    const std::string& key = header.Ch_Solicitar_Valor;
-    if (asks_for == "01" || asks_for == "05") {
-        op.refuse_plain_if(op.data().LookupValue("Pv_Descripcion", "Pv_Cve_Proveedor", key, "Proveedor").empty(),
-                           "El proveedor: {}, no existe o esta dado de baja", key);
-    } else if (asks_for == "02" || asks_for == "04") {
-        op.refuse_plain_if(customer_name(op, key, "Tc_Cve_Tipo_Cliente = 'DE'").empty(),
-                           "El deudor: {}, no existe o esta dado de baja", key);
-    } else if (asks_for == "03") {
-        op.refuse_plain_if(customer_name(op, key, "Tc_Cve_Tipo_Cliente = 'CL'").empty(),
-                           "El cliente: {}, no existe o esta dado de baja", key);
-    }
+    check_check_type(op, header.Tc_Cve_Tipo_Cheque, Form::plain);
 }
 
 /// A number is issued once per account and kind: a check and a transfer may share it. A cancelled check frees it.
@@ -69,7 +43,7 @@ void check_header(Operation& op, const tTsEncabezado& header) {
     check_catalogs(op, header);
     op.refuse_plain_if(header.Ch_Transferencia.empty(), "No se indicó el tipo de operación (cheque o transferencia)");
     check_rate(op, header.Ch_Tipo_Cambio, Form::plain);
-    check_beneficiary(op, header);
+    check_beneficiary(op, header.Tc_Cve_Tipo_Cheque, header.Ch_Solicitar_Valor, Advance::names_supplier, Form::plain);
     check_not_issued(op, header);
 }
 

@@ -11,6 +11,10 @@ namespace {
     throw Refusal{form == Form::tagged ? op.tagged(message) : message};
 }
 
+bool is_active_customer(Operation& op, const std::string& key, const char* kind) {
+    return !op.data().LookupValue("Cl_Descripcion", "Cl_Cve_Cliente", key, "Cliente", kind).empty();
+}
+
 }  // namespace
 
 void check_central_server(Operation& op, const std::string& branch_server_id, Form form) {
@@ -47,6 +51,30 @@ void check_operating_period(Operation& op, Date document_date, Form form) {
 void check_currency(Operation& op, const std::string& currency, Form form) {
     if (!op.data().LookupValue("Mn_Descripcion", "Mn_Cve_Moneda", currency, "Moneda").empty()) return;
     refuse(op, form, filled("La moneda: {}, no existe o está dada de baja", currency));
+}
+
+void check_check_type(Operation& op, const std::string& check_type, Form form) {
+    if (!op.data().LookupValue("Tc_Descripcion", "Tc_Cve_Tipo_Cheque", check_type, "Tipo_Cheque").empty()) return;
+    // Without accent: callers know it so, here and below.
+    refuse(op, form, filled("El tipo de cheque: {}, no existe o esta dado de baja", check_type));
+}
+
+void check_beneficiary(Operation& op, const std::string& check_type, const std::string& key, Advance advance, Form form) {
+    if (check_type == "0000") return;
+    const std::string asked = op.data().LookupValue("Tc_Solicitar", "Tc_Cve_Tipo_Cheque", check_type, "Tipo_Cheque");
+    if (asked == "01" || (asked == "05" && advance == Advance::names_supplier)) {
+        if (op.data().LookupValue("Pv_Descripcion", "Pv_Cve_Proveedor", key, "Proveedor").empty()) {
+            refuse(op, form, filled("El proveedor: {}, no existe o esta dado de baja", key));
+        }
+    } else if (asked == "02" || asked == "04") {
+        if (!is_active_customer(op, key, "Tc_Cve_Tipo_Cliente = 'DE'")) {
+            refuse(op, form, filled("El deudor: {}, no existe o esta dado de baja", key));
+        }
+    } else if (asked == "03") {
+        if (!is_active_customer(op, key, "Tc_Cve_Tipo_Cliente = 'CL'")) {
+            refuse(op, form, filled("El cliente: {}, no existe o esta dado de baja", key));
+        }
+    }
 }
 
 void check_rate(Operation& op, double rate, Form form) {

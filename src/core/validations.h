@@ -22,6 +22,15 @@ void check_operating_period(Operation& op, Date document_date, Form form);
 /// Refuses a currency that does not exist or is inactive.
 void check_currency(Operation& op, const std::string& currency, Form form);
 
+/// Refuses a check type that does not exist or is inactive.
+void check_check_type(Operation& op, const std::string& check_type, Form form);
+
+/// Whether the check type of a supplier advance ("05") asks for the supplier: a check's does, a request's does not.
+enum class Advance { names_supplier, names_none };
+
+/// Refuses a beneficiary who is not active in the catalog that the check type asks for; "0000" is no type and asks for none.
+void check_beneficiary(Operation& op, const std::string& check_type, const std::string& key, Advance advance, Form form);
+
 /// Refuses an exchange rate that is not valid.
 void check_rate(Operation& op, double rate, Form form);
 

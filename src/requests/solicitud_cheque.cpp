@@ -15,9 +15,7 @@ void check_catalogs(Operation& op, const tSchEncabezado& request) {
     op.refuse_if(op.data().LookupValue("Sc_Descripcion", "Sc_Cve_Sucursal", branch, "Sucursal").empty(),
                  "la sucursal: {}, no existe o está dada de baja", branch);
     check_currency(op, request.Mn_Cve_Moneda, Form::tagged);
-    const std::string& type = request.Tc_Cve_Tipo_Cheque;
-    op.refuse_if(op.data().LookupValue("Tc_Descripcion", "Tc_Cve_Tipo_Cheque", type, "Tipo_Cheque").empty(),
-                 "El tipo de cheque: {}, no existe o esta dado de baja", type);
+    check_check_type(op, request.Tc_Cve_Tipo_Cheque, Form::tagged);
 }
 
 /// Only emptiness is refused, although the messages speak of valid values.
@@ -25,28 +23,6 @@ void check_options(Operation& op, const tSchEncabezado& request) {
     op.refuse_if(request.Sch_Transferencia.empty(), "No se indicó el tipo de operación (cheque o transferencia)");
     op.refuse_if(request.Sch_Aplicar.empty(), "No se indicó un valor válido para la opción: aplicar");
     op.refuse_if(request.Sch_Firme.empty(), "No se indicó un valor válido para la opción: firme");
-}
-
-bool is_active_customer(Operation& op, const std::string& key, const std::string& kind) {
-    return !op.data().LookupValue("Cl_Descripcion", "Cl_Cve_Cliente", key, "Cliente", kind).empty();
-}
-
-/// The beneficiary that the check type asks for. Unlike a check, a request of a supplier advance ("05") names none.
-void check_beneficiary(Operation& op, const tSchEncabezado& request) {
-    if (request.Tc_Cve_Tipo_Cheque == "0000") return;
-    const std::string& key = request.Sch_Solicitar_Valor;
-    const std::string asked =
-        op.data().LookupValue("Tc_Solicitar", "Tc_Cve_Tipo_Cheque", request.Tc_Cve_Tipo_Cheque, "Tipo_Cheque");
-    if (asked == "01") {
-        op.refuse_if(op.data().LookupValue("Pv_Descripcion", "Pv_Cve_Proveedor", key, "Proveedor").empty(),
-                     "El proveedor: {}, no existe o esta dado de baja", key);
-    } else if (asked == "02" || asked == "04") {
-        op.refuse_if(!is_active_customer(op, key, "Tc_Cve_Tipo_Cliente = 'DE'"),
-                     "El deudor: {}, no existe o esta dado de baja", key);
-    } else if (asked == "03") {
-        op.refuse_if(!is_active_customer(op, key, "Tc_Cve_Tipo_Cliente = 'CL'"),
-                     "El cliente: {}, no existe o esta dado de baja", key);
-    }
 }
 
 void check_request(Operation& op, const tSchEncabezado& request) {
@@ -59,7 +35,7 @@ void check_request(Operation& op, const tSchEncabezado& request) {
     check_options(op, request);
     op.refuse_if(!is_valid_rate(request.Sch_Tipo_Cambio), "el tipo de cambio: {}, no es válido",
                  shown_number(request.Sch_Tipo_Cambio));
-    check_beneficiary(op, request);
+    check_beneficiary(op, request.Tc_Cve_Tipo_Cheque, request.Sch_Solicitar_Valor, Advance::names_none, Form::tagged);
     op.refuse_if(request.Sch_Importe == 0, "Importe del cheque erróneo!");
     // Asked a second time, as checks do; a request never comes so far with a rate that is not valid.
     op.refuse_if(!is_valid_rate(request.Sch_Tipo_Cambio), "El tipo de cambio del cheque es incorrecto!");
