@@ -2,7 +2,7 @@
 // is what it was.
 #include <functional>
 
-#include "support/company.h"
+#include "support/in_turn.h"
 
 namespace cuvexa::testing {
 namespace {
@@ -215,6 +215,28 @@ TEST_P(Round_trip, does_so_with_everything_posted_to_accounting_and_vouchers_tha
                      "Poliza.Pz_Folio GROUP BY Poliza.Pz_Folio HAVING ABS(SUM(Pzd_Cargo) - SUM(Pzd_Abono)) > 0.005"),
         IsEmpty());
     EXPECT_THAT(company.rows("SELECT Pz_Tabla, Pz_Documento FROM Poliza WHERE Es_Cve_Estado <> 'CA'"), IsEmpty());
+}
+
+/// The way there, done, and with everything that the way back may ask for.
+void arrive(Company& company, const Journey& journey) {
+    company.set_parameter("GEN_FORZAR_TIEMPO_REAL", "1");
+    company.set_parameter("GEN_VALIDAR_PERIODO_OPERATIVO", "1");
+    if (journey.given) journey.given(company);
+    ASSERT_TRUE(journey.there(company)) << company.treasury().Error();
+}
+
+TEST_P(Round_trip, is_reported_behind_a_tag_wherever_it_stops_on_the_way_back) {
+    const auto prepare = [](Company& started) { arrive(started, GetParam()); };
+    std::vector<Outcome> outcomes = statements_fail_in_turn(prepare, GetParam().back);
+    EXPECT_FALSE(outcomes.empty());
+    for (const Outcome& outcome : outcomes) {
+        EXPECT_THAT(outcome.error, ::testing::EndsWith(std::string("()\r\n") + obstructed::statement_failure));
+    }
+    const std::vector<Outcome> calls = calls_fail_in_turn(prepare, GetParam().back);
+    outcomes.insert(outcomes.end(), calls.begin(), calls.end());
+    for (const Outcome& outcome : outcomes) {
+        EXPECT_THAT(outcome.error, ::testing::StartsWith("Cuvexa.dll - Cancelar_")) << outcome.failed;
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Of_a, Round_trip, ::testing::ValuesIn(journeys),
