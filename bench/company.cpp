@@ -84,7 +84,9 @@ Company::Company(const std::filesystem::path& file, Synchronous synchronous)
 Bare_engine::Bare_engine(const std::filesystem::path& file, Synchronous synchronous)
     : handle_(open_sqlite(file.string(), {.synchronous = synchronous})) {}
 
-Bare_engine::~Bare_engine() { sqlite3_close(handle_); }
+Bare_engine::~Bare_engine() {
+    sqlite3_close(handle_);
+}
 
 void Bare_engine::run(const std::vector<std::string>& texts) {
     for (const std::string& text : texts) {

@@ -2,8 +2,8 @@
 //
 // Each benchmark runs chunks of one flow on one database, and after every chunk replays on a copy of that database the
 // texts that reached the engine, one prepare, step and finalize each, with the same settings. Counters: operations per
-// second, statements per operation, and `ratio` = time of the component, composing and translating included, over time of
-// the replay. Arguments: stored receipts, and 1 for `synchronous` full, 0 for off.
+// second, statements per operation, and `ratio` = time of the component, composing and translating included, over time
+// of the replay. Arguments: stored receipts, and 1 for `synchronous` full, 0 for off.
 #include <benchmark/benchmark.h>
 
 #include <chrono>
@@ -17,7 +17,9 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-double seconds_since(Clock::time_point start) { return std::chrono::duration<double>(Clock::now() - start).count(); }
+double seconds_since(Clock::time_point start) {
+    return std::chrono::duration<double>(Clock::now() - start).count();
+}
 
 const Date today = make_date(2024, 3, 15);
 

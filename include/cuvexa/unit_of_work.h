@@ -7,8 +7,8 @@
 
 namespace cuvexa {
 
-/// Everything that runs on the connection while the object lives is kept by `commit`, or undone by its absence. From its
-/// construction on other writers wait. One at a time per connection.
+/// Everything that runs on the connection while the object lives is kept by `commit`, or undone by its absence. From
+/// its construction on other writers wait. One at a time per connection.
 class Unit_of_work {
 public:
     /// Throws `Database_error` when the database does not begin a transaction.
@@ -27,9 +27,9 @@ private:
 };
 
 /// Runs a Boolean call as a whole: kept when it gives True, undone when it gives False or throws. What changes for the
-/// members of `Tesoreria`: nothing stays half done, and a refused call gives its folio back too. Only the database is put
-/// back: the folio in a header, the line counter and `FolioMovimiento` stay as the call left them, so after a refusal of a
-/// first line, start the document anew.
+/// members of `Tesoreria`: nothing stays half done, and a refused call gives its folio back too. Only the database is
+/// put back: the folio in a header, the line counter and `FolioMovimiento` stay as the call left them, so after a
+/// refusal of a first line, start the document anew.
 ///
 ///     unit_of_work(connection, [&] { return treasury.Genera_Deposito("SRR-MXN", folios, today, true, today); });
 template <class Call>

@@ -38,12 +38,15 @@ void print_findings_json(const std::vector<Finding>& findings) {
 }
 
 /// One line that tells a person which rule is at work, wiped before the result.
-void show_progress(const std::string& check) { std::cerr << "\r\033[K" << check << std::flush; }
+void show_progress(const std::string& check) {
+    std::cerr << "\r\033[K" << check << std::flush;
+}
 
 void run_audit(const Audit_options& options) {
     Database database(options.database, Access::read);
     const bool watched = isatty(STDERR_FILENO) != 0;
-    const auto findings = audit(database.connection(), watched ? show_progress : std::function<void(const std::string&)>());
+    const auto findings =
+        audit(database.connection(), watched ? show_progress : std::function<void(const std::string&)>());
     if (watched) std::cerr << "\r\033[K";
 
     if (options.json) {
@@ -59,7 +62,8 @@ void run_audit(const Audit_options& options) {
 
 void add_audit(CLI::App& program) {
     auto options = std::make_shared<Audit_options>();
-    CLI::App* command = program.add_subcommand("audit", "List what does not add up; exit code 1 when anything does not");
+    CLI::App* command =
+        program.add_subcommand("audit", "List what does not add up; exit code 1 when anything does not");
     command->add_flag("--json", options->json, "An array of objects, for programs");
     options->database.add_to(*command);
     command->callback([options] { run_audit(*options); });

@@ -17,7 +17,8 @@ constexpr sys_days epoch = std::chrono::year{1899} / std::chrono::December / 30;
 constexpr int seconds_per_day = 86400;
 
 std::optional<Date> date_of(const Calendar& parts) {
-    const std::chrono::year_month_day day{std::chrono::year{parts.year}, std::chrono::month{static_cast<unsigned>(parts.month)},
+    const std::chrono::year_month_day day{std::chrono::year{parts.year},
+                                          std::chrono::month{static_cast<unsigned>(parts.month)},
                                           std::chrono::day{static_cast<unsigned>(parts.day)}};
     const bool time_exists = parts.hour >= 0 && parts.hour < 24 && parts.minute >= 0 && parts.minute < 60 &&
                              parts.second >= 0 && parts.second < 60;
@@ -91,7 +92,9 @@ Date day_of(Date date) {
     return make_date(parts.year, parts.month, parts.day);
 }
 
-Date add_days(Date date, int count) { return Date{date.days + count}; }
+Date add_days(Date date, int count) {
+    return Date{date.days + count};
+}
 
 std::string short_date(Date date) {
     const Calendar parts = calendar(date);
@@ -132,6 +135,8 @@ Date local_now() {
                      parts.tm_sec > 59 ? 59 : parts.tm_sec);
 }
 
-Date local_today() { return day_of(local_now()); }
+Date local_today() {
+    return day_of(local_now());
+}
 
 }  // namespace cuvexa

@@ -20,8 +20,12 @@ Module::Module(std::shared_ptr<Suite> suite)
     parameters_.TES_AUTORIZAR_SOLICITUD_CHEQUE = boolean_parameter("TES_AUTORIZAR_SOLICITUD_CHEQUE");
 }
 
-bool Module::boolean_parameter(const std::string& name) { return to_boolean(session_->GetParameter(name, 0, "B", "0")); }
+bool Module::boolean_parameter(const std::string& name) {
+    return to_boolean(session_->GetParameter(name, 0, "B", "0"));
+}
 
-std::string Module::text_parameter(const std::string& name) { return to_text(session_->GetParameter(name, 0, "", "")); }
+std::string Module::text_parameter(const std::string& name) {
+    return to_text(session_->GetParameter(name, 0, "", ""));
+}
 
 }  // namespace cuvexa

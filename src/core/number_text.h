@@ -7,13 +7,16 @@
 
 namespace cuvexa {
 
-/// Writes at most 15 significant digits of a finite number and gives the length. Throws `Automation_error` (6) otherwise.
+/// Writes at most 15 significant digits of a finite number and gives the length. Throws `Automation_error` (6)
+/// otherwise.
 std::size_t write_number(double number, char (&buffer)[40]);
 
-/// The number as a message shows it: as `number_text`, and "NaN", "Infinito" or "-Infinito" for what no statement may carry.
+/// The number as a message shows it: as `number_text`, and "NaN", "Infinito" or "-Infinito" for what no statement may
+/// carry.
 std::string shown_number(double number);
 
-/// The number as its text form keeps it: a sum of cents strays in the sixteenth digit, and what is written alike is equal.
+/// The number as its text form keeps it: a sum of cents strays in the sixteenth digit, and what is written alike is
+/// equal.
 double as_written(double number);
 
 /// A line number as the documents write it: at least four digits, "0001".

@@ -58,7 +58,8 @@ public:
 
     /// The message alone, with or without data in it.
     template <class... Arguments>
-    void refuse_plain_if(bool condition, Holes<std::type_identity_t<Arguments>...> message, const Arguments&... arguments) {
+    void refuse_plain_if(bool condition, Holes<std::type_identity_t<Arguments>...> message,
+                         const Arguments&... arguments) {
         if (condition) throw Refusal{filled(message, arguments...)};
     }
 
@@ -91,8 +92,8 @@ private:
     std::string_view tag_;
 };
 
-/// Runs `body(Operation&)`: empties `error`, and turns a refusal into its text and any other failure into the tag, a line
-/// break and the description (the description alone when the tag is empty). True when the body came to its end.
+/// Runs `body(Operation&)`: empties `error`, and turns a refusal into its text and any other failure into the tag, a
+/// line break and the description (the description alone when the tag is empty). True when the body came to its end.
 template <class Body>
 bool operation(Module& module, std::string& error, std::string_view tag, Body&& body) {
     error.clear();

@@ -7,8 +7,8 @@
 
 namespace cuvexa {
 
-/// Asks accounting for the voucher of a document. Refuses with the service's text when it fails, or when it succeeds but
-/// leaves a text all the same.
+/// Asks accounting for the voucher of a document. Refuses with the service's text when it fails, or when it succeeds
+/// but leaves a text all the same.
 void post(Operation& op, AccountingService& accounting, const std::string& code, const std::string& folio,
           const std::string& company);
 

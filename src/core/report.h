@@ -10,7 +10,8 @@ namespace cuvexa {
 
 inline constexpr int critical_icon = 16;
 
-/// Runs `body`; what it throws is shown in the suite's error dialog under the routine's name and code, and goes no further.
+/// Runs `body`; what it throws is shown in the suite's error dialog under the routine's name and code, and goes no
+/// further.
 template <class Body>
 void reporting(Module& module, const std::string& routine, const std::string& code, Body&& body) {
     try {

@@ -1,4 +1,5 @@
-// Texts with holes: a statement or a message is one literal, so that a search for what the user or the trace shows finds it.
+// Texts with holes: a statement or a message is one literal, so that a search for what the user or the trace shows
+// finds it.
 #pragma once
 
 #include <cstddef>

@@ -63,6 +63,8 @@ bool Tesoreria::Registrar_Deposito_Recibo_Caja(const std::string&, const std::st
     return false;
 }
 
-std::string Tesoreria::next_line_id() { return next_line_number(line_counter_); }
+std::string Tesoreria::next_line_id() {
+    return next_line_number(line_counter_);
+}
 
 }  // namespace cuvexa

@@ -2,7 +2,9 @@
 
 namespace cuvexa {
 
-Unit_of_work::Unit_of_work(Connection& connection) : connection_(connection) { connection_.execute("BEGIN TRANSACTION"); }
+Unit_of_work::Unit_of_work(Connection& connection) : connection_(connection) {
+    connection_.execute("BEGIN TRANSACTION");
+}
 
 Unit_of_work::~Unit_of_work() {
     if (!open_) return;

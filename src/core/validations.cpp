@@ -59,7 +59,8 @@ void check_check_type(Operation& op, const std::string& check_type, Form form) {
     refuse(op, form, filled("El tipo de cheque: {}, no existe o esta dado de baja", check_type));
 }
 
-void check_beneficiary(Operation& op, const std::string& check_type, const std::string& key, Advance advance, Form form) {
+void check_beneficiary(Operation& op, const std::string& check_type, const std::string& key, Advance advance,
+                       Form form) {
     if (check_type == "0000") return;
     const std::string asked = op.data().LookupValue("Tc_Solicitar", "Tc_Cve_Tipo_Cheque", check_type, "Tipo_Cheque");
     if (asked == "01" || (asked == "05" && advance == Advance::names_supplier)) {
@@ -81,6 +82,8 @@ void check_rate(Operation& op, double rate, Form form) {
     if (!is_valid_rate(rate)) refuse(op, form, filled("El tipo de cambio: {}, no es válido", shown_number(rate)));
 }
 
-bool is_valid_rate(double rate) { return rate > 0 && std::isfinite(rate); }
+bool is_valid_rate(double rate) {
+    return rate > 0 && std::isfinite(rate);
+}
 
 }  // namespace cuvexa

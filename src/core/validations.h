@@ -10,10 +10,12 @@ namespace cuvexa {
 /// How an operation reports a shared validation: the message alone, or behind its tag.
 enum class Form { plain, tagged };
 
-/// Refuses when this installation is not the server that owns the branch (or, for a branch without server, not the central).
+/// Refuses when this installation is not the server that owns the branch (or, for a branch without server, not the
+/// central).
 void check_central_server(Operation& op, const std::string& branch_server_id, Form form);
 
-/// While "GEN_FORZAR_TIEMPO_REAL" is on, refuses a document that is not of the server's day; the time of day is ignored.
+/// While "GEN_FORZAR_TIEMPO_REAL" is on, refuses a document that is not of the server's day; the time of day is
+/// ignored.
 void check_same_day(Operation& op, Date document_date, Form form);
 
 /// While the parameter "GEN_VALIDAR_PERIODO_OPERATIVO" is on, refuses a date outside an open period of "FINANZAS".
@@ -28,8 +30,10 @@ void check_check_type(Operation& op, const std::string& check_type, Form form);
 /// Whether the check type of a supplier advance ("05") asks for the supplier: a check's does, a request's does not.
 enum class Advance { names_supplier, names_none };
 
-/// Refuses a beneficiary who is not active in the catalog that the check type asks for; "0000" is no type and asks for none.
-void check_beneficiary(Operation& op, const std::string& check_type, const std::string& key, Advance advance, Form form);
+/// Refuses a beneficiary who is not active in the catalog that the check type asks for; "0000" is no type and asks for
+/// none.
+void check_beneficiary(Operation& op, const std::string& check_type, const std::string& key, Advance advance,
+                       Form form);
 
 /// Refuses an exchange rate that is not valid.
 void check_rate(Operation& op, double rate, Form form);

@@ -11,11 +11,17 @@
 namespace cuvexa {
 namespace {
 
-[[noreturn]] void type_mismatch() { throw Automation_error(error_type_mismatch, "No coinciden los tipos"); }
+[[noreturn]] void type_mismatch() {
+    throw Automation_error(error_type_mismatch, "No coinciden los tipos");
+}
 
-[[noreturn]] void overflow() { throw Automation_error(error_overflow, "Desbordamiento"); }
+[[noreturn]] void overflow() {
+    throw Automation_error(error_overflow, "Desbordamiento");
+}
 
-[[noreturn]] void invalid_null() { throw Automation_error(error_invalid_use_of_null, "Uso no válido de Null"); }
+[[noreturn]] void invalid_null() {
+    throw Automation_error(error_invalid_use_of_null, "Uso no válido de Null");
+}
 
 std::string_view trimmed(std::string_view text) {
     const auto first = text.find_first_not_of(" \t");
@@ -64,7 +70,9 @@ std::string number_text(double number) {
     return std::string(buffer, write_number(number, buffer));
 }
 
-double as_written(double number) { return parse_number(number_text(number)); }
+double as_written(double number) {
+    return parse_number(number_text(number));
+}
 
 std::string four_digits(int number) {
     std::string digits = std::to_string(number);

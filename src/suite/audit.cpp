@@ -32,7 +32,8 @@ constexpr Rule rules[] = {
      "ORDER BY Banco_Cuenta.Bc_Cve_Banco_Cuenta"},
     {"saldo-de-banco", "Banco", "saldo del banco", "suma de los saldos de sus cuentas",
      "Corrija Bn_Saldo a la suma de los saldos de sus cuentas.",
-     "SELECT Banco.Bn_Cve_Banco AS Documento, Banco.Bn_Saldo AS Primero, ISNULL(SUM(Banco_Cuenta.Bc_Saldo),0) AS Segundo "
+     "SELECT Banco.Bn_Cve_Banco AS Documento, Banco.Bn_Saldo AS Primero, ISNULL(SUM(Banco_Cuenta.Bc_Saldo),0) AS "
+     "Segundo "
      "FROM Banco "
      "   LEFT JOIN Banco_Cuenta ON Banco_Cuenta.Bn_Cve_Banco = Banco.Bn_Cve_Banco "
      "GROUP BY Banco.Bn_Cve_Banco, Banco.Bn_Saldo "
@@ -188,7 +189,8 @@ constexpr Rule rules[] = {
      "HAVING ABS(Cuenta_x_Pagar.Cxp_Precio_Neto_Saldo - Cuenta_x_Pagar.Cxp_Precio_Neto_Importe + "
      "   ISNULL(SUM(Pago_Cxp.Pc_Importe),0)) >= 0.005 "
      "ORDER BY Cuenta_x_Pagar.Cxp_Folio"},
-    {"poliza-descuadrada", "Póliza", "cargos", "abonos", "Corrija la póliza en contabilidad, o cancélela y genérela de nuevo.",
+    {"poliza-descuadrada", "Póliza", "cargos", "abonos",
+     "Corrija la póliza en contabilidad, o cancélela y genérela de nuevo.",
      "SELECT Poliza.Pz_Folio AS Documento, ISNULL(SUM(Poliza_Detalle.Pzd_Cargo),0) AS Primero, "
      "   ISNULL(SUM(Poliza_Detalle.Pzd_Abono),0) AS Segundo "
      "FROM Poliza "
@@ -226,8 +228,8 @@ std::vector<Finding> audit(Connection& connection, const std::function<void(cons
     for (const Rule& rule : rules) {
         if (progress) progress(rule.name);
         for (Rows row(connection.execute(rule.query)); !row.eof(); row.next()) {
-            findings.push_back({rule.name, std::string(rule.document) + " " + row.text("Documento"), figures(rule, row),
-                                rule.remedy});
+            findings.push_back(
+                {rule.name, std::string(rule.document) + " " + row.text("Documento"), figures(rule, row), rule.remedy});
         }
     }
     return findings;

@@ -19,7 +19,8 @@ struct A_day_of_work : ::testing::Test {
             company.post_automatically(code);
         }
         Tesoreria& treasury = company.treasury();
-        receipt = company.capture_receipt({Company::receipt_line(150), Company::receipt_line(80, "02", "SIERRA", "778")});
+        receipt =
+            company.capture_receipt({Company::receipt_line(150), Company::receipt_line(80, "02", "SIERRA", "778")});
         succeed(treasury.FinReciboCaja(receipt));
         succeed(treasury.Genera_Deposito("SRR-MXN", receipt, Company::today(), true, Company::today()));
         deposit = treasury.Dp_Folio();
@@ -97,7 +98,9 @@ struct A_day_of_work : ::testing::Test {
     std::set<std::string> planted;
 };
 
-TEST_F(A_day_of_work, adds_up) { EXPECT_THAT(findings(), IsEmpty()); }
+TEST_F(A_day_of_work, adds_up) {
+    EXPECT_THAT(findings(), IsEmpty());
+}
 
 TEST_F(A_day_of_work, adds_up_again_when_everything_was_taken_back) {
     Tesoreria& treasury = company.treasury();
@@ -147,7 +150,8 @@ TEST_F(A_day_of_work, every_planted_inconsistency_is_found_by_its_rule) {
     plant("UPDATE Deposito_Pago SET Es_Cve_Estado = 'CA' WHERE Dp_Folio = '" + deposit + "'",
           "movimiento-de-deposito-cancelado", "Movimiento bancario " + bank_movement, "importe del movimiento 150.00");
     plant("UPDATE Cheque_x_Aplicar SET Es_Cve_Estado = 'AC' WHERE Ch_Folio = '" + check + "' AND Cxa_ID = '0002'",
-          "cheque-aplicado-con-renglones-abiertos", "Renglón de cheque " + check + "/0002", "importe del renglón 20.00");
+          "cheque-aplicado-con-renglones-abiertos", "Renglón de cheque " + check + "/0002",
+          "importe del renglón 20.00");
     plant("UPDATE Cheque SET Es_Cve_Estado = 'AC' WHERE Ch_Folio = '" + check + "'", "cheque-aplicado-a-medias",
           "Renglón de cheque " + check + "/0001", "importe del renglón 100.00");
     plant("DELETE FROM Cheque WHERE Ch_Folio = '" + check + "'", "cheque-sin-encabezado", "Cheque " + check,
@@ -172,14 +176,14 @@ TEST_F(A_day_of_work, every_planted_inconsistency_is_found_by_its_rule) {
           "saldo 1.00, importe menos pagos vivos 5000.00");
     plant("UPDATE Pago_Cxp SET Es_Cve_Estado = 'CA' WHERE Pc_Documento = '" + check + "'", "saldo-de-cuenta-por-pagar",
           "Cuenta por pagar CXP-MTY-00000001",
-          "saldo " + company.scalar("SELECT printf('%.2f', Cxp_Precio_Neto_Saldo) FROM Cuenta_x_Pagar WHERE Cxp_Folio = "
-                                    "'CXP-MTY-00000001'") +
+          "saldo " +
+              company.scalar("SELECT printf('%.2f', Cxp_Precio_Neto_Saldo) FROM Cuenta_x_Pagar WHERE Cxp_Folio = "
+                             "'CXP-MTY-00000001'") +
               ", importe menos pagos vivos " +
               company.scalar("SELECT printf('%.2f', Cxp_Precio_Neto_Importe) FROM Cuenta_x_Pagar WHERE Cxp_Folio = "
                              "'CXP-MTY-00000001'"));
-    const std::string voucher =
-        company.scalar("SELECT Pz_Folio FROM Poliza WHERE Pz_Tabla = 'BANCO_MOVIMIENTO' AND Pz_Documento = '" +
-                       bank_movement + "'");
+    const std::string voucher = company.scalar(
+        "SELECT Pz_Folio FROM Poliza WHERE Pz_Tabla = 'BANCO_MOVIMIENTO' AND Pz_Documento = '" + bank_movement + "'");
     plant("UPDATE Poliza_Detalle SET Pzd_Cargo = Pzd_Cargo * 2 WHERE Pz_Folio = '" + voucher + "'",
           "poliza-descuadrada", "Póliza " + voucher, "cargos 300.00, abonos 150.00");
 
