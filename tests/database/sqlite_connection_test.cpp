@@ -117,6 +117,10 @@ TEST_F(Sqlite, texts_are_taken_byte_by_byte) {
               Value(std::string("O'Brien'")));
 }
 
+TEST_F(Sqlite, several_texts_with_quotes_keep_apart) {
+    EXPECT_THAT(v("SELECT 'a''b' + 'c' + '''d''' + 'e''f' AS v"), ElementsAre("a'bc'd'e'f"));
+}
+
 TEST_F(Sqlite, a_text_of_ten_megabytes_goes_in_and_comes_out) {
     const std::string large(10'000'000, 'x');
     db.execute("INSERT INTO T(Id, Texto) VALUES (1, '" + large + "')");
