@@ -9,6 +9,10 @@ if(TARGET cuvexa_sqlite)
     install(FILES ${PROJECT_SOURCE_DIR}/src/database/sqlite_connection.h ${PROJECT_SOURCE_DIR}/src/database/trace.h
         ${PROJECT_SOURCE_DIR}/src/database/script.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/cuvexa/database)
 endif()
+if(TARGET cuvexa_odbc)
+    install(FILES ${PROJECT_SOURCE_DIR}/src/database/odbc_connection.h
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/cuvexa/database)
+endif()
 install(FILES ${PROJECT_SOURCE_DIR}/src/suite/reference_suite.h ${PROJECT_SOURCE_DIR}/src/suite/administration.h
     ${PROJECT_SOURCE_DIR}/src/suite/audit.h ${PROJECT_SOURCE_DIR}/src/suite/schema.h
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/cuvexa/suite)

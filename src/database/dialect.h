@@ -57,10 +57,17 @@ struct Dialect {
     /// Aggregate that gives its only value and fails at a second one; empty where the engine itself refuses a scalar
     /// sub-select of two rows.
     std::string_view single_value;
+
+    /// Cast written after a text expression that is not a column, for engines whose texts compare by their type; empty:
+    /// none.
+    std::string_view text_cast = {};
 };
 
 /// SQLite with the functions that `install_functions` adds.
 const Dialect& sqlite_dialect();
+
+/// PostgreSQL with the extension citext.
+const Dialect& postgresql_dialect();
 
 /// A statement rewritten. Refers into the text it was made from and into the tables of its dialect.
 class Translation {

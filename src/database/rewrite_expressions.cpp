@@ -201,10 +201,17 @@ private:
     // --- texts
 
     Node collated(Node node) const {
+        if (!dialect_.text_cast.empty()) return node.is_text ? cast(std::move(node)) : node;
         if (dialect_.text_collation.empty()) return node;
         const bool is_text = node.is_text;
         Node result = span({std::move(node), word("COLLATE"), word(dialect_.text_collation)});
         result.is_text = is_text;
+        return result;
+    }
+
+    Node cast(Node node) const {
+        Node result = span({std::move(node), word(dialect_.text_cast)});
+        result.is_text = true;
         return result;
     }
 
@@ -213,28 +220,45 @@ private:
         for (std::size_t first = 0; first < nodes.size();) {
             std::size_t last = first;
             while (last < nodes.size() && !separates(nodes[last])) ++last;
-            join_run(nodes, first, last);
-            first = last + 1;
+            first = join_run(nodes, first, last) + 1;
         }
     }
 
-    void join_run(Nodes& nodes, std::size_t first, std::size_t last) const {
+    // Gives where the run ends afterwards.
+    std::size_t join_run(Nodes& nodes, std::size_t first, std::size_t last) const {
         const auto begin = nodes.begin() + static_cast<std::ptrdiff_t>(first);
         const auto end = nodes.begin() + static_cast<std::ptrdiff_t>(last);
         const auto text = std::find_if(begin, end, [](const Node& node) { return node.is_text; });
-        if (text == end) return;
-        bool joined = false;
+        if (text == end) return last;
+        auto joined = end;
         for (auto it = begin; it != end; ++it) {
             if (!it->is_symbol("+") || it == begin || is_operator(*std::prev(it))) continue;
             *it = symbol("||");
-            joined = true;
+            joined = it;
         }
+        if (joined == end) return last;
+        if (!dialect_.text_cast.empty())
+            return cast_chain(nodes, first, static_cast<std::size_t>(joined - nodes.begin()), last);
         // One collated operand decides for the whole chain.
-        if (joined && text->is_text_literal()) *text = collated(std::move(*text));
+        if (text->is_text_literal()) *text = collated(std::move(*text));
+        return last;
     }
 
-    // 'a' = …: a literal on the left would compare with regard to case.
+    // A joined text is of no operand's type: the chain up to the operand after its last || is cast as a whole.
+    std::size_t cast_chain(Nodes& nodes, std::size_t first, std::size_t joined, std::size_t last) const {
+        std::size_t end = joined + 1;
+        while (end < last && is_operator(nodes[end])) ++end;
+        end = std::min(end + 1, last);
+        while (end + 1 < last && nodes[end].is_symbol(".")) end += 2;
+        Nodes chain = cut(nodes, first, end);
+        nodes.insert(nodes.begin() + static_cast<std::ptrdiff_t>(first), cast(group(std::move(chain))));
+        return last - (end - first) + 1;
+    }
+
+    // 'a' = …: a literal on the left would compare with regard to case. Where texts compare by their type, a literal takes
+    // that of the other side.
     void collate_literals(Nodes& nodes) const {
+        if (dialect_.text_collation.empty()) return;
         for (std::size_t i = 0; i + 1 < nodes.size(); ++i)
             if (nodes[i].is_text_literal() && is_comparison(nodes[i + 1]) && (i == 0 || separates(nodes[i - 1])))
                 nodes[i] = collated(std::move(nodes[i]));

@@ -20,6 +20,8 @@ Value Row_set::field(std::string_view name) const {
             return cell.value.whole;
         case Kind::real:
             return cell.value.real;
+        case Kind::date:
+            return Date{cell.value.real};
         case Kind::text:
             return bytes_.substr(cell.value.offset, cell.length);
         case Kind::null:

@@ -23,6 +23,7 @@ public:
     void add_null() { cells_.push_back({Kind::null, {}, 0}); }
     void add(std::int64_t number) { cells_.push_back({Kind::whole, {.whole = number}, 0}); }
     void add(double number) { cells_.push_back({Kind::real, {.real = number}, 0}); }
+    void add(Date date) { cells_.push_back({Kind::date, {.real = date.days}, 0}); }
     void add(std::string_view text) {
         cells_.push_back({Kind::text, {.offset = bytes_.size()}, text.size()});
         bytes_.append(text);
@@ -40,7 +41,7 @@ public:
     void close() override;
 
 private:
-    enum class Kind : std::uint8_t { null, whole, real, text };
+    enum class Kind : std::uint8_t { null, whole, real, date, text };
     struct Cell {
         Kind kind;
         union {

@@ -1,0 +1,85 @@
+#include "database/connection_string.h"
+
+#include <algorithm>
+
+#include "core/case.h"
+
+namespace cuvexa {
+namespace {
+
+std::string_view trimmed(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(" \t\r\n");
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(" \t\r\n") + 1 - first);
+}
+
+// Past the value that begins at `at`; a closing brace within braces is doubled.
+std::size_t end_of_value(std::string_view text, std::size_t at) {
+    if (at < text.size() && text[at] == '{') {
+        for (++at; at < text.size(); ++at) {
+            if (text[at] != '}') continue;
+            if (at + 1 < text.size() && text[at + 1] == '}')
+                ++at;
+            else
+                break;
+        }
+    }
+    return std::min(text.find(';', at), text.size());
+}
+
+}  // namespace
+
+std::vector<Connection_attribute> connection_attributes(std::string_view text) {
+    std::vector<Connection_attribute> attributes;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t equals = text.find('=', at);
+        if (equals == std::string_view::npos) break;
+        const std::size_t end = end_of_value(text, equals + 1);
+        attributes.push_back({trimmed(text.substr(at, equals - at)), trimmed(text.substr(equals + 1, end - equals - 1))});
+        at = end + 1;
+    }
+    return attributes;
+}
+
+bool is_password_key(std::string_view key) noexcept {
+    return same_text(key, "PWD") || same_text(key, "Password");
+}
+
+std::string plain_value(std::string_view value) {
+    if (value.size() < 2 || value.front() != '{' || value.back() != '}') return std::string(value);
+    std::string plain;
+    for (std::size_t at = 1; at + 1 < value.size(); ++at) {
+        plain += value[at];
+        if (value[at] == '}') ++at;
+    }
+    return plain;
+}
+
+std::string guarded_value(std::string_view value) {
+    if (value.find_first_of(";{}=[]()?*!@ ") == std::string_view::npos) return std::string(value);
+    std::string guarded = "{";
+    for (const char c : value) {
+        guarded += c;
+        if (c == '}') guarded += c;
+    }
+    return guarded + "}";
+}
+
+bool is_connection_string(std::string_view text) noexcept {
+    const std::size_t equals = text.find('=');
+    if (equals == std::string_view::npos) return false;
+    const std::string_view key = trimmed(text.substr(0, equals));
+    return text.find(';') != std::string_view::npos || same_text(key, "DSN") || same_text(key, "FILEDSN") ||
+           same_text(key, "Driver");
+}
+
+std::string without_password(std::string_view connection_string) {
+    std::string shown;
+    for (const auto& [key, value] : connection_attributes(connection_string)) {
+        if (!shown.empty()) shown += ';';
+        shown.append(key).append("=").append(is_password_key(key) ? std::string_view("***") : value);
+    }
+    return shown;
+}
+
+}  // namespace cuvexa

@@ -1,0 +1,33 @@
+// "Key=value;Key={value; with marks};…" taken apart.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace cuvexa {
+
+struct Connection_attribute {
+    std::string_view key;
+    std::string_view value;  ///< as it stands, braces included
+};
+
+/// The attributes in order. Nothing is refused: what a text means is the driver manager's business.
+std::vector<Connection_attribute> connection_attributes(std::string_view text);
+
+/// Whether the key names a password.
+bool is_password_key(std::string_view key) noexcept;
+
+/// A value without the braces around it.
+std::string plain_value(std::string_view value);
+
+/// A value in the form in which it cannot end early.
+std::string guarded_value(std::string_view value);
+
+/// Whether the text names a server and not a file: "Driver=…;…", "DSN=…".
+bool is_connection_string(std::string_view text) noexcept;
+
+/// The connection string as it may be shown: without its password.
+std::string without_password(std::string_view connection_string);
+
+}  // namespace cuvexa

@@ -1,0 +1,61 @@
+// A database server that many users share, by way of ODBC: SQL Server as it stands, PostgreSQL through the rewriting.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "cuvexa/data_access.h"
+
+namespace cuvexa {
+
+/// What a server makes of the SQL Server dialect.
+enum class Server_kind {
+    sql_server,  ///< takes every text as it stands; so is every server taken that is not known
+    postgresql,  ///< takes it rewritten
+};
+
+struct Odbc_options {
+    int login_timeout_s = 15;
+    int statement_timeout_s = 60;  ///< how long a statement may run; 0: without end
+    int lock_timeout_ms = 10000;   ///< how long a statement waits for another user
+};
+
+/// A session of a server. Used by one thread.
+///
+/// Rows are read completely before `execute` returns: an open recordset holds nothing of the server and sees no later
+/// change. After a failure the session remains usable, unless the connection was lost: then that statement and every
+/// later one fail with a text that says so, and whoever wants to go on opens another session. Whether a statement that
+/// lost its connection was kept is not known.
+///
+/// No text that the session gives, failures included, holds the password.
+class Odbc_connection : public Connection {
+public:
+    /// `connection_string` as ODBC users know it: "Driver=…;Server=…;Database=…;UID=…;PWD=…" or "DSN=…". Without a
+    /// password in it, that of the environment variable CUVEXA_PASSWORD is used, if there is one.
+    explicit Odbc_connection(const std::string& connection_string, const Odbc_options& options = {});
+    ~Odbc_connection() override;
+
+    Odbc_connection(const Odbc_connection&) = delete;
+    Odbc_connection& operator=(const Odbc_connection&) = delete;
+
+    std::unique_ptr<Recordset> execute(std::string_view text) override;
+
+    /// Gives the database what the schema's column types need, once, before the schema; refuses a database that tells
+    /// capital letters from small ones.
+    void prepare_database();
+
+    Server_kind server_kind() const noexcept;
+
+    /// What the server calls itself.
+    const std::string& server_name() const noexcept;
+
+    /// The statement as the server would be given it.
+    std::string translate(std::string_view text) const;
+
+private:
+    class Session;
+    std::unique_ptr<Session> session_;
+};
+
+}  // namespace cuvexa

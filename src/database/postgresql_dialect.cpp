@@ -1,0 +1,72 @@
+// PostgreSQL. Texts are of the type citext, which compares, groups and sorts without regard to case and still takes LIKE;
+// a literal beside such a column takes its type, and what only yields text is cast to it.
+#include <array>
+
+#include "database/dialect.h"
+
+namespace cuvexa {
+namespace {
+
+using enum Function_result;
+
+constexpr std::array functions{
+    Function_rule{"ISNULL", 2, "COALESCE($1,$2)", as_arguments},
+    Function_rule{"COALESCE", -1, "", as_arguments},
+    Function_rule{"NULLIF", 2, "", as_arguments},
+    Function_rule{"MAX", 1, "", as_arguments},
+    Function_rule{"MIN", 1, "", as_arguments},
+    Function_rule{"GETDATE", 0, "LOCALTIMESTAMP(3)"},
+    Function_rule{"YEAR", 1, "CAST(EXTRACT(YEAR FROM CAST($1 AS timestamp)) AS integer)"},
+    Function_rule{"MONTH", 1, "CAST(EXTRACT(MONTH FROM CAST($1 AS timestamp)) AS integer)"},
+    Function_rule{"DAY", 1, "CAST(EXTRACT(DAY FROM CAST($1 AS timestamp)) AS integer)"},
+    Function_rule{"LEN", 1, "LENGTH(RTRIM($1))"},
+    Function_rule{"CHARINDEX", 2, "STRPOS(LOWER($2),LOWER($1))"},
+    Function_rule{"SUBSTRING", 3, "SUBSTR($1,$2,$3)", text},
+    Function_rule{"LEFT", 2, "", text},
+    Function_rule{"RIGHT", 2, "", text},
+    Function_rule{"UPPER", 1, "", text},
+    Function_rule{"LOWER", 1, "", text},
+    Function_rule{"LTRIM", 1, "", text},
+    Function_rule{"RTRIM", 1, "", text},
+    Function_rule{"REPLACE", 3, "", text},
+};
+
+constexpr std::array types{
+    Type_rule{"varchar", "citext", "citext", true},
+    Type_rule{"nvarchar", "citext", "citext", true},
+    Type_rule{"char", "citext", "citext", true},
+    Type_rule{"nchar", "citext", "citext", true},
+    Type_rule{"text", "citext", "citext", true},
+    Type_rule{"ntext", "citext", "citext", true},
+    Type_rule{"datetime", "timestamp(3)", "timestamp(3)"},
+    Type_rule{"datetime2", "timestamp", "timestamp"},
+    Type_rule{"smalldatetime", "timestamp(0)", "timestamp(0)"},
+    Type_rule{"date", "date", "date"},
+    Type_rule{"float", "double precision", "double precision"},
+    Type_rule{"real", "real", "real"},
+    Type_rule{"decimal", "numeric", "numeric"},
+    Type_rule{"numeric", "numeric", "numeric"},
+    Type_rule{"money", "numeric(19,4)", "numeric(19,4)"},
+    Type_rule{"smallmoney", "numeric(10,4)", "numeric(10,4)"},
+    Type_rule{"bigint", "bigint", "bigint"},
+    Type_rule{"int", "integer", "integer"},
+    Type_rule{"smallint", "smallint", "smallint"},
+    Type_rule{"tinyint", "smallint", "smallint"},
+    Type_rule{"bit", "smallint", "smallint"},
+};
+
+constexpr std::array statements{
+    Statement_rule{"BEGIN TRAN", "BEGIN TRANSACTION"},
+    Statement_rule{"COMMIT TRAN", "COMMIT TRANSACTION"},
+    Statement_rule{"ROLLBACK TRAN", "ROLLBACK TRANSACTION"},
+};
+
+constexpr Dialect postgresql{functions, types, statements, "", "", "::citext"};
+
+}  // namespace
+
+const Dialect& postgresql_dialect() {
+    return postgresql;
+}
+
+}  // namespace cuvexa
