@@ -57,45 +57,52 @@ struct Deposit {
     std::string folio;
 };
 
+// What the two queries compute of a receipt line: cash folds whatever its bank and check, and the movement's comment comes
+// from the kind of payment. The grouping repeats the expressions without their names.
+constexpr auto computed_columns =
+    "   CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN 'DEPOSITO EFECTIVO' "
+    "      WHEN Forma_Pago.Fp_Tipo = '02' THEN 'DEPOSITO CON CHEQUE' "
+    "      WHEN Forma_Pago.Fp_Tipo = '04' THEN 'DEPOSITO CON TARJETA DE CREDITO' "
+    "      ELSE Rp_Comentario END as Rp_Comentario, "
+    "   CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN '' ELSE Rp_Banco END as Rp_Banco, "
+    "   CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN '' ELSE Rp_Cheque END as Rp_Cheque, ";
+constexpr auto computed_expressions =
+    "   CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN 'DEPOSITO EFECTIVO' "
+    "      WHEN Forma_Pago.Fp_Tipo = '02' THEN 'DEPOSITO CON CHEQUE' "
+    "      WHEN Forma_Pago.Fp_Tipo = '04' THEN 'DEPOSITO CON TARJETA DE CREDITO' "
+    "      ELSE Rp_Comentario END, "
+    "   CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN '' ELSE Rp_Banco END, "
+    "   CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN '' ELSE Rp_Cheque END, ";
+
 /// The deposit is refused when none of the receipts is in a state that can be deposited.
 bool any_receipt(Operation& op, const std::string& receipts) {
-    return !op.query(
-                  "SELECT "
-                  "   Sucursal.Sc_Cve_Sucursal, "
-                  "   Forma_Pago.Fp_Cve_Forma_Pago, "
-                  "   CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN 'DEPOSITO EFECTIVO' "
-                  "      WHEN Forma_Pago.Fp_Tipo = '02' THEN 'DEPOSITO CON CHEQUE' "
-                  "      WHEN Forma_Pago.Fp_Tipo = '04' THEN 'DEPOSITO CON TARJETA DE CREDITO' "
-                  "      ELSE Rp_Comentario END as Rp_Comentario, "
-                  "   CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN '' ELSE Rp_Banco END as Rp_Banco, "
-                  "   CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN '' ELSE Rp_Cheque END as Rp_Cheque, "
-                  "   SUM(Rp_Importe) as Rp_Importe, "
-                  "   Mn_Cve_Moneda, "
-                  "   Recibo_Pago.Rp_Tipo_Cambio, "
-                  "   Sucursal.Em_Cve_Empresa "
-                  "FROM Recibo_Pago "
-                  "   INNER JOIN Forma_Pago ON Recibo_Pago.Fp_Cve_Forma_Pago = Forma_Pago.Fp_Cve_Forma_Pago "
-                  "   INNER JOIN Sucursal ON Recibo_Pago.Sc_Cve_Sucursal = Sucursal.Sc_Cve_Sucursal "
-                  "WHERE Rp_Folio IN ({}) AND "
-                  "   Recibo_Pago.Es_Cve_Estado IN ('AC', 'AP') "
-                  "GROUP BY "
-                  "   Sucursal.Sc_Cve_Sucursal, "
-                  "   Forma_Pago.Fp_Cve_Forma_Pago, "
-                  "   CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN 'DEPOSITO EFECTIVO' "
-                  "      WHEN Forma_Pago.Fp_Tipo = '02' THEN 'DEPOSITO CON CHEQUE' "
-                  "      WHEN Forma_Pago.Fp_Tipo = '04' THEN 'DEPOSITO CON TARJETA DE CREDITO' "
-                  "      ELSE Rp_Comentario END, "
-                  "   CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN '' ELSE Rp_Banco END, "
-                  "   CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN '' ELSE Rp_Cheque END, "
-                  "   Mn_Cve_Moneda, "
-                  "   Recibo_Pago.Rp_Tipo_Cambio, "
-                  "   Sucursal.Em_Cve_Empresa "
-                  "ORDER BY "
-                  "   Forma_Pago.Fp_Cve_Forma_Pago, "
-                  "   Rp_Banco, "
-                  "   Rp_Cheque",
-                  receipts)
-                .eof();
+    const Rows rows = op.query(
+        "SELECT "
+        "   Sucursal.Sc_Cve_Sucursal, "
+        "   Forma_Pago.Fp_Cve_Forma_Pago, "
+        "{}"
+        "   SUM(Rp_Importe) as Rp_Importe, "
+        "   Mn_Cve_Moneda, "
+        "   Recibo_Pago.Rp_Tipo_Cambio, "
+        "   Sucursal.Em_Cve_Empresa "
+        "FROM Recibo_Pago "
+        "   INNER JOIN Forma_Pago ON Recibo_Pago.Fp_Cve_Forma_Pago = Forma_Pago.Fp_Cve_Forma_Pago "
+        "   INNER JOIN Sucursal ON Recibo_Pago.Sc_Cve_Sucursal = Sucursal.Sc_Cve_Sucursal "
+        "WHERE Rp_Folio IN ({}) AND "
+        "   Recibo_Pago.Es_Cve_Estado IN ('AC', 'AP') "
+        "GROUP BY "
+        "   Sucursal.Sc_Cve_Sucursal, "
+        "   Forma_Pago.Fp_Cve_Forma_Pago, "
+        "{}"
+        "   Mn_Cve_Moneda, "
+        "   Recibo_Pago.Rp_Tipo_Cambio, "
+        "   Sucursal.Em_Cve_Empresa "
+        "ORDER BY "
+        "   Forma_Pago.Fp_Cve_Forma_Pago, "
+        "   Rp_Banco, "
+        "   Rp_Cheque",
+        computed_columns, receipts, computed_expressions);
+    return !rows.eof();
 }
 
 Rows groups(Operation& op, const std::string& receipts) {
@@ -104,12 +111,7 @@ Rows groups(Operation& op, const std::string& receipts) {
         "   Recibo_Pago.Sc_Cve_Sucursal, "
         "   Sucursal.Em_Cve_Empresa, "
         "   Forma_Pago.Fp_Cve_Forma_Pago, "
-        "   CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN 'DEPOSITO EFECTIVO' "
-        "      WHEN Forma_Pago.Fp_Tipo = '02' THEN 'DEPOSITO CON CHEQUE' "
-        "      WHEN Forma_Pago.Fp_Tipo = '04' THEN 'DEPOSITO CON TARJETA DE CREDITO' "
-        "      ELSE Rp_Comentario END as Rp_Comentario, "
-        "   CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN '' ELSE Rp_Banco END as Rp_Banco, "
-        "   CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN '' ELSE Rp_Cheque END as Rp_Cheque, "
+        "{}"
         "   SUM(Rp_Importe) as Rp_Importe, "
         "   Mn_Cve_Moneda, "
         "   Recibo_Pago.Rp_Tipo_Cambio "
@@ -122,19 +124,14 @@ Rows groups(Operation& op, const std::string& receipts) {
         "   Recibo_Pago.Sc_Cve_Sucursal, "
         "   Sucursal.Em_Cve_Empresa, "
         "   Forma_Pago.Fp_Cve_Forma_Pago, "
-        "   CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN 'DEPOSITO EFECTIVO' "
-        "      WHEN Forma_Pago.Fp_Tipo = '02' THEN 'DEPOSITO CON CHEQUE' "
-        "      WHEN Forma_Pago.Fp_Tipo = '04' THEN 'DEPOSITO CON TARJETA DE CREDITO' "
-        "      ELSE Rp_Comentario END, "
-        "   CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN '' ELSE Rp_Banco END, "
-        "   CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN '' ELSE Rp_Cheque END, "
+        "{}"
         "   Mn_Cve_Moneda, "
         "   Recibo_Pago.Rp_Tipo_Cambio "
         "ORDER BY "
         "   Forma_Pago.Fp_Cve_Forma_Pago, "
         "   Rp_Banco, "
         "   Rp_Cheque ",
-        receipts);
+        computed_columns, receipts, computed_expressions);
 }
 
 void insert_line(Operation& op, const Deposit& deposit, const std::string& line_id, const Group& group) {
