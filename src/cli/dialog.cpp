@@ -44,6 +44,7 @@ class Session {
 public:
     explicit Session(const Dialog_options& options) : database_(options.database, Access::write) {
         Suite_options suite;
+        suite.date_style = database_.date_style();
         suite.user = options.user;
         if (!options.server_date.empty()) suite.server_date = parse_date(options.server_date);
         const auto windows = desktop();

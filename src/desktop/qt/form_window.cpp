@@ -30,6 +30,7 @@ Date from_qt(QDate date) { return make_date(date.year(), date.month(), date.day(
 QFrame* line() {
     auto* frame = new QFrame;
     frame->setProperty("role", "line");
+    frame->setFixedHeight(1);
     return frame;
 }
 
@@ -61,6 +62,24 @@ void set_mark(QWidget& widget, const char* name, bool value) {
     widget.style()->polish(&widget);
 }
 
+/// Why a key is refused, written over the empty description; nothing takes it away.
+void show_refusal(QLineEdit& description, const QString& why) {
+    auto* note = description.findChild<QLabel*>();
+    if (!note && !why.isEmpty()) {
+        note = new QLabel;
+        note->setProperty("role", "refusal");
+        note->setAttribute(Qt::WA_TransparentForMouseEvents);
+        auto* layout = new QHBoxLayout(&description);
+        layout->setContentsMargins(9, 0, 9, 0);
+        layout->addWidget(note);
+        QObject::connect(&description, &QLineEdit::textChanged, note,
+                         [note](const QString& text) { note->setVisible(text.isEmpty()); });
+    }
+    if (!note) return;
+    note->setText(why);
+    note->setVisible(description.text().isEmpty());
+}
+
 }  // namespace
 
 Form_dialog::Form_dialog(Form& form, QWidget* parent) : QDialog(parent), form_(form) {
@@ -85,7 +104,7 @@ Form_dialog::Form_dialog(Form& form, QWidget* parent) : QDialog(parent), form_(f
     layout->addStretch(1);
     layout->addWidget(line());
     layout->addWidget(buttons());
-    setMinimumWidth(fontMetrics().averageCharWidth() * 78);
+    setMinimumWidth(fontMetrics().averageCharWidth() * 88);
 }
 
 // ---- Widgets ----------------------------------------------------------------------------------------------------------
@@ -148,6 +167,7 @@ QWidget* Form_dialog::make_field(LookupTextBox& field) {
 
 QWidget* Form_dialog::make_box(Check_box& box) {
     auto* check = new QCheckBox(label_text(box.caption));
+    check->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     check->setAccessibleName(qt::to_qt(box.caption));
     connect(check, &QCheckBox::clicked, this, [this, &box] {
         act([&] {
@@ -163,6 +183,9 @@ QWidget* Form_dialog::make_picker(DatePicker& picker) {
     auto* edit = new QDateEdit;
     edit->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
     edit->setCalendarPopup(true);
+    // The arrow of the calendar stays. Without this a click beside the text takes a day away: the frame of a date with calendar
+    // has the number of a "down" button.
+    edit->setButtonSymbols(QAbstractSpinBox::NoButtons);
     edit->calendarWidget()->setFirstDayOfWeek(Qt::Sunday);
     edit->calendarWidget()->setGridVisible(false);
     edit->setMinimumWidth(edit->fontMetrics().averageCharWidth() * 20);
@@ -223,6 +246,7 @@ void Form_dialog::refresh_field(LookupTextBox& field) {
         const bool typing = edit->text().size() == text.size();  // only the letter case changed
         edit->setText(text);
         if (typing) edit->setCursorPosition(at);
+        if (field.Locked()) edit->setCursorPosition(0);  // a long description shows its beginning
     }
     edit->setReadOnly(field.Locked());
     edit->setFocusPolicy(field.takes_focus() ? Qt::StrongFocus : Qt::NoFocus);
@@ -231,7 +255,7 @@ void Form_dialog::refresh_field(LookupTextBox& field) {
     edit->setAccessibleDescription(why);
     const auto* description = form_.find(field.sql_control_resultado);
     if (const auto beside = widgets_.find(description); description && beside != widgets_.end()) {
-        static_cast<QLineEdit*>(beside->second)->setPlaceholderText(why);
+        show_refusal(*static_cast<QLineEdit*>(beside->second), why);
     }
 }
 
@@ -245,7 +269,11 @@ void Form_dialog::set_focus(Control& control) {
 
 void Form_dialog::hide() { done(QDialog::Accepted); }
 
-std::optional<std::string> Form_dialog::choose(Choice_list& list) { return List_window(list, form_.colors(), this).choose(); }
+std::optional<std::string> Form_dialog::choose(Choice_list& list) {
+    auto chosen = List_window(list, form_.colors(), this).choose();
+    activateWindow();  // a display without window manager does not give the keyboard back by itself
+    return chosen;
+}
 
 // ---- From the user to the form --------------------------------------------------------------------------------------------
 

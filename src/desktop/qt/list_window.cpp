@@ -10,7 +10,11 @@
 namespace cuvexa::qt {
 namespace {
 
+/// Names of columns carry no accents; headings do.
 QString heading(const std::string& column) {
+    if (column == "DESCRIPCION") return QStringLiteral("Descripción");
+    if (column == "CODIGO") return QStringLiteral("Código");
+    if (column.size() == 2 || column == "CLABE") return to_qt(column);
     QString text = to_qt(column).toLower().replace(QLatin1Char('_'), QLatin1Char(' '));
     if (!text.isEmpty()) text[0] = text[0].toUpper();
     return text;

@@ -15,13 +15,13 @@ constexpr qreal least_point_size = 12;
 QString hex(std::uint32_t color) { return QStringLiteral("#%1").arg(color, 6, 16, QLatin1Char('0')); }
 
 constexpr const char* sheet = R"(
-QDialog { background: @form; }
-QWidget { color: @text; }
+QDialog { background: @form; border: 1px solid @border; }
+QWidget { color: @text; font-size: @sizept; }
 QLabel { background: transparent; }
 QLabel[role="title"] { font-weight: 600; font-size: 15pt; color: @accent; }
 QLabel[role="note"] { color: @quiet; }
 QLabel:disabled { color: @disabled; }
-QFrame[role="line"] { background: @border; border: none; max-height: 1px; }
+QFrame[role="line"] { background: @line; border: none; }
 QLineEdit, QDateEdit {
     background: @field; border: 1px solid @border; border-radius: 4px; padding: 6px 8px;
     selection-background-color: @accent; selection-color: @on_accent;
@@ -29,7 +29,10 @@ QLineEdit, QDateEdit {
 QLineEdit:focus, QDateEdit:focus { border: 2px solid @accent; padding: 5px 7px; }
 QLineEdit:disabled, QDateEdit:disabled { background: @form; color: @disabled; border: 1px dashed @border; }
 QLineEdit[readOnly="true"] { background: @locked; border: 1px solid @locked; }
+QLabel[role="refusal"] { color: @refused; font-weight: 600; }
 QLineEdit[refused="true"] { background: @refused_field; border: 2px solid @refused; padding: 5px 7px; }
+QDateEdit::drop-down { border: none; width: 28px; }
+QCheckBox::indicator { width: 20px; height: 20px; }
 QCheckBox { spacing: 10px; padding: 4px; border: 2px solid transparent; border-radius: 4px; }
 QCheckBox:focus { border-color: @accent; }
 QPushButton {
@@ -43,15 +46,17 @@ QTableWidget {
     background: @field; alternate-background-color: @form; border: 1px solid @border; gridline-color: @locked;
     selection-background-color: @accent; selection-color: @on_accent;
 }
-QHeaderView::section { background: @locked; color: @text; border: none; padding: 6px 8px; font-weight: 600; }
+QTableWidget::item { padding: 4px 8px; }
+QHeaderView::section { background: @locked; color: @text; border: none; padding: 6px 3px; font-weight: 600; }
 )";
 
-QString style_sheet(const Suite_colors& colors) {
+QString style_sheet(const Suite_colors& colors, qreal point_size) {
     QString out = QString::fromLatin1(sheet);
+    out.replace(QLatin1String("@size"), QString::number(point_size));
     // The longer names first: "@refused" is the beginning of "@refused_field".
     const std::pair<const char*, std::uint32_t> names[] = {
         {"@refused_field", colors.refused_field}, {"@refused", colors.refused},        {"@on_accent", colors.accent_text},
-        {"@accent", colors.accent},               {"@disabled", colors.disabled_text}, {"@quiet", colors.quiet_text},
+        {"@line", colors.locked_field},           {"@accent", colors.accent},               {"@disabled", colors.disabled_text}, {"@quiet", colors.quiet_text},
         {"@locked", colors.locked_field},         {"@border", colors.border},          {"@field", colors.field},
         {"@form", colors.form},                   {"@text", colors.text},
     };
@@ -76,9 +81,8 @@ void dress(QWidget& window, const Suite_colors& colors) {
     palette.setColor(QPalette::Text, QColor::fromRgb(colors.text));
     palette.setColor(QPalette::Highlight, QColor::fromRgb(colors.accent));
     palette.setColor(QPalette::HighlightedText, QColor::fromRgb(colors.accent_text));
-    palette.setColor(QPalette::PlaceholderText, QColor::fromRgb(colors.refused));
     window.setPalette(palette);
-    window.setStyleSheet(style_sheet(colors));
+    window.setStyleSheet(style_sheet(colors, font.pointSizeF()));
 }
 
 QFont field_font(const QWidget& window, const std::string& name) {

@@ -1,8 +1,8 @@
 // The toolkit: makes the application object when the program has none, and shows forms and errors.
 #include <QApplication>
-#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStyle>
 
 #include "cuvexa/qt_dialogs.h"
 #include "desktop/qt/display.h"
@@ -27,7 +27,8 @@ public:
 
     void show_error(const Error_report& report) override {
         need_application();
-        QMessageBox box(QApplication::activeWindow());
+        QWidget* below = QApplication::activeWindow();
+        QMessageBox box(below);
         qt::dress(box, Suite_colors());
         box.setObjectName(QStringLiteral("error"));
         box.setIcon(icon(report.style));
@@ -38,9 +39,12 @@ public:
         box.setInformativeText(qt::to_qt(where));
         auto* button = box.addButton(QStringLiteral("Aceptar"), QMessageBox::AcceptRole);
         button->setProperty("role", "accept");
+        button->style()->unpolish(button);
+        button->style()->polish(button);
         box.setDefaultButton(button);
         box.setEscapeButton(button);
         box.exec();
+        if (below) below->activateWindow();
     }
 
 private:

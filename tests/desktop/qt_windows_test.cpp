@@ -1,0 +1,325 @@
+// The Qt windows off screen: simulated keys and mouse, real database.
+#include <QCalendarWidget>
+#include <QCheckBox>
+#include <QDateEdit>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTableWidget>
+
+#include "desktop/offscreen.h"
+#include "desktop/qt/display.h"
+#include "desktop/qt/form_window.h"
+
+namespace cuvexa::testing {
+namespace {
+
+constexpr auto account = "txt_Bc_Cve_Banco_Cuenta";
+
+Step sees(const std::function<void(QWidget&)>& look) { return look; }
+
+// ---- The deposit ------------------------------------------------------------------------------------------------------------
+
+TEST(Qt_windows, the_deposit_is_answered_with_the_keyboard_alone) {
+    Offscreen screen;
+    const auto answer = screen.deposit({
+        focus_is(account), type("srr-mxn"), text_is(account, "SRR-MXN"), key(Qt::Key_Return),
+        text_is("txt_Bc_Descripcion", "Sierra, operación en pesos"), focus_is("chkFirme"), key(Qt::Key_Space),
+        key(Qt::Key_Return), focus_is("dpFecha"), type("18"), key(Qt::Key_Tab), focus_is("Controles.b1"), key(Qt::Key_Return),
+    });
+    EXPECT_EQ(answer, "SRR-MXN|2024-03-18|1");
+    EXPECT_THAT(screen.company.on.reports, IsEmpty());
+}
+
+TEST(Qt_windows, and_with_the_mouse_alone) {
+    Offscreen screen;
+    const auto answer = screen.deposit({
+        key(Qt::Key_F2),
+        [](QWidget& top) {
+            auto& table = find<QTableWidget>(top, "renglones");
+            const QPoint at = table.visualItemRect(table.item(2, 0)).center();
+            QTest::mouseClick(table.viewport(), Qt::LeftButton, Qt::NoModifier, at);
+            QTest::mouseDClick(table.viewport(), Qt::LeftButton, Qt::NoModifier, at);
+        },
+        text_is(account, "SRR-MXN"), click("chkFirme"), click("chkFirme"), click("Controles.b1"),
+    });
+    EXPECT_EQ(answer, "SRR-MXN|2024-03-15|0");
+}
+
+TEST(Qt_windows, tab_and_shift_tab_walk_forth_and_back) {
+    Offscreen screen;
+    screen.deposit({key(Qt::Key_Tab), focus_is("chkFirme"), key(Qt::Key_Tab), focus_is("Controles.b1"),
+                    key(Qt::Key_Backtab, Qt::ShiftModifier), focus_is("chkFirme"), key(Qt::Key_Backtab, Qt::ShiftModifier),
+                    focus_is(account), key(Qt::Key_Escape)});
+}
+
+TEST(Qt_windows, esc_the_button_and_the_windows_own_close_cancel) {
+    Offscreen screen;
+    const Step close = [](QWidget& top) { top.close(); };
+    for (const auto& end : {key(Qt::Key_Escape), click("Controles.b2"), close}) {
+        EXPECT_EQ(screen.deposit({type("SRR-MXN"), end}), "");
+    }
+}
+
+TEST(Qt_windows, the_date_is_written_the_mexican_way_and_follows_the_box) {
+    Offscreen screen;
+    screen.deposit({sees([](QWidget& top) {
+                        auto& date = find<QDateEdit>(top, "dpFecha");
+                        EXPECT_EQ(date.text(), "15/03/2024");
+                        EXPECT_FALSE(date.isEnabled());
+                        EXPECT_EQ(date.locale().standaloneMonthName(3), "marzo");
+                    }),
+                    click("chkFirme"),
+                    sees([](QWidget& top) { EXPECT_TRUE(find<QDateEdit>(top, "dpFecha").isEnabled()); }), key(Qt::Key_Escape)});
+}
+
+TEST(Qt_windows, a_click_on_the_date_moves_the_focus_there_and_f4_and_esc_do_nothing_in_it) {
+    Offscreen screen;
+    const auto answer = screen.deposit({type("SRR-MXN"), key(Qt::Key_Return), click("dpFecha"), focus_is("dpFecha"),
+                                        key(Qt::Key_F4), focus_is("dpFecha"), key(Qt::Key_Escape), focus_is("dpFecha"),
+                                        sees([](QWidget& top) { EXPECT_EQ(top.objectName(), "frmDeposito"); }),
+                                        key(Qt::Key_Return), focus_is("Controles.b1"), key(Qt::Key_F4)},
+                                       1);
+    EXPECT_THAT(screen.company.on.reports, IsEmpty());
+    EXPECT_EQ(answer, "SRR-MXN|2024-03-15|1");
+}
+
+TEST(Qt_windows, a_firm_date_before_the_deposit_sends_the_user_back_to_the_date) {
+    Offscreen screen;
+    screen.deposit({type("SRR-MXN"), key(Qt::Key_Return), key(Qt::Key_Return), type("14"), key(Qt::Key_Return), key(Qt::Key_F4),
+                    focus_is("dpFecha"), click("Controles.b2")},
+                   1);
+    EXPECT_THAT(screen.company.on.reports,
+                ElementsAre("Controles_B1Click() ERR-ID:7500010 La fecha de firme no puede ser menor a la fecha de depósito!!!"));
+}
+
+TEST(Qt_windows, a_refused_key_is_marked_and_keeps_the_keyboard) {
+    Offscreen screen;
+    screen.deposit({type("srr-usd"), key(Qt::Key_Return), focus_is(account), sees([](QWidget& top) {
+                        auto& field = find<QLineEdit>(top, account);
+                        EXPECT_TRUE(field.property("refused").toBool());
+                        EXPECT_EQ(field.accessibleDescription(), "No existe o no puede usarse aquí");
+                        auto* note = find<QLineEdit>(top, "txt_Bc_Descripcion").findChild<QLabel*>();
+                        ASSERT_NE(note, nullptr);
+                        EXPECT_TRUE(note->isVisible());
+                        EXPECT_EQ(note->text(), "No existe o no puede usarse aquí");
+                    }),
+                    [](QWidget& top) {
+                        auto& field = find<QLineEdit>(top, account);
+                        field.selectAll();
+                        QTest::keyClicks(&field, "srr-mxn");
+                    },
+                    key(Qt::Key_Return), sees([](QWidget& top) {
+                        EXPECT_FALSE(find<QLineEdit>(top, account).property("refused").toBool());
+                        EXPECT_FALSE(find<QLineEdit>(top, "txt_Bc_Descripcion").findChild<QLabel*>()->isVisible());
+                    }),
+                    key(Qt::Key_Escape)});
+}
+
+TEST(Qt_windows, a_click_into_a_locked_field_leaves_the_focus_where_it_was) {
+    Offscreen screen;
+    screen.deposit({click("txt_Bc_Descripcion"), focus_is(account), type("X"), text_is("txt_Bc_Descripcion", ""),
+                    key(Qt::Key_Escape)});
+}
+
+TEST(Qt_windows, typing_in_the_middle_keeps_the_cursor_there) {
+    Offscreen screen;
+    screen.deposit({type("srmxn"), [](QWidget& top) {
+                        auto& field = find<QLineEdit>(top, account);
+                        field.setCursorPosition(2);
+                        QTest::keyClicks(&field, "r-");
+                    },
+                    text_is(account, "SRR-MXN"), key(Qt::Key_Escape)});
+}
+
+// ---- The list ---------------------------------------------------------------------------------------------------------------
+
+TEST(Qt_windows, the_list_is_narrowed_by_typing_and_walked_with_the_arrows) {
+    Offscreen screen;
+    const auto rows_are = [](int count) {
+        return sees([=](QWidget& top) { EXPECT_EQ(find<QTableWidget>(top, "renglones").rowCount(), count); });
+    };
+    const auto answer = screen.deposit({key(Qt::Key_F2), sees([](QWidget& top) {
+                                            EXPECT_EQ(top.windowTitle(), "Cuentas de banco");
+                                            const auto& table = find<QTableWidget>(top, "renglones");
+                                            EXPECT_EQ(table.horizontalHeaderItem(1)->text(), "Descripción");
+                                            EXPECT_EQ(table.item(0, 0)->text(), "PTO-GRAL");
+                                        }),
+                                        rows_are(3), type("pto"), rows_are(2), key(Qt::Key_Down), key(Qt::Key_Return),
+                                        text_is(account, "PTO-MXN"), focus_is(account), key(Qt::Key_F4)});
+    EXPECT_EQ(answer, "PTO-MXN|2024-03-15|0");
+}
+
+TEST(Qt_windows, a_list_without_rows_says_so_and_enter_takes_nothing) {
+    Offscreen screen;
+    screen.deposit({key(Qt::Key_F2), type("zzz"), key(Qt::Key_Return), sees([](QWidget& top) {
+                        EXPECT_EQ(top.objectName(), "lista");
+                        bool said = false;
+                        for (const auto* label : top.findChildren<QLabel*>()) said |= label->text().contains("Sin coincidencias");
+                        EXPECT_TRUE(said);
+                    }),
+                    key(Qt::Key_Escape), focus_is(account), text_is(account, ""), key(Qt::Key_Escape)});
+}
+
+// ---- The payment method -------------------------------------------------------------------------------------------------------
+
+TEST(Qt_windows, the_data_of_a_transfer_is_asked_and_remembered) {
+    Offscreen screen;
+    const auto answer = screen.payment({
+        focus_is("txtBanco"), text_is("txtDocumento", "CL01"), text_is("txtnFormaPago", "Transferencia electrónica"),
+        type("SIERRA"), key(Qt::Key_Return), text_is("txtNBanco", "Banco de la Sierra"), focus_is("txtSucursal"), type("12"),
+        key(Qt::Key_Return), type("0901"), key(Qt::Key_Return), type("TR-5"), key(Qt::Key_Return), key(Qt::Key_Return),
+    });
+    EXPECT_EQ(answer, "Banco de la Sierra|TR-5|0901|SIERRA");
+    EXPECT_EQ(screen.company.scalar("SELECT Dcb_Cuenta FROM Documento_Cuenta_Bancaria"), "0901");
+}
+
+TEST(Qt_windows, shift_f2_opens_the_full_list_of_banks) {
+    Offscreen screen;
+    screen.company.sql("INSERT INTO Documento_Cuenta_Bancaria (Dcb_Tabla, Dcb_Documento, Dcb_ID, Dcb_Banco, Dcb_Cuenta) "
+                       "VALUES ('CLIENTE', 'CL01', '0001', 'SIERRA', '1')");
+    const auto banks_are = [](int count) {
+        return sees([=](QWidget& top) { EXPECT_EQ(find<QTableWidget>(top, "renglones").rowCount(), count); });
+    };
+    screen.payment({key(Qt::Key_F2), banks_are(1), key(Qt::Key_Escape), key(Qt::Key_F2, Qt::ShiftModifier), banks_are(2),
+                    key(Qt::Key_Escape), key(Qt::Key_Escape)});
+}
+
+TEST(Qt_windows, what_a_method_does_not_require_is_greyed_out) {
+    Offscreen screen;
+    screen.payment({sees([](QWidget& top) {
+                        EXPECT_FALSE(find<QLineEdit>(top, "txtBanco").isEnabled());
+                        EXPECT_FALSE(find<QLineEdit>(top, "txtCuenta").isEnabled());
+                        EXPECT_TRUE(find<QLineEdit>(top, "txtReferencia").isEnabled());
+                    }),
+                    focus_is("txtReferencia"), key(Qt::Key_Escape)},
+                   "04");
+}
+
+TEST(Qt_windows, a_refusal_sends_the_focus_to_its_field) {
+    Offscreen screen;
+    screen.payment({type("SIERRA"), click("txtReferencia"), focus_is("txtReferencia"), click("Controles.b1"),
+                    focus_is("txtCuenta"), key(Qt::Key_Escape)});
+    EXPECT_THAT(screen.company.on.reports,
+                ElementsAre("Controles_B1Click() ERR-ID:7500003 Esta forma de pago requiere una cuenta!"));
+}
+
+// ---- For everybody ----------------------------------------------------------------------------------------------------------
+
+void expect_accessible(QWidget& top) {
+    int fields = 0;
+    for (auto* widget : top.findChildren<QWidget*>()) {
+        const bool field = qobject_cast<QDateEdit*>(widget) || qobject_cast<QCheckBox*>(widget) ||
+                           qobject_cast<QPushButton*>(widget) ||
+                           (qobject_cast<QLineEdit*>(widget) && !qobject_cast<QDateEdit*>(widget->parentWidget()));
+        if (!field || widget->objectName().startsWith("qt_")) continue;
+        ++fields;
+        EXPECT_FALSE(widget->accessibleName().isEmpty()) << widget->objectName().toStdString();
+    }
+    EXPECT_GE(fields, 5);
+    for (auto* label : top.findChildren<QLabel*>()) {
+        if (label->objectName().isEmpty() || label->text().isEmpty()) continue;
+        if (label->objectName() == "Etiqueta5" || label->objectName() == "lbInfo") continue;  // they name no field
+        EXPECT_NE(label->buddy(), nullptr) << label->objectName().toStdString();
+    }
+}
+
+void expect_readable(QWidget& top) {
+    for (auto* widget : top.findChildren<QWidget*>()) {
+        if (!widget->isVisible() || !(qobject_cast<QLabel*>(widget) || qobject_cast<QPushButton*>(widget))) continue;
+        EXPECT_GE(widget->width(), widget->sizeHint().width()) << widget->objectName().toStdString();
+        EXPECT_GE(widget->fontInfo().pointSizeF(), 11.5) << widget->objectName().toStdString();
+    }
+}
+
+TEST(Qt_windows, every_field_has_a_name_and_a_label_tied_to_it_and_nothing_is_cut_off) {
+    Offscreen screen;
+    const Step look = [](QWidget& top) {
+        expect_accessible(top);
+        expect_readable(top);
+    };
+    screen.deposit({look, key(Qt::Key_Escape)});
+    screen.payment({look, key(Qt::Key_Escape)});
+}
+
+TEST(Qt_windows, they_are_modal_and_carry_the_forms_caption) {
+    Offscreen screen;
+    screen.deposit({sees([](QWidget& top) {
+                        EXPECT_TRUE(top.isModal());
+                        EXPECT_EQ(top.windowTitle(), "Depósito a banco");
+                    }),
+                    key(Qt::Key_Escape)});
+    screen.payment({sees([](QWidget& top) { EXPECT_EQ(top.windowTitle(), "Datos de la forma de pago"); }), key(Qt::Key_Escape)});
+}
+
+TEST(Qt_windows, the_error_dialog_shows_text_code_and_critical_icon_and_closes_with_enter_or_esc) {
+    Offscreen screen;
+    for (const auto end : {Qt::Key_Return, Qt::Key_Escape}) {
+        screen.run({sees([](QWidget& top) {
+                        const auto* box = qobject_cast<QMessageBox*>(&top);
+                        ASSERT_NE(box, nullptr);
+                        EXPECT_EQ(box->icon(), QMessageBox::Critical);
+                        EXPECT_EQ(box->text(), "<b>No</b> & nunca");
+                        EXPECT_EQ(box->textFormat(), Qt::PlainText);
+                        EXPECT_TRUE(box->informativeText().contains("ERR-ID:7500009"));
+                        EXPECT_TRUE(box->informativeText().contains("Controles_B1Click()"));
+                        EXPECT_EQ(box->windowTitle(), "Cuvexa");
+                    }),
+                    key(end)},
+                   [&] {
+                       screen.toolkit->show_error({"<b>No</b> & nunca", 16, "Controles_B1Click()", "", "Cuvexa", "ERR-ID:7500009"});
+                   });
+    }
+}
+
+class Failing_form : public Form {
+public:
+    explicit Failing_form(Module& module) : Form(module, "frmFalla", "Falla") {
+        tab_order_ = {&buttons_.b1, &buttons_.b2};
+        buttons_.B1Click = [] { throw std::runtime_error("sin memoria"); };
+    }
+};
+
+TEST(Qt_windows, what_a_handler_throws_ends_the_window_and_reaches_the_caller) {
+    Offscreen screen;
+    Failing_form form(screen.company.module());
+    screen.run({key(Qt::Key_F4)}, [&] { EXPECT_THROW(screen.toolkit->show_modal(form), std::runtime_error); });
+}
+
+// ---- The display --------------------------------------------------------------------------------------------------------------
+
+class Display : public ::testing::Test {
+protected:
+    void SetUp() override {
+        for (const auto* name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"}) {
+            if (const char* value = std::getenv(name)) kept_[name] = value;
+            ::unsetenv(name);
+        }
+    }
+    void TearDown() override {
+        for (const auto* name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"}) ::unsetenv(name);
+        for (const auto& [name, value] : kept_) ::setenv(name.c_str(), value.c_str(), 1);
+    }
+    std::map<std::string, std::string> kept_;
+};
+
+TEST_F(Display, without_any_there_is_an_obstacle) {
+    EXPECT_EQ(qt::missing_display(), "no hay pantalla (DISPLAY y WAYLAND_DISPLAY están vacías).");
+}
+
+TEST_F(Display, one_that_nobody_serves_is_an_obstacle) {
+    ::setenv("DISPLAY", ":9876.0", 1);
+    EXPECT_EQ(qt::missing_display(), "la pantalla :9876.0 no responde.");
+    ::setenv("DISPLAY", "disparate", 1);
+    EXPECT_EQ(qt::missing_display(), "la pantalla disparate no responde.");
+}
+
+TEST_F(Display, the_platform_without_screen_needs_none) {
+    ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    EXPECT_EQ(qt::missing_display(), "");
+    ::setenv("QT_QPA_PLATFORM", "xcb", 1);
+    EXPECT_NE(qt::missing_display(), "");
+}
+
+}  // namespace
+}  // namespace cuvexa::testing
