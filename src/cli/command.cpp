@@ -9,9 +9,14 @@
 
 #include "cuvexa/errors.h"
 #include "cuvexa/unit_of_work.h"
+#include "database/connection_string.h"
 #include "database/script.h"
+#include "database/sqlite_connection.h"
 #include "suite/administration.h"
 #include "suite/schema.h"
+#ifdef CUVEXA_WITH_ODBC
+#include "database/odbc_connection.h"
+#endif
 
 namespace cuvexa::cli {
 
@@ -24,6 +29,39 @@ Sqlite_options engine_options(const Database_options& options, Access access) {
     engine.read_only = access == Access::read;
     return engine;
 }
+
+Sqlite_options new_file_options(const Database_options& options) {
+    Sqlite_options engine = engine_options(options, Access::write);
+    engine.create = true;
+    return engine;
+}
+
+#ifdef CUVEXA_WITH_ODBC
+std::unique_ptr<Connection> open_server(const Database_options& options) {
+    Odbc_options engine;
+    engine.lock_timeout_ms = static_cast<int>(options.wait_s * 1000);
+    return std::make_unique<Odbc_connection>(options.file, engine);
+}
+
+void prepare_server(Connection& connection) {
+    dynamic_cast<Odbc_connection&>(connection).prepare_database();
+}
+
+Date_style style_of(const Connection& connection) {
+    const auto* server = dynamic_cast<const Odbc_connection*>(&connection);
+    return server != nullptr && server->server_kind() == Server_kind::sql_server ? Date_style::neutral : Date_style::iso;
+}
+#else
+std::unique_ptr<Connection> open_server(const Database_options& options) {
+    throw Refused("Este programa se construyó sin servidores de base de datos (ODBC): " + options.shown());
+}
+
+void prepare_server(Connection&) {}
+
+Date_style style_of(const Connection&) {
+    return Date_style::iso;
+}
+#endif
 
 // The engine would say the same of a missing file and of a folder: that it cannot open it.
 const std::string& existing_file(const std::string& file) {
@@ -104,10 +142,30 @@ void refuse_trace_over(const std::string& trace, const std::string& database) {
     }
 }
 
+std::unique_ptr<Connection> open_engine(const Database_options& options, Access access) {
+    if (options.is_server()) return open_server(options);
+    return std::make_unique<Sqlite_connection>(existing_file(options.file), engine_options(options, access));
+}
+
 }  // namespace
 
+bool Database_options::is_server() const {
+    return is_connection_string(file);
+}
+
+std::string Database_options::shown() const {
+    return is_server() ? without_password(file) : file;
+}
+
+bool Database_options::stands() const {
+    if (!is_server()) return std::filesystem::exists(file);
+    return has_schema(*open_server(*this));
+}
+
 void Database_options::add_to(CLI::App& command, bool db_required) {
-    command.add_option("--db", file, "Database file")->required(db_required)->type_name("FILE");
+    command.add_option("--db", file, "Database file, or the ODBC connection string of a server (password: CUVEXA_PASSWORD)")
+        ->required(db_required)
+        ->type_name("FILE");
     command.add_option("--trace", trace, "Append one JSON object per statement to this file")->type_name("FILE");
     command.add_option("--synchronous", synchronous, "What an acknowledged statement survives: full, normal or off")
         ->check(CLI::IsMember({"full", "normal", "off"}, CLI::ignore_case))
@@ -118,23 +176,22 @@ void Database_options::add_to(CLI::App& command, bool db_required) {
 }
 
 Database::Database(const Database_options& options, Access access)
-    : Database(existing_file(options.file), engine_options(options, access), options.trace) {
-    require_this_version(engine_, options.file);
+    : Database(open_engine(options, access), options.file, options.trace) {
+    require_this_version(*engine_, options.shown());
 }
 
-Database::Database(const std::string& file, const Sqlite_options& engine, const std::string& trace)
-    : engine_(file, engine) {
+Database::Database(std::unique_ptr<Connection> engine, const std::string& file, const std::string& trace)
+    : engine_(std::move(engine)), date_style_(style_of(*engine_)) {
     if (trace.empty()) return;
     refuse_trace_over(trace, file);
     trace_file_.open(trace, std::ios::app);
     if (!trace_file_) throw Refused("No se puede escribir el rastro: " + trace);
-    traced_.emplace(engine_, trace_file_);
+    traced_.emplace(*engine_, trace_file_);
 }
 
-std::unique_ptr<Database> Database::filled(const std::string& file, const Database_options& options, bool sample) {
-    Sqlite_options engine = engine_options(options, Access::write);
-    engine.create = true;
-    std::unique_ptr<Database> database(new Database(file, engine, options.trace));
+std::unique_ptr<Database> Database::filled(std::unique_ptr<Connection> engine, const std::string& file,
+                                           const Database_options& options, bool sample) {
+    std::unique_ptr<Database> database(new Database(std::move(engine), file, options.trace));
     Unit_of_work whole(database->connection());
     run_script(database->connection(), schema_sql());
     if (sample) run_script(database->connection(), sample_company_sql());
@@ -143,19 +200,27 @@ std::unique_ptr<Database> Database::filled(const std::string& file, const Databa
 }
 
 std::unique_ptr<Database> Database::in_memory(const Database_options& options, bool sample) {
-    return filled(":memory:", options, sample);
+    const std::string file = ":memory:";
+    return filled(std::make_unique<Sqlite_connection>(file, new_file_options(options)), file, options, sample);
 }
 
 void Database::create(const Database_options& options, bool sample) {
+    if (options.is_server()) {
+        auto server = open_server(options);
+        if (has_schema(*server)) throw Refused("Ya existe y no se toca: " + options.shown());
+        prepare_server(*server);
+        filled(std::move(server), options.file, options, sample);
+        return;
+    }
     refuse_in_place(options.file);
     Draft draft(options.file);
-    filled(draft.name(), options, sample);
+    filled(std::make_unique<Sqlite_connection>(draft.name(), new_file_options(options)), draft.name(), options, sample);
     draft.become(options.file);
 }
 
 Connection& Database::connection() {
     if (traced_) return *traced_;
-    return engine_;
+    return *engine_;
 }
 
 }  // namespace cuvexa::cli

@@ -10,8 +10,8 @@
 #include <string_view>
 
 #include "cuvexa/data_access.h"
-#include "database/sqlite_connection.h"
 #include "database/trace.h"
+#include "suite/reference_suite.h"
 
 namespace cuvexa::cli {
 
@@ -30,6 +30,15 @@ struct Database_options {
     std::string synchronous = "full";
     double wait_s = 10;
 
+    /// Whether `file` names a server by a connection string.
+    bool is_server() const;
+
+    /// `file` as it may be shown: a connection string without its password.
+    std::string shown() const;
+
+    /// Whether something stands in the database's place: a file, or the schema in a server's database.
+    bool stands() const;
+
     /// Adds --db, --trace, --synchronous and --wait to a command.
     void add_to(CLI::App& command, bool db_required = true);
 };
@@ -45,18 +54,23 @@ public:
     /// A new database in memory.
     static std::unique_ptr<Database> in_memory(const Database_options& options, bool sample);
 
-    /// Makes the file, with the schema and, if wanted, the sample company: whole or not at all. Throws `Refused` when
-    /// there is something in its place.
+    /// Makes the file, or fills the server's database, with the schema and, if wanted, the sample company: whole or not
+    /// at all. Throws `Refused` when there is something in its place.
     static void create(const Database_options& options, bool sample);
 
     Connection& connection();
 
+    /// The dates that the engine reads alike under every setting.
+    Date_style date_style() const { return date_style_; }
+
 private:
-    Database(const std::string& file, const Sqlite_options& engine, const std::string& trace);
-    static std::unique_ptr<Database> filled(const std::string& file, const Database_options& options, bool sample);
+    Database(std::unique_ptr<Connection> engine, const std::string& file, const std::string& trace);
+    static std::unique_ptr<Database> filled(std::unique_ptr<Connection> engine, const std::string& file,
+                                            const Database_options& options, bool sample);
 
     std::ofstream trace_file_;
-    Sqlite_connection engine_;
+    std::unique_ptr<Connection> engine_;
+    Date_style date_style_ = Date_style::iso;
     std::optional<Traced_connection> traced_;
 };
 

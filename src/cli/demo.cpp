@@ -1,7 +1,6 @@
 // cuvexa demo: the component at work on the sample company.
 #include "cli/demo.h"
 
-#include <filesystem>
 #include <iostream>
 #include <memory>
 
@@ -25,9 +24,9 @@ void require_sample_company(Connection& connection, const std::string& file) {
 
 std::unique_ptr<Database> open_stage(const Database_options& options) {
     if (options.file.empty()) return Database::in_memory(options, true);
-    if (!std::filesystem::exists(options.file)) Database::create(options, true);
+    if (!options.stands()) Database::create(options, true);
     auto database = std::make_unique<Database>(options, Access::write);
-    require_sample_company(database->connection(), options.file);
+    require_sample_company(database->connection(), options.shown());
     return database;
 }
 
@@ -35,6 +34,7 @@ void demonstrate(const Database_options& options) {
     const auto database = open_stage(options);
     Suite_options suite;
     suite.user = "DEMO";
+    suite.date_style = database->date_style();
     suite.server_date = make_date(2024, 3, 15);
     Module module(std::make_shared<Reference_suite>(database->connection(), suite));
     std::cout << "Cuvexa lleva el dinero de una empresa: recibos de caja, depósitos, cheques, transferencias y los "
@@ -48,7 +48,7 @@ void demonstrate(const Database_options& options) {
     if (options.file.empty()) {
         std::cout << "\nLa base de datos estuvo en memoria. Para conservarla: cuvexa demo --db demo.db\n";
     } else {
-        std::cout << "\nPara ver lo que quedó: cuvexa show checks --db " << options.file << '\n';
+        std::cout << "\nPara ver lo que quedó: cuvexa show checks --db " << options.shown() << '\n';
     }
 }
 

@@ -1,5 +1,4 @@
 // cuvexa init: makes a database.
-#include <filesystem>
 #include <iostream>
 #include <memory>
 
@@ -16,8 +15,8 @@ struct Init_options {
 };
 
 void init(const Init_options& options) {
-    const std::string& file = options.database.file;
-    if (options.if_missing && std::filesystem::exists(file)) {
+    const std::string file = options.database.shown();
+    if (options.if_missing && options.database.stands()) {
         Database(options.database, Access::read);  // refuses what is no database of this version
         std::cout << "Ya existía: " << file << '\n';
         return;

@@ -27,6 +27,7 @@ std::string date_problem(const std::string& text) {
 void serve(const Rpc_options& options) {
     Database database(options.database, Access::write);
     Suite_options suite;
+    suite.date_style = database.date_style();
     suite.user = options.user;
     if (!options.server_date.empty()) suite.server_date = parse_date(options.server_date);
     const auto windows = desktop();
