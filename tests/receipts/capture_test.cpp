@@ -81,6 +81,16 @@ TEST_F(Receipt_capture, a_new_receipt_starts_again_at_line_one) {
     EXPECT_EQ(treasury().RpDetalle().Rp_ID, "0001");
 }
 
+TEST_F(Receipt_capture, a_new_receipt_restarts_the_counter_also_for_a_header_that_brings_its_folio) {
+    start();
+    ASSERT_TRUE(add() && add());
+    tRpEncabezado header = Company::receipt_header();
+    header.Rp_Folio = "DEL-CLIENTE";
+    start(header);
+    ASSERT_TRUE(add());
+    EXPECT_EQ(treasury().RpDetalle().Rp_ID, "0001");
+}
+
 TEST_F(Receipt_capture, a_new_receipt_runs_no_statement_and_asks_no_service) {
     company.mark();
     treasury().NuevoReciboCaja();
