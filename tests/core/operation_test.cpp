@@ -177,6 +177,7 @@ TEST_F(Frame, each_shared_validation_is_said_with_or_without_the_tag) {
     both([](Operation& op, Form form) { check_currency(op, "EUR", form); },
          "La moneda: EUR, no existe o está dada de baja");
     both([](Operation& op, Form form) { check_rate(op, -0.5, form); }, "El tipo de cambio: -0.5, no es válido");
+    both([](Operation& op, Form form) { check_rate(op, 0, form); }, "El tipo de cambio: 0, no es válido");
 }
 
 TEST_F(Frame, shared_validations_let_the_good_ones_pass) {
