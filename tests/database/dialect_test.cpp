@@ -16,9 +16,9 @@ protected:
             "Saldo decimal(18,6) DEFAULT 0, Fecha datetime)");
         run("CREATE TABLE Banco (Banco varchar(10) PRIMARY KEY, Nombre nvarchar(40) DEFAULT N'')");
         run("INSERT INTO Cuenta(Clave, Banco, Tipo, Saldo, Fecha) VALUES "
-            "('C1', 'BBVA', '01', 100, '2024-03-15'), ('C2', 'bbva', '02', 50.5, '2024-03-15T10:20:30'), "
+            "('C1', 'BRISA', '01', 100, '2024-03-15'), ('C2', 'brisa', '02', 50.5, '2024-03-15T10:20:30'), "
             "('C3', 'Otro', '01', -1E+2, '20231231')");
-        run("INSERT INTO Banco VALUES ('Bbva', 'Bancomer'), ('OTRO', 'Otro banco')");
+        run("INSERT INTO Banco VALUES ('Brisa', 'Banco Uno'), ('OTRO', 'Otro banco')");
     }
 
     void run(std::string_view text) { db.execute(text); }
@@ -36,12 +36,12 @@ TEST_F(Dialect_on_sqlite, isnull_takes_the_second_value_for_null) {
 
 TEST_F(Dialect_on_sqlite, plus_joins_texts_and_adds_numbers) {
     EXPECT_THAT(v("SELECT Banco + ' - ' + Clave AS v FROM Cuenta ORDER BY Clave"),
-                ElementsAre("BBVA - C1", "bbva - C2", "Otro - C3"));
+                ElementsAre("BRISA - C1", "brisa - C2", "Otro - C3"));
     EXPECT_THAT(v("SELECT 'CHEQUE-CA:' + Clave AS v FROM Cuenta WHERE Saldo = 100"), ElementsAre("CHEQUE-CA:C1"));
     EXPECT_THAT(v("SELECT N'ñ' + 'x' AS v"), ElementsAre("ñx"));
-    EXPECT_THAT(v("SELECT ('a' + Clave) + Banco AS v FROM Cuenta WHERE Clave = 'C1'"), ElementsAre("aC1BBVA"));
+    EXPECT_THAT(v("SELECT ('a' + Clave) + Banco AS v FROM Cuenta WHERE Clave = 'C1'"), ElementsAre("aC1BRISA"));
     EXPECT_THAT(v("SELECT ISNULL(Tipo, '') + ISNULL(Banco, '') AS v FROM Cuenta WHERE Clave = 'C1'"),
-                ElementsAre("01BBVA"));
+                ElementsAre("01BRISA"));
     EXPECT_THAT(v("SELECT CASE WHEN 1 = 1 THEN 'a' ELSE 'b' END + Clave AS v FROM Cuenta WHERE Clave = 'C1'"),
                 ElementsAre("aC1"));
     EXPECT_THAT(v("SELECT Saldo + 1 + Saldo AS v FROM Cuenta WHERE Clave = 'C1' AND Tipo + 0 = 1"), ElementsAre("201"));
@@ -67,7 +67,7 @@ TEST_F(Dialect_on_sqlite, parts_of_a_date_are_read_from_every_form_of_date_text)
 
 TEST_F(Dialect_on_sqlite, an_update_joins_its_target_with_other_tables) {
     run("UPDATE Cuenta SET Cuenta.Tipo = 'XX', Cuenta.Saldo = Cuenta.Saldo + 1 FROM Cuenta "
-        "INNER JOIN Banco ON Banco.Banco = Cuenta.Banco WHERE Banco.Nombre = 'BANCOMER' AND Clave IN ('C1', 'C3')");
+        "INNER JOIN Banco ON Banco.Banco = Cuenta.Banco WHERE Banco.Nombre = 'BANCO UNO' AND Clave IN ('C1', 'C3')");
     EXPECT_THAT(v("SELECT Tipo + '/' + Clave AS v FROM Cuenta ORDER BY Clave"), ElementsAre("XX/C1", "02/C2", "01/C3"));
     EXPECT_THAT(v("SELECT Saldo AS v FROM Cuenta WHERE Clave = 'C1'"), ElementsAre("101"));
 }
@@ -135,7 +135,7 @@ TEST_F(Dialect_on_sqlite, a_scalar_sub_select_of_one_value_or_none_is_that_value
     EXPECT_THAT(v("SELECT (SELECT MAX(Saldo) FROM Cuenta) AS v"), ElementsAre("100"));
     EXPECT_THAT(v("SELECT (SELECT TOP 1 Clave FROM Cuenta ORDER BY Clave DESC) AS v"), ElementsAre("C3"));
     EXPECT_THAT(v("SELECT Banco AS v FROM Banco WHERE Banco = (SELECT Banco FROM Cuenta WHERE Clave = 'C2')"),
-                ElementsAre("Bbva"));
+                ElementsAre("Brisa"));
     run("INSERT INTO Banco(Banco, Nombre) SELECT 'N', (SELECT Clave FROM Cuenta WHERE Clave = 'C1')");
     EXPECT_THAT(v("SELECT Nombre AS v FROM Banco WHERE Banco = 'N'"), ElementsAre("C1"));
 }
@@ -166,31 +166,31 @@ TEST_F(Dialect_on_sqlite, a_select_to_insert_may_end_in_a_sub_select) {
 }
 
 TEST_F(Dialect_on_sqlite, stored_texts_compare_group_and_sort_without_regard_to_case) {
-    EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta WHERE BANCO = 'bBvA'"), ElementsAre("2"));
-    EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta WHERE Banco IN ('bBvA', 'OTRO')"), ElementsAre("3"));
+    EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta WHERE BANCO = 'bRiSa'"), ElementsAre("2"));
+    EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta WHERE Banco IN ('bRiSa', 'OTRO')"), ElementsAre("3"));
     EXPECT_THAT(v("SELECT COUNT(DISTINCT Banco) AS v FROM Cuenta"), ElementsAre("2"));
     EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta GROUP BY Banco ORDER BY Banco"), ElementsAre("2", "1"));
     EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta INNER JOIN Banco ON Cuenta.Banco = Banco.Banco"), ElementsAre("3"));
-    EXPECT_THAT(v("SELECT Banco AS v FROM Banco WHERE Nombre LIKE 'BANC%'"), ElementsAre("Bbva"));
-    EXPECT_THAT(failure(db, "INSERT INTO Banco(Banco) VALUES ('bbva')"), HasSubstr("UNIQUE constraint failed"));
+    EXPECT_THAT(v("SELECT Banco AS v FROM Banco WHERE Nombre LIKE 'BANC%'"), ElementsAre("Brisa"));
+    EXPECT_THAT(failure(db, "INSERT INTO Banco(Banco) VALUES ('brisa')"), HasSubstr("UNIQUE constraint failed"));
 }
 
 TEST_F(Dialect_on_sqlite, computed_texts_compare_group_and_sort_without_regard_to_case) {
-    EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta WHERE (CASE WHEN Tipo = '09' THEN '' ELSE Banco END) = 'BBVA'"),
+    EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta WHERE (CASE WHEN Tipo = '09' THEN '' ELSE Banco END) = 'BRISA'"),
                 ElementsAre("2"));
-    EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta WHERE CASE WHEN Tipo = '09' THEN '' ELSE Banco END IN ('BBVA')"),
+    EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta WHERE CASE WHEN Tipo = '09' THEN '' ELSE Banco END IN ('BRISA')"),
                 ElementsAre("2"));
     EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta GROUP BY CASE WHEN Tipo = '09' THEN '' ELSE Banco END ORDER BY 1"),
                 ElementsAre("1", "2"));
     EXPECT_THAT(v("SELECT DISTINCT CASE WHEN Tipo = '09' THEN '' ELSE Banco END AS v FROM Cuenta"), testing::SizeIs(2));
     EXPECT_THAT(v("SELECT Clave AS v, ISNULL(Banco, '') AS b FROM Cuenta ORDER BY b, Clave"),
                 ElementsAre("C1", "C2", "C3"));
-    EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta WHERE ISNULL(Banco, '') = 'BBVA'"), ElementsAre("2"));
-    EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta WHERE Banco + 'x' = 'BBVAX'"), ElementsAre("2"));
+    EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta WHERE ISNULL(Banco, '') = 'BRISA'"), ElementsAre("2"));
+    EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta WHERE Banco + 'x' = 'BRISAX'"), ElementsAre("2"));
     EXPECT_THAT(v("SELECT 1 AS v WHERE 'a' = 'A' AND 'a' IN ('A') AND N'b' BETWEEN 'A' AND 'C'"), ElementsAre("1"));
     EXPECT_THAT(v("SELECT 1 AS v WHERE (SELECT Clave FROM Cuenta WHERE Clave = 'C1') = 'c1'"), ElementsAre("1"));
     EXPECT_THAT(
-        v("SELECT CASE ISNULL(Banco, '') WHEN 'BBVA' THEN 'SI' ELSE 'NO' END AS v FROM Cuenta WHERE Clave = 'C2'"),
+        v("SELECT CASE ISNULL(Banco, '') WHEN 'BRISA' THEN 'SI' ELSE 'NO' END AS v FROM Cuenta WHERE Clave = 'C2'"),
         ElementsAre("SI"));
 }
 
@@ -212,7 +212,7 @@ TEST_F(Dialect_on_sqlite, output_gives_back_what_was_written) {
     EXPECT_THAT(v("DELETE FROM Banco OUTPUT deleted.Nombre AS v WHERE Banco = 'Z'"), ElementsAre("zeta"));
     EXPECT_THAT(column(db, "Saldo", "UPDATE Cuenta SET Saldo = 0 OUTPUT inserted.Saldo WHERE Clave = 'no'"), IsEmpty());
     EXPECT_THAT(v("UPDATE Cuenta SET Cuenta.Saldo = 5 OUTPUT inserted.Clave AS v FROM Cuenta INNER JOIN Banco "
-                  "ON Banco.Banco = Cuenta.Banco WHERE Nombre = 'Bancomer'"),
+                  "ON Banco.Banco = Cuenta.Banco WHERE Nombre = 'Banco Uno'"),
                 testing::UnorderedElementsAre("C1", "C2"));
     EXPECT_NE(failure(db, "UPDATE Cuenta SET Saldo = 0 OUTPUT deleted.Saldo WHERE Clave = 'C1'"), "");
 }
