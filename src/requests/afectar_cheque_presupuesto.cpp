@@ -170,13 +170,15 @@ double spent(Operation& op, const Kind& kind, const Governing_budget& budget, co
 }
 
 void hold_back(Operation& op, const std::string& folio) {
+    const std::string user = op.session().GetUserName();
+    const std::string stamp = op.server_stamp();
     op.execute(
         "UPDATE Cheque SET "
         "   Es_Cve_Estado = 'PXA', "
         "   Oper_Ult_Modif = '{}', "
         "   Fecha_Ult_Modif = '{}' "
         "WHERE Ch_Folio = '{}'",
-        op.session().GetUserName(), op.server_stamp(), folio);
+        user, stamp, folio);
 }
 
 }  // namespace
