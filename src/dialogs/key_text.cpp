@@ -55,7 +55,8 @@ std::string formatted(std::string_view key, std::string_view format) {
 std::string with_key(std::string_view sql, std::string_view key) { return replaced(sql, "'?'", quoted(key)); }
 
 std::string with_pattern(std::string_view sql, std::string_view text) {
-    return replaced(sql, "LIKE ?", "LIKE " + quoted("%" + std::string(text) + "%"));
+    const std::string pattern = std::string("%").append(text).append("%");
+    return replaced(sql, "LIKE ?", std::string("LIKE ").append(quoted(pattern)));
 }
 
 }  // namespace cuvexa
