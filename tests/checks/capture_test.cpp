@@ -112,6 +112,12 @@ TEST_F(Check_capture, a_new_folio_starts_at_line_one_again) {
     EXPECT_EQ(company.treasury().Detalle().Ch_ID, "0001");
 }
 
+TEST_F(Check_capture, a_folio_starts_at_line_one_also_after_the_lines_of_a_receipt) {
+    company.capture_receipt({Company::receipt_line(10), Company::receipt_line(20)});
+    ASSERT_TRUE(add()) << error();  // without Nuevo, which would start the shared counter itself
+    EXPECT_EQ(company.treasury().Detalle().Ch_ID, "0001");
+}
+
 // ---- Refusals, in step order
 // ----------------------------------------------------------------------------------------------
 

@@ -31,8 +31,9 @@ inline void meanwhile(Company& company, const std::string& event, const std::str
     static int count = 0;
     const std::string text =
         "CREATE TRIGGER meanwhile_" + std::to_string(++count) + " " + event + " BEGIN " + statement + "; END";
+    if (company.embedded() == nullptr) throw std::runtime_error("what happens meanwhile is written for SQLite");
     char* message = nullptr;
-    if (sqlite3_exec(company.connection().handle(), text.c_str(), nullptr, nullptr, &message) != SQLITE_OK) {
+    if (sqlite3_exec(company.embedded(), text.c_str(), nullptr, nullptr, &message) != SQLITE_OK) {
         throw std::runtime_error(text + ": " + message);
     }
 }

@@ -420,5 +420,17 @@ TEST_F(Budget_check, a_supplier_within_its_own_budget_passes_whatever_its_branch
     expect_passes(kind);
 }
 
+TEST_F(Budget_check, the_budget_of_a_group_counts_all_its_suppliers) {
+    const Kind& kind = kinds[0];
+    set_mode(kind, "1");
+    write_check(kind, "C1", 100);
+    write_check(kind, "C2", 50, 1, "2024-03-02", "AC", "PV02");
+    write_check(kind, "C3", 1000, 1, "2024-03-02", "AC", "PV03");  // of another group
+    set_budget(kind, {"GP", "MERC"}, 150);
+    expect_passes(kind);
+    company.sql("UPDATE Anticipo_Proveedor_Presupuesto SET App_03 = 149");
+    expect_held_back(kind);
+}
+
 }  // namespace
 }  // namespace cuvexa::testing
