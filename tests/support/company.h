@@ -1,5 +1,5 @@
-// A whole company to test against: the sample company in a SQLite database of its own, the reference services over it,
-// a clock that stands still, and the component on top.
+// A whole company to test against: the sample company in a database of its own (see test_database.h), the reference
+// services over it, a clock that stands still, and the component on top.
 //
 //     Company company;
 //     company.sql("UPDATE Banco_Cuenta SET Es_Cve_Estado = 'BA' WHERE Bc_Cve_Banco_Cuenta = 'SRR-MXN'");
@@ -36,12 +36,11 @@
 #include <vector>
 
 #include "cuvexa/tesoreria.h"
-#include "database/script.h"
-#include "database/sqlite_connection.h"
 #include "suite/reference_suite.h"
 #include "suite/schema.h"
 #include "support/obstacles.h"
 #include "support/snapshot.h"
+#include "support/test_database.h"
 
 namespace cuvexa::testing {
 
@@ -50,9 +49,8 @@ using ::testing::IsEmpty;
 
 class Company {
 public:
-    Company() : connection_(":memory:", {.synchronous = Synchronous::off}) {
-        copy(template_database().handle(), connection_.handle());
-        suite_ = std::make_shared<Reference_suite>(connection_, Suite_options{.user = "CAJA1", .server_date = now()});
+    Company() : database_(sample_company_sql()) {
+        suite_ = std::make_shared<Reference_suite>(connection(), Suite_options{.user = "CAJA1", .server_date = now()});
         restart();
     }
 
@@ -95,7 +93,7 @@ public:
 
     // ---- The database behind the component's back -------------------------------------------------------------------
 
-    void sql(std::string_view statement) { connection_.execute(statement); }
+    void sql(std::string_view statement) { connection().execute(statement); }
 
     /// The first column of the only row of a query; numbers as text. Throws when there is not exactly one row.
     std::string scalar(const std::string& query) {
@@ -107,7 +105,7 @@ public:
     /// The rows of a query, their columns parted by "|".
     std::vector<std::string> rows(const std::string& query) {
         std::vector<std::string> lines;
-        read_bare(connection_.handle(), query, [&](const Snapshot::Row& row) {
+        read_bare(database_.look(), query, [&](const Snapshot::Row& row) {
             std::string line;
             for (const auto& [column, value] : row) line += (&column == &row.front().first ? "" : "|") + value;
             lines.push_back(line);
@@ -116,17 +114,20 @@ public:
     }
 
     void mark() {
-        marked_.emplace(connection_.handle());
+        marked_.emplace(database_.look());
         on.forget();
     }
-    std::vector<std::string> changes() const { return marked_->changes_to(Snapshot(connection_.handle())); }
+    std::vector<std::string> changes() const { return marked_->changes_to(Snapshot(database_.look())); }
     std::vector<std::string> changes_with_audit() const {
-        return marked_->changes_to(Snapshot(connection_.handle()), true);
+        return marked_->changes_to(Snapshot(database_.look()), true);
     }
 
     const std::vector<std::string>& statements() const { return on.statements; }
 
-    Sqlite_connection& connection() { return connection_; }
+    Connection& connection() { return database_.connection(); }
+
+    /// The engine's own handle where the database is embedded; null on a server.
+    sqlite3* embedded() const { return database_.embedded(); }
     std::shared_ptr<Reference_suite> suite() { return suite_; }
 
     // ---- Receipts ---------------------------------------------------------------------------------------------------
@@ -223,26 +224,7 @@ public:
     }
 
 private:
-    /// Built once per program; each company starts as a copy of it.
-    static Sqlite_connection& template_database() {
-        static const std::unique_ptr<Sqlite_connection> database = [] {
-            auto made =
-                std::make_unique<Sqlite_connection>(":memory:", Sqlite_options{.synchronous = Synchronous::off});
-            run_script(*made, schema_sql());
-            run_script(*made, sample_company_sql());
-            return made;
-        }();
-        return *database;
-    }
-
-    static void copy(sqlite3* from, sqlite3* to) {
-        sqlite3_backup* const backup = sqlite3_backup_init(to, "main", from, "main");
-        if (backup == nullptr) throw std::runtime_error(sqlite3_errmsg(to));
-        sqlite3_backup_step(backup, -1);
-        if (sqlite3_backup_finish(backup) != SQLITE_OK) throw std::runtime_error(sqlite3_errmsg(to));
-    }
-
-    Sqlite_connection connection_;
+    Test_database database_;
     std::shared_ptr<Reference_suite> suite_;
     std::optional<Module> module_;
     std::optional<Tesoreria> treasury_;

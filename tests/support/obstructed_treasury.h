@@ -1,4 +1,4 @@
-// A treasury over an embedded database with a small company of its own, a clock and a user that stand still, and
+// A treasury over a database (see test_database.h) with a small company of its own, a clock and a user that stand still, and
 // obstacles to put in its way.
 #pragma once
 
@@ -13,12 +13,10 @@
 #include <vector>
 
 #include "cuvexa/tesoreria.h"
-#include "database/script.h"
-#include "database/sqlite_connection.h"
-#include "suite/schema.h"
 #include "support/obstacles.h"
 #include "support/plain_suite.h"
 #include "support/snapshot.h"
+#include "support/test_database.h"
 
 namespace cuvexa::testing {
 
@@ -35,29 +33,27 @@ struct Refusal_step {
 class Obstructed_treasury : public ::testing::Test {
 protected:
     Obstructed_treasury() {
-        run_script(database_, schema_sql());
-        run_script(database_, company);
         on.server_date = make_date(2024, 3, 15, 10, 20, 30);
     }
 
     /// The component; its module starts with the first use, with the parameters set so far.
     Tesoreria& treasury() {
         if (!treasury_) {
-            module_.emplace(std::make_shared<Obstructed_suite>(std::make_shared<Plain_suite>(database_), on));
+            module_.emplace(std::make_shared<Obstructed_suite>(std::make_shared<Plain_suite>(database_.connection()), on));
             treasury_.emplace(*module_);
         }
         return *treasury_;
     }
 
     /// Runs a statement behind the component's back.
-    void run(const std::string& statement) { database_.execute(statement); }
+    void run(const std::string& statement) { database_.connection().execute(statement); }
 
     /// The columns (separated by ", ") of the rows of a table that meet a condition, as "one|two", in that order.
     std::vector<std::string> rows(const std::string& table, const std::string& columns,
                                   const std::string& condition = "1 = 1") {
         const std::vector<std::string> names = split(columns);
         std::vector<std::string> found;
-        for (auto row = database_.execute("SELECT " + columns + " FROM " + table + " WHERE " + condition +
+        for (auto row = database_.connection().execute("SELECT " + columns + " FROM " + table + " WHERE " + condition +
                                           " ORDER BY " + columns);
              !row->eof(); row->move_next()) {
             std::string line;
@@ -68,7 +64,7 @@ protected:
     }
 
     /// What the database holds now, to be compared with later.
-    Snapshot look() const { return Snapshot(database_.handle()); }
+    Snapshot look() const { return Snapshot(database_.look()); }
 
     /// What an operation that succeeds changes in the database, row by row.
     std::vector<std::string> changes(const std::function<bool()>& operation, bool with_audit = false) {
@@ -136,7 +132,7 @@ INSERT INTO Banco_Cuenta (Bc_Cve_Banco_Cuenta, Bc_Descripcion, Bn_Cve_Banco, Mn_
 INSERT INTO Banco_Cuenta (Bc_Cve_Banco_Cuenta, Bc_Descripcion, Bn_Cve_Banco, Mn_Cve_Moneda, Em_Cve_Empresa, Bc_Saldo) VALUES ('CTA-3', 'Dólares', 'BAN-2', 'USD', '01', 70);
 )";
 
-    Sqlite_connection database_{":memory:"};
+    Test_database database_{company};
     std::optional<Module> module_;
     std::optional<Tesoreria> treasury_;
 };
