@@ -238,8 +238,8 @@ TEST(Qt_windows, every_field_has_a_name_and_a_label_tied_to_it_and_nothing_is_cu
         expect_accessible(top);
         expect_readable(top);
     };
-    screen.deposit({look, key(Qt::Key_Escape)});
-    screen.payment({look, key(Qt::Key_Escape)});
+    screen.deposit({look, type("NADA"), key(Qt::Key_Return), look, key(Qt::Key_Escape)});
+    screen.payment({look, type("NADA"), key(Qt::Key_Return), look, key(Qt::Key_Escape)});
 }
 
 TEST(Qt_windows, they_are_modal_and_carry_the_forms_caption) {

@@ -195,6 +195,7 @@ TEST_F(Real_window, the_account_is_chosen_from_the_list) {
     window("Cuentas de banco");
     type("puerto");
     keys("Down");
+    geometry_ = read_geometry();
     picture("deposit-list");
     keys("Return F4");
     EXPECT_EQ(answer(), "PTO-MXN|2024-03-15|0\n");

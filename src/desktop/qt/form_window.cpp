@@ -104,7 +104,7 @@ Form_dialog::Form_dialog(Form& form, QWidget* parent) : QDialog(parent), form_(f
     layout->addStretch(1);
     layout->addWidget(line());
     layout->addWidget(buttons());
-    setMinimumWidth(fontMetrics().averageCharWidth() * 88);
+    setMinimumWidth(fontMetrics().averageCharWidth() * 96);
 }
 
 // ---- Widgets ----------------------------------------------------------------------------------------------------------

@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "desktop/qt/style.h"
 
@@ -44,7 +45,6 @@ List_window::List_window(Choice_list& list, const Suite_colors& colors, QWidget*
     table_->setShowGrid(false);
     table_->setFocusPolicy(Qt::NoFocus);  // the keys go to the search field, which hands them on
     table_->verticalHeader()->hide();
-    table_->horizontalHeader()->setStretchLastSection(true);
     table_->horizontalHeader()->setHighlightSections(false);
     table_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     connect(table_, &QTableWidget::cellDoubleClicked, this, &QDialog::accept);
@@ -57,9 +57,11 @@ List_window::List_window(Choice_list& list, const Suite_colors& colors, QWidget*
     layout->addWidget(sought_);
     layout->addWidget(table_, 1);
     layout->addWidget(count_);
-    const int unit = fontMetrics().averageCharWidth();
-    resize(unit * 76, unit * 46);
     look_for({});
+    ensurePolished();
+    const int unit = fontMetrics().averageCharWidth();
+    resize(std::clamp(table_->horizontalHeader()->length() + unit * 10, unit * 60, unit * 140), unit * 46);
+    table_->horizontalHeader()->setStretchLastSection(true);
 }
 
 void List_window::look_for(const QString& text) {
@@ -77,8 +79,10 @@ void List_window::look_for(const QString& text) {
             table_->setItem(row, column, new QTableWidgetItem(to_qt(cells[static_cast<std::size_t>(column)])));
         }
     }
+    table_->horizontalHeader()->setStretchLastSection(false);
     table_->resizeColumnsToContents();
     table_->resizeRowsToContents();
+    table_->horizontalHeader()->setStretchLastSection(isVisible());  // not yet while the window takes its width from the columns
     if (!rows_.empty()) table_->selectRow(0);
     const QString found = rows_.empty()       ? QStringLiteral("Sin coincidencias")
                           : rows_.size() == 1 ? QStringLiteral("1 renglón")

@@ -29,9 +29,16 @@ QLineEdit, QDateEdit {
 QLineEdit:focus, QDateEdit:focus { border: 2px solid @accent; padding: 5px 7px; }
 QLineEdit:disabled, QDateEdit:disabled { background: @form; color: @disabled; border: 1px dashed @border; }
 QLineEdit[readOnly="true"] { background: @locked; border: 1px solid @locked; }
-QLabel[role="refusal"] { color: @refused; font-weight: 600; }
+QLabel[role="refusal"] { color: @refused; }
 QLineEdit[refused="true"] { background: @refused_field; border: 2px solid @refused; padding: 5px 7px; }
-QDateEdit::drop-down { border: none; width: 28px; }
+QDateEdit::drop-down { border: none; width: 30px; }
+QDateEdit::down-arrow {
+    image: none; width: 0; height: 0; margin-right: 10px;
+    border-left: 5px solid @field; border-right: 5px solid @field; border-top: 7px solid @quiet;
+}
+QDateEdit::down-arrow:disabled {
+    border-left-color: @form; border-right-color: @form; border-top-color: @border;
+}
 QCheckBox::indicator { width: 20px; height: 20px; }
 QCheckBox { spacing: 10px; padding: 4px; border: 2px solid transparent; border-radius: 4px; }
 QCheckBox:focus { border-color: @accent; }
