@@ -1,0 +1,259 @@
+// A session with a server, on the one that CUVEXA_TEST_DB names (tests/servers/with_postgresql starts one).
+#include "database/odbc_connection.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <string>
+
+#include "cuvexa/errors.h"
+#include "cuvexa/unit_of_work.h"
+#include "database/connection_string.h"
+
+namespace cuvexa::testing {
+namespace {
+
+using ::testing::AllOf;
+using ::testing::HasSubstr;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+class Odbc : public ::testing::Test {
+protected:
+    void SetUp() override {
+        const char* const text = std::getenv("CUVEXA_TEST_DB");
+        if (text == nullptr) GTEST_SKIP() << "CUVEXA_TEST_DB names no server";
+        connection_string = text;
+        session = std::make_unique<Odbc_connection>(connection_string);
+        session->prepare_database();
+        drop();
+        session->execute("CREATE TABLE Prueba (Llave int NOT NULL, Texto varchar(400) DEFAULT '', Numero float, "
+                         "Fecha datetime, PRIMARY KEY (Llave))");
+    }
+    void TearDown() override {
+        if (session) drop();
+    }
+
+    void drop() {
+        try {
+            session->execute("DROP TABLE Prueba");
+        } catch (const Database_error&) {
+            // It was not there.
+        }
+    }
+
+    Value value(const std::string& query) { return session->execute(query)->field("V"); }
+
+    std::string failure(const std::string& statement) {
+        try {
+            session->execute(statement);
+        } catch (const Database_error& error) {
+            return error.what();
+        }
+        return "";
+    }
+
+    std::string connection_string;
+    std::unique_ptr<Odbc_connection> session;
+};
+
+TEST_F(Odbc, rows_are_walked_forward_and_columns_named_without_regard_to_case) {
+    session->execute("INSERT INTO Prueba (Llave, Texto) VALUES (1, 'uno'), (2, 'dos')");
+    const auto rows = session->execute("SELECT Llave, Texto FROM Prueba ORDER BY Llave");
+    ASSERT_FALSE(rows->eof());
+    EXPECT_EQ(to_text(rows->field("LLAVE")), "1");
+    EXPECT_EQ(to_text(rows->field("texto")), "uno");
+    rows->move_next();
+    EXPECT_EQ(to_text(rows->field("Texto")), "dos");
+    EXPECT_THROW(rows->field("Otra"), Database_error);
+    rows->move_next();
+    EXPECT_TRUE(rows->eof());
+    EXPECT_THROW(rows->move_next(), Database_error);
+}
+
+TEST_F(Odbc, a_recordset_outlives_later_statements) {
+    session->execute("INSERT INTO Prueba (Llave) VALUES (1)");
+    const auto rows = session->execute("SELECT Llave AS V FROM Prueba");
+    session->execute("DELETE FROM Prueba");
+    ASSERT_FALSE(rows->eof());
+    EXPECT_EQ(to_number(rows->field("V")), 1);
+}
+
+TEST_F(Odbc, a_double_comes_back_to_the_last_bit) {
+    for (const double number : {0.1, 1.0 / 3, 123456789012345.67, -2.2250738585072014e-308, 1e300}) {
+        char digits[40];
+        std::snprintf(digits, sizeof digits, "%.17g", number);
+        session->execute("DELETE FROM Prueba");
+        session->execute("INSERT INTO Prueba (Llave, Numero) VALUES (1, " + std::string(digits) + ")");
+        EXPECT_EQ(std::get<double>(value("SELECT Numero AS V FROM Prueba")), number);
+    }
+}
+
+TEST_F(Odbc, a_date_comes_back_as_a_date) {
+    session->execute("INSERT INTO Prueba (Llave, Fecha) VALUES (1, '2024-03-15T10:20:30')");
+    EXPECT_EQ(std::get<Date>(value("SELECT Fecha AS V FROM Prueba")), make_date(2024, 3, 15, 10, 20, 30));
+    EXPECT_EQ(to_number(value("SELECT MONTH(Fecha) AS V FROM Prueba")), 3);
+    session->execute("UPDATE Prueba SET Fecha = '20240229'");
+    EXPECT_EQ(to_text(value("SELECT Fecha AS V FROM Prueba")), "2024-02-29");
+}
+
+TEST_F(Odbc, null_is_neither_empty_nor_zero) {
+    session->execute("INSERT INTO Prueba (Llave, Texto) VALUES (1, NULL)");
+    const auto rows = session->execute("SELECT Texto, Numero, Fecha FROM Prueba");
+    EXPECT_TRUE(is_null(rows->field("Texto")));
+    EXPECT_TRUE(is_null(rows->field("Numero")));
+    EXPECT_TRUE(is_null(rows->field("Fecha")));
+    session->execute("UPDATE Prueba SET Texto = ''");
+    EXPECT_EQ(std::get<std::string>(value("SELECT Texto AS V FROM Prueba")), "");
+}
+
+TEST_F(Odbc, a_text_goes_and_comes_whole_whatever_stands_in_it) {
+    // What drivers take for parameters and escapes, what needs two units of UTF-16, and both sides of a piece's end.
+    for (const std::string& text : {std::string("¿Qué? {fn X} {d '2024'} \\n \\' $1 :a %s"), std::string("Ñandú €"),
+                                   std::string("🏦 caja"), std::string(2046, 'x') + "ñ", std::string(2047, 'x') + "ñ",
+                                   std::string(2047, 'x') + "🏦", std::string(100'000, 'y') + "€"}) {
+        session->execute("DELETE FROM Prueba");
+        std::string quoted;
+        for (const char c : text) quoted += c == '\'' ? "''" : std::string(1, c);
+        session->execute("INSERT INTO Prueba (Llave, Texto) VALUES (1, '" + quoted + "')");
+        EXPECT_EQ(to_text(value("SELECT Texto AS V FROM Prueba")), text);
+    }
+}
+
+TEST_F(Odbc, texts_compare_without_regard_to_case_and_take_like) {
+    session->execute("INSERT INTO Prueba (Llave, Texto) VALUES (1, 'Recibo'), (2, 'RECIBO'), (3, 'otro')");
+    EXPECT_EQ(to_number(value("SELECT COUNT(*) AS V FROM Prueba WHERE Texto = 'rEcibo'")), 2);
+    EXPECT_EQ(to_number(value("SELECT COUNT(*) AS V FROM Prueba WHERE Texto IN ('RECIBO', 'OTRO')")), 3);
+    EXPECT_EQ(to_number(value("SELECT COUNT(*) AS V FROM Prueba WHERE Texto <> 'recibo'")), 1);
+    EXPECT_EQ(to_number(value("SELECT COUNT(*) AS V FROM Prueba WHERE Texto LIKE 'rec%'")), 2);
+    EXPECT_EQ(to_number(value("SELECT COUNT(DISTINCT Texto) AS V FROM Prueba")), 2);
+    EXPECT_EQ(to_number(value("SELECT COUNT(*) AS V FROM Prueba WHERE ISNULL(Texto, '') + '-X' = 'recibo-x'")), 2);
+    EXPECT_EQ(to_number(value(
+                  "SELECT COUNT(*) AS V FROM Prueba WHERE (CASE Llave WHEN 1 THEN 'Ab' ELSE 'Cd' END) = 'aB'")),
+              1);
+}
+
+TEST_F(Odbc, one_statement_gives_the_next_number) {
+    session->execute("INSERT INTO Prueba (Llave, Numero) VALUES (1, 7)");
+    const auto rows = session->execute("UPDATE Prueba SET Numero = Numero + 1 OUTPUT inserted.Numero WHERE Llave = 1");
+    ASSERT_FALSE(rows->eof());
+    EXPECT_EQ(to_number(rows->field("Numero")), 8);
+    EXPECT_TRUE(session->execute("UPDATE Prueba SET Numero = 0 OUTPUT inserted.Numero WHERE Llave = 2")->eof());
+}
+
+TEST_F(Odbc, a_second_statement_or_a_comment_never_reaches_the_server) {
+    session->execute("INSERT INTO Prueba (Llave) VALUES (1)");
+    EXPECT_THAT(failure("SELECT 1; DELETE FROM Prueba"), HasSubstr("segunda instrucción"));
+    EXPECT_THAT(failure("DELETE FROM Prueba -- todo"), HasSubstr("comentario"));
+    EXPECT_EQ(to_number(value("SELECT COUNT(*) AS V FROM Prueba")), 1);
+}
+
+TEST_F(Odbc, a_failure_tells_state_native_code_and_message_and_leaves_the_session_usable) {
+    EXPECT_THAT(failure("SELECT * FROM No_Existe"), AllOf(HasSubstr("o_existe"), HasSubstr("[42")));
+    session->execute("INSERT INTO Prueba (Llave) VALUES (1)");
+    EXPECT_THAT(failure("INSERT INTO Prueba (Llave) VALUES (1)"), HasSubstr("[23"));
+    EXPECT_EQ(to_number(value("SELECT COUNT(*) AS V FROM Prueba")), 1);
+}
+
+TEST_F(Odbc, a_scalar_sub_select_of_two_rows_fails) {
+    session->execute("INSERT INTO Prueba (Llave) VALUES (1), (2)");
+    EXPECT_NE(failure("SELECT (SELECT Llave FROM Prueba) AS V"), "");
+}
+
+TEST_F(Odbc, a_unit_of_work_is_kept_whole_or_not_at_all) {
+    EXPECT_FALSE(unit_of_work(*session, [&] {
+        session->execute("INSERT INTO Prueba (Llave) VALUES (1)");
+        return false;
+    }));
+    EXPECT_EQ(to_number(value("SELECT COUNT(*) AS V FROM Prueba")), 0);
+    EXPECT_TRUE(unit_of_work(*session, [&] {
+        session->execute("INSERT INTO Prueba (Llave) VALUES (1)");
+        return true;
+    }));
+    EXPECT_EQ(to_number(value("SELECT COUNT(*) AS V FROM Prueba")), 1);
+}
+
+TEST_F(Odbc, a_statement_waits_for_another_user_only_so_long) {
+    session->execute("INSERT INTO Prueba (Llave) VALUES (1)");
+    Odbc_connection other(connection_string, {.lock_timeout_ms = 100});
+    const Unit_of_work held(*session);
+    session->execute("UPDATE Prueba SET Texto = 'mío'");
+    try {
+        other.execute("UPDATE Prueba SET Texto = 'tuyo'");
+        FAIL() << "it did not wait";
+    } catch (const Database_error& error) {
+        EXPECT_THAT(error.what(), HasSubstr("lock"));
+    }
+}
+
+TEST_F(Odbc, a_statement_that_never_ends_is_cut_off) {
+    if (session->server_kind() != Server_kind::postgresql) GTEST_SKIP() << "in PostgreSQL's own words";
+    Odbc_connection brief(connection_string, {.statement_timeout_s = 1});
+    EXPECT_THROW(brief.execute("SELECT pg_sleep(60)"), Database_error);
+    EXPECT_FALSE(brief.execute("SELECT 1 AS V")->eof());
+}
+
+TEST_F(Odbc, a_lost_connection_is_told_and_another_session_works) {
+    if (session->server_kind() != Server_kind::postgresql) GTEST_SKIP() << "in PostgreSQL's own words";
+    Odbc_connection other(connection_string);
+    const std::string id = to_text(session->execute("SELECT pg_backend_pid() AS V")->field("V"));
+    other.execute("SELECT pg_terminate_backend(" + id + ")");
+    // The server says it before it hangs up, or has hung up already.
+    EXPECT_THAT(failure("SELECT 1 AS V"), StartsWith("Se perdió la conexión con el servidor de base de datos ("));
+    EXPECT_EQ(failure("SELECT 1 AS V"), "La conexión con el servidor de base de datos se perdió; abra otra sesión");
+    session = std::make_unique<Odbc_connection>(connection_string);
+    EXPECT_EQ(to_number(value("SELECT COUNT(*) AS V FROM Prueba")), 0);
+}
+
+TEST_F(Odbc, no_failure_shows_the_password) {
+    std::string wrong;
+    for (const auto& [key, text] : connection_attributes(connection_string))
+        wrong.append(key).append("=").append(is_password_key(key) ? "secreto-77" : text).append(";");
+    try {
+        const Odbc_connection refused(wrong);
+        FAIL() << "it was let in";
+    } catch (const Database_error& error) {
+        EXPECT_THAT(error.what(),
+                    AllOf(StartsWith("No es posible abrir la sesión"), HasSubstr("["), Not(HasSubstr("secreto-77"))));
+    }
+}
+
+TEST_F(Odbc, the_password_may_come_from_the_environment) {
+    std::string without, password;
+    for (const auto& [key, text] : connection_attributes(connection_string)) {
+        if (is_password_key(key))
+            password = plain_value(text);
+        else
+            without.append(key).append("=").append(text).append(";");
+    }
+    setenv("CUVEXA_PASSWORD", password.c_str(), 1);
+    EXPECT_FALSE(Odbc_connection(without).execute("SELECT 1 AS V")->eof());
+    setenv("CUVEXA_PASSWORD", "otra", 1);
+    EXPECT_THROW(Odbc_connection{without}, Database_error);
+    EXPECT_FALSE(Odbc_connection(connection_string).execute("SELECT 1 AS V")->eof());
+    unsetenv("CUVEXA_PASSWORD");
+}
+
+TEST(Odbc_without_a_server, a_driver_that_is_not_there_is_told_by_all_its_records) {
+    try {
+        const Odbc_connection refused("Driver=No Existe;Server=127.0.0.1;PWD=secreto-78");
+        FAIL() << "it was let in";
+    } catch (const Database_error& error) {
+        EXPECT_THAT(error.what(), AllOf(HasSubstr("[01000, 0]"), Not(HasSubstr("secreto-78"))));
+    }
+}
+
+TEST(Odbc_without_a_server, a_port_where_nobody_listens_is_told) {
+    try {
+        const Odbc_connection refused("Driver=PostgreSQL Unicode;Server=127.0.0.1;Port=1;UID=x;PWD=secreto-79");
+        FAIL() << "it was let in";
+    } catch (const Database_error& error) {
+        EXPECT_THAT(error.what(), AllOf(StartsWith("No es posible abrir la sesión"), Not(HasSubstr("secreto-79"))));
+    }
+}
+
+}  // namespace
+}  // namespace cuvexa::testing

@@ -1,0 +1,93 @@
+// What PostgreSQL is given for a statement in the SQL Server dialect, and connection strings. No server is needed.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "database/connection_string.h"
+#include "database/dialect.h"
+#include "database/utf16.h"
+
+namespace cuvexa::testing {
+namespace {
+
+std::string postgresql(std::string_view text) {
+    std::vector<Token> tokens;
+    tokenize(text, tokens);
+    return translate(text, tokens, postgresql_dialect()).with_literals();
+}
+
+TEST(Postgresql_dialect, functions_have_their_names) {
+    EXPECT_EQ(postgresql("SELECT ISNULL(a, 0) FROM T"), "SELECT COALESCE( a , 0 ) FROM T");
+    EXPECT_EQ(postgresql("SELECT MONTH(f) FROM T"),
+              "SELECT CAST(EXTRACT(MONTH FROM CAST( f  AS timestamp)) AS integer) FROM T");
+    EXPECT_EQ(postgresql("SELECT GETDATE()"), "SELECT LOCALTIMESTAMP(3)");
+}
+
+TEST(Postgresql_dialect, joined_texts_compare_without_regard_to_case) {
+    EXPECT_EQ(postgresql("SELECT a + '-' + T.b AS x FROM T"), "SELECT ( a || '-' || T . b ) ::citext AS x FROM T");
+    EXPECT_EQ(postgresql("SELECT a FROM T WHERE a LIKE '%' + b + '%' AND c = 1"),
+              "SELECT a FROM T WHERE a LIKE ( '%' || b || '%' ) ::citext AND c = 1");
+    EXPECT_EQ(postgresql("SELECT a + b FROM T"), "SELECT a + b FROM T");
+}
+
+TEST(Postgresql_dialect, a_case_of_texts_is_cast_and_one_of_numbers_is_not) {
+    EXPECT_EQ(postgresql("SELECT CASE a WHEN 1 THEN 'x' ELSE b END FROM T"),
+              "SELECT CASE a WHEN 1 THEN 'x' ELSE b END ::citext FROM T");
+    EXPECT_EQ(postgresql("SELECT CASE a WHEN 1 THEN 2 ELSE b END FROM T"), "SELECT CASE a WHEN 1 THEN 2 ELSE b END FROM T");
+}
+
+TEST(Postgresql_dialect, a_literal_takes_the_type_of_what_it_stands_beside) {
+    EXPECT_EQ(postgresql("SELECT a FROM T WHERE 'x' = a AND f >= '2024-03-15'"),
+              "SELECT a FROM T WHERE 'x' = a AND f >= '2024-03-15'");
+}
+
+TEST(Postgresql_dialect, a_joined_update_names_its_target_once) {
+    EXPECT_EQ(postgresql("UPDATE T SET T.a = X.b FROM T INNER JOIN X ON X.k = T.k WHERE T.c = 'z'"),
+              "UPDATE T SET a = X . b FROM X WHERE ( X . k = T . k ) AND ( T . c = 'z' )");
+}
+
+TEST(Postgresql_dialect, output_is_returning_and_top_is_limit) {
+    EXPECT_EQ(postgresql("UPDATE T SET a = a + 1 OUTPUT inserted.a WHERE k = 1"),
+              "UPDATE T SET a = a + 1 WHERE k = 1 RETURNING a");
+    EXPECT_EQ(postgresql("SELECT TOP 3 a FROM T ORDER BY a"), "SELECT a FROM T ORDER BY a LIMIT 3");
+}
+
+TEST(Postgresql_dialect, columns_have_its_types) {
+    EXPECT_EQ(postgresql("CREATE TABLE dbo.T (a varchar(60) NOT NULL, b datetime DEFAULT NULL, c float DEFAULT 0, d bit, "
+                         "PRIMARY KEY CLUSTERED (a))"),
+              "CREATE TABLE T ( a citext NOT NULL , b timestamp(3) DEFAULT NULL , c double precision DEFAULT 0 , "
+              "d smallint , PRIMARY KEY ( a ) )");
+}
+
+TEST(Connection_string, a_server_is_told_from_a_file) {
+    EXPECT_TRUE(is_connection_string("Driver=FreeTDS;Server=x"));
+    EXPECT_TRUE(is_connection_string("DSN=caja"));
+    EXPECT_TRUE(is_connection_string("dsn=caja;UID=x"));
+    EXPECT_FALSE(is_connection_string("empresa.db"));
+    EXPECT_FALSE(is_connection_string("C:/datos/a=b.db"));
+    EXPECT_FALSE(is_connection_string(""));
+}
+
+TEST(Connection_string, the_password_is_not_shown_whatever_stands_in_it) {
+    EXPECT_EQ(without_password("DSN=caja;UID=ana;PWD=a;Port=1"), "DSN=caja;UID=ana;PWD=***;Port=1");
+    EXPECT_EQ(without_password("DSN=caja;password={a;b}}c=};UID=ana"), "DSN=caja;password=***;UID=ana");
+    EXPECT_EQ(without_password("PWD={never closed;UID=ana"), "PWD=***");
+}
+
+TEST(Connection_string, a_guarded_value_reads_back) {
+    for (const char* const value : {"plain", "with;mark", "}", "{x}", "a}}b", "a b"})
+        EXPECT_EQ(plain_value(guarded_value(value)), value);
+    EXPECT_EQ(guarded_value("a;b}"), "{a;b}}}");
+}
+
+TEST(Utf16, every_length_comes_back) {
+    for (const char* const text : {"a", "ñ", "€", "🏦", "a🏦ñ€z", ""}) EXPECT_EQ(utf8_from(utf16_from(text)), text);
+    EXPECT_EQ(utf16_from("🏦"), u"\U0001F3E6");
+    EXPECT_EQ(utf8_from(std::u16string(1, char16_t(0xD83C))), "\xEF\xBF\xBD");
+}
+
+}  // namespace
+}  // namespace cuvexa::testing
