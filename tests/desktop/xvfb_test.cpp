@@ -117,10 +117,15 @@ protected:
         return read_file(out());
     }
 
+    /// Waits until the window of that title is there and has the keyboard.
     void window(const std::string& title) {
         ASSERT_EQ(tool("timeout 30 xdotool search --sync --onlyvisible --name '^" + title + "$' > " + (folder_ / "window").string()), 0)
             << "no window " << title;
-        settle();
+        const std::string has_keyboard = "xdotool getwindowfocus getwindowname 2> /dev/null | grep -qx '" + title + "'";
+        for (int tries = 0; tool(has_keyboard) != 0; ++tries) {
+            ASSERT_LT(tries, 300) << title << " has not got the keyboard";
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        }
         if (geometry_.empty()) geometry_ = read_geometry();
     }
     void keys(const std::string& names) { EXPECT_EQ(tool("xdotool key --delay 40 " + names), 0); }
@@ -178,7 +183,9 @@ TEST_F(Real_window, the_deposit_is_refused_then_answered) {
     keys("F4");
     window("Cuvexa");
     picture("deposit-refusing");
-    keys("Return ctrl+a");
+    keys("Return");
+    window("Depósito a banco");
+    keys("ctrl+a");
     type("srr-mxn");
     keys("Return Return");
     type("18");
@@ -197,7 +204,9 @@ TEST_F(Real_window, the_account_is_chosen_from_the_list) {
     keys("Down");
     geometry_ = read_geometry();
     picture("deposit-list");
-    keys("Return F4");
+    keys("Return");
+    window("Depósito a banco");
+    keys("F4");
     EXPECT_EQ(answer(), "PTO-MXN|2024-03-15|0\n");
 }
 
@@ -210,11 +219,13 @@ TEST_F(Real_window, the_data_of_a_transfer_is_refused_then_answered) {
     keys("Return F4");
     window("Cuvexa");
     keys("Return");
+    window("Datos de la forma de pago");
     type("0901000123");
     keys("F4");
     window("Cuvexa");
     picture("payment-method-refusing");
     keys("Return");
+    window("Datos de la forma de pago");
     type("TR-20240315");
     keys("Return");
     picture("payment-method-filled");
