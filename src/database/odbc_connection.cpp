@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "cuvexa/errors.h"
+#include "database/batch.h"
 #include "database/connection_string.h"
 #include "database/dialect.h"
 #include "database/lexer.h"
@@ -237,7 +238,10 @@ public:
     std::unique_ptr<Recordset> execute(std::string_view text) {
         tokenize(text, tokens_);
         if (tokens_.empty()) throw Database_error("La instrucción está vacía");
-        if (kind_ == Server_kind::sql_server) return run(text);
+        if (kind_ == Server_kind::sql_server) {
+            refuse_batch(text, tokens_);
+            return run(text);
+        }
         return run(cuvexa::translate(text, tokens_, postgresql_dialect()).with_literals());
     }
 
