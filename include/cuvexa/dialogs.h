@@ -293,6 +293,8 @@ public:
     void press(Bar_button& button);
     /// The user closed the window: as Cancelar.
     void close();
+    /// The window is gone, whether the form hid it or not.
+    void window_gone() { window_ = nullptr; }
 
     // ---- For controls -----------------------------------------------------------------------------------------------------
 

@@ -284,6 +284,13 @@ TEST(Qt_windows, what_a_handler_throws_ends_the_window_and_reaches_the_caller) {
     Offscreen screen;
     Failing_form form(screen.company.module());
     screen.run({key(Qt::Key_F4)}, [&] { EXPECT_THROW(screen.toolkit->show_modal(form), std::runtime_error); });
+    EXPECT_FALSE(form.visible());
+    EXPECT_FALSE(form.accepted());
+}
+
+TEST(Qt_windows, the_end_of_the_modal_loop_from_outside_cancels) {
+    Offscreen screen;
+    EXPECT_EQ(screen.deposit({type("SRR-MXN"), [](QWidget& top) { static_cast<QDialog&>(top).done(QDialog::Accepted); }}), "");
 }
 
 // ---- The display --------------------------------------------------------------------------------------------------------------

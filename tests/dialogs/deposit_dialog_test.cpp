@@ -159,6 +159,13 @@ TEST(Deposit_dialog, the_caller_says_how_the_box_starts) {
     EXPECT_EQ(answer, "SRR-MXN|2024-03-15|1");
 }
 
+TEST(Deposit_dialog, any_number_but_0_checks_the_box) {
+    Scripted dialog;
+    dialog.firm = -1;
+    EXPECT_EQ(dialog.deposit([](frmDeposito&, Scripted_window& user) { user.type("SRR-MXN").press(key_f4); }),
+              "SRR-MXN|2024-03-15|1");
+}
+
 TEST(Deposit_dialog, unchecked_it_returns_the_deposit_date_whatever_was_picked_before) {
     Scripted dialog;
     const auto answer = dialog.deposit([](frmDeposito& form, Scripted_window& user) {

@@ -319,6 +319,7 @@ void Form_dialog::reject() {
 void Form_dialog::run() {
     act([&] { form_.shown_in(*this); });
     if (!failure_ && form_.visible()) exec();
+    form_.window_gone();  // a failure, or the end of the application, closes it without asking the form
     if (failure_) std::rethrow_exception(failure_);
 }
 
