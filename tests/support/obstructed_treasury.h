@@ -132,7 +132,7 @@ INSERT INTO Banco_Cuenta (Bc_Cve_Banco_Cuenta, Bc_Descripcion, Bn_Cve_Banco, Mn_
 INSERT INTO Banco_Cuenta (Bc_Cve_Banco_Cuenta, Bc_Descripcion, Bn_Cve_Banco, Mn_Cve_Moneda, Em_Cve_Empresa, Bc_Saldo) VALUES ('CTA-3', 'Dólares', 'BAN-2', 'USD', '01', 70);
 )";
 
-    Test_database database_{company};
+    Test_database database_{company, 'T'};
     std::optional<Module> module_;
     std::optional<Tesoreria> treasury_;
 };

@@ -25,10 +25,10 @@
 
 namespace cuvexa::testing {
 
-/// A date as the embedded database keeps it.
-inline std::string stored_date(Date date) {
+/// A date as the embedded database would keep it, with what stands between day and time.
+inline std::string stored_date(Date date, char separator) {
     std::string text = iso_date(date);
-    if (const auto t = text.find('T'); t != std::string::npos) text[t] = ' ';
+    if (const auto t = text.find('T'); t != std::string::npos) text[t] = separator;
     return text;
 }
 
@@ -56,7 +56,8 @@ public:
         }
     }
 
-    void read(Connection& connection) {
+    void read(Connection& connection, char date_separator) {
+        date_separator_ = date_separator;
         run("BEGIN");
         for (const Table& table : tables_) copy(connection, table);
         run("COMMIT");
@@ -95,7 +96,7 @@ private:
         sqlite3_finalize(statement);
     }
 
-    static void bind(sqlite3_stmt* statement, int parameter, const Value& value) {
+    void bind(sqlite3_stmt* statement, int parameter, const Value& value) const {
         if (is_null(value)) {
             sqlite3_bind_null(statement, parameter);
         } else if (const auto* whole = std::get_if<std::int64_t>(&value)) {
@@ -104,7 +105,7 @@ private:
             sqlite3_bind_double(statement, parameter, *real);
         } else {
             const auto* date = std::get_if<Date>(&value);
-            const std::string text = date != nullptr ? stored_date(*date) : to_text(value);
+            const std::string text = date != nullptr ? stored_date(*date, date_separator_) : to_text(value);
             sqlite3_bind_text(statement, parameter, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
         }
     }
@@ -116,13 +117,15 @@ private:
 
     Sqlite_connection rows_;
     std::vector<Table> tables_;
+    char date_separator_ = ' ';
 };
 
 /// A database with the schema and the rows of a script.
 class Test_database {
 public:
     /// The script must be one and the same text for as long as the program runs.
-    explicit Test_database(std::string_view script) {
+    /// `date_separator` is what the suite in use writes between day and time.
+    explicit Test_database(std::string_view script, char date_separator = ' ') : date_separator_(date_separator) {
         if (server_string() == nullptr) {
             embedded_.emplace(":memory:", Sqlite_options{.synchronous = Synchronous::off});
             copy(template_of(script), embedded_->handle());
@@ -142,7 +145,7 @@ public:
     /// The rows as they are now, to be read with the embedded engine's own words.
     sqlite3* look() const {
         if (embedded_) return embedded_->handle();
-        mirror().read(server());
+        mirror().read(server(), date_separator_);
         return mirror().handle();
     }
 
@@ -205,6 +208,7 @@ private:
 #endif
 
     std::optional<Sqlite_connection> embedded_;
+    char date_separator_;
 };
 
 }  // namespace cuvexa::testing
