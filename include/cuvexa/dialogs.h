@@ -1,7 +1,8 @@
-// The two dialogs without their windows: forms made of the suite's controls, and what a toolkit must offer to show them.
+// The two dialogs without their windows: forms made of the suite's controls, and what a toolkit must offer to show
+// them.
 //
-// A form holds all behaviour. A toolkit draws the form's rows, tells it what the user did (keys, typing, focus, clicks) and does
-// what the form asks of its window. So every toolkit, and every test, meets the same rules. Texts are UTF-8.
+// A form holds all behaviour. A toolkit draws the form's rows, tells it what the user did (keys, typing, focus, clicks)
+// and does what the form asks of its window. So every toolkit, and every test, meets the same rules. Texts are UTF-8.
 #pragma once
 
 #include <cstdint>
@@ -76,9 +77,9 @@ private:
 /// A catalogue as F2 searches it.
 struct Catalogue {
     std::string title;
-    std::string sql;                     ///< up to its last condition; every "LIKE ?" takes the text that is looked for
-    std::string order;                   ///< the ORDER BY of the list, or empty
-    std::vector<std::string> columns;    ///< names of the columns to show; the first is the key
+    std::string sql;                   ///< up to its last condition; every "LIKE ?" takes the text that is looked for
+    std::string order;                 ///< the ORDER BY of the list, or empty
+    std::vector<std::string> columns;  ///< names of the columns to show; the first is the key
 };
 
 /// A list of rows to choose from, narrowed by typing.
@@ -88,13 +89,13 @@ public:
     virtual std::string title() const = 0;
     virtual std::vector<std::string> columns() const = 0;
 
-    /// The rows that hold `text` in one of the searched columns; all for an empty text. A failure of the database is reported
-    /// and gives no rows.
+    /// The rows that hold `text` in one of the searched columns; all for an empty text. A failure of the database is
+    /// reported and gives no rows.
     virtual std::vector<std::vector<std::string>> rows(const std::string& text) = 0;
 };
 
-/// A text field that knows a catalogue: it validates the key on leaving, shows the description in another field, and opens a list
-/// with F2.
+/// A text field that knows a catalogue: it validates the key on leaving, shows the description in another field, and
+/// opens a list with F2.
 class LookupTextBox : public Control {
 public:
     using Control::Control;
@@ -173,7 +174,8 @@ private:
 
 class Check_box : public Control {
 public:
-    Check_box(Form& form, std::string name, std::string text) : Control(form, std::move(name)), caption(std::move(text)) {}
+    Check_box(Form& form, std::string name, std::string text)
+        : Control(form, std::move(name)), caption(std::move(text)) {}
 
     /// 0 unchecked, 1 checked. A let that changes it raises `Click`, as a click of the user does.
     int Value() const { return value_; }
@@ -252,8 +254,8 @@ public:
     virtual std::optional<std::string> choose(Choice_list& list) = 0;
 };
 
-/// A modal form: its controls, where the focus is, and what keys do. Enter goes to the next control (on a button it presses it),
-/// F4 accepts, Esc cancels; inside a date picker F4 and Esc do nothing.
+/// A modal form: its controls, where the focus is, and what keys do. Enter goes to the next control (on a button it
+/// presses it), F4 accepts, Esc cancels; inside a date picker F4 and Esc do nothing.
 class Form {
 public:
     Form(Module& module, std::string name, std::string caption);
@@ -278,7 +280,7 @@ public:
     bool accepted() const { return accepted_; }
     bool visible() const { return window_ != nullptr; }
 
-    // ---- What the window tells the form -----------------------------------------------------------------------------------
+    // ---- What the window tells the form ----------------------------------------------------------------------------
 
     /// The window stands; the focus goes to the first control that takes it.
     void shown_in(Form_window& window);
@@ -296,7 +298,7 @@ public:
     /// The window is gone, whether the form hid it or not.
     void window_gone() { window_ = nullptr; }
 
-    // ---- For controls -----------------------------------------------------------------------------------------------------
+    // ---- For controls ----------------------------------------------------------------------------------------------
 
     Form_window* window() const { return window_; }
     void adopt(Control& control) { controls_.push_back(&control); }

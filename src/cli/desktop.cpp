@@ -18,7 +18,8 @@ std::shared_ptr<Dialog_toolkit> desktop() {
 void report_in_windows(Suite_options& options, const std::shared_ptr<Dialog_toolkit>& desktop) {
     if (!desktop || !desktop->obstacle().empty()) return;
     options.report_error = [desktop](const Reported_error& report) {
-        desktop->show_error({report.description, report.style, report.routine, report.title, report.project, report.code});
+        desktop->show_error(
+            {report.description, report.style, report.routine, report.title, report.project, report.code});
     };
 }
 

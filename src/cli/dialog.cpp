@@ -18,7 +18,9 @@ struct Dialog_options {
     std::string server_date;
 
     void add_to(CLI::App& command) {
-        command.add_option("--user", user, "User that the audit columns carry")->type_name("NAME")->capture_default_str();
+        command.add_option("--user", user, "User that the audit columns carry")
+            ->type_name("NAME")
+            ->capture_default_str();
         command.add_option("--server-date", server_date, "Fix the server's date: 2024-03-15 or 2024-03-15T10:20:30")
             ->type_name("ISO")
             ->check([](const std::string& text) { return parse_date(text) ? "" : "not a date: " + text; });
@@ -95,9 +97,9 @@ void ask_deposit(const Deposit_options& options) {
 
 void ask_payment(const Payment_options& options) {
     Session session(options);
-    const std::string answer = session.treasury().PedirDatosFormaPago(options.method, options.table, options.document,
-                                                                      options.bank, options.reference, options.account,
-                                                                      options.bank_name, options.suggest);
+    const std::string answer =
+        session.treasury().PedirDatosFormaPago(options.method, options.table, options.document, options.bank,
+                                               options.reference, options.account, options.bank_name, options.suggest);
     session.refuse_on_error();
     std::cout << answer << '\n';
 }
@@ -108,10 +110,12 @@ void add_deposit(CLI::App& dialog) {
     command->add_option("--date", options->date, "Date of the deposit; the server's day if not given")
         ->type_name("ISO")
         ->check([](const std::string& text) { return parse_date(text) ? "" : "not a date: " + text; });
-    command->add_option("--currency", options->currency, "Currency of the receipts; the local one if not given")->type_name("KEY");
+    command->add_option("--currency", options->currency, "Currency of the receipts; the local one if not given")
+        ->type_name("KEY");
     command->add_option("--company", options->company, "Only accounts of this company or of all")->type_name("KEY");
     command->add_flag("--firm", options->firm, "Propose that the money is firm");
-    command->add_option("--receipts", options->receipts, "Then deposit these receipts, and print the folio of the deposit")
+    command
+        ->add_option("--receipts", options->receipts, "Then deposit these receipts, and print the folio of the deposit")
         ->type_name("FOLIO,…");
     options->add_to(*command);
     command->callback([options] { ask_deposit(*options); });
@@ -119,10 +123,11 @@ void add_deposit(CLI::App& dialog) {
 
 void add_payment_method(CLI::App& dialog) {
     auto options = std::make_shared<Payment_options>();
-    CLI::App* command =
-        dialog.add_subcommand("payment-method", "Ask for the data of a payment method: BANK NAME|REFERENCE|ACCOUNT|BANK");
+    CLI::App* command = dialog.add_subcommand("payment-method",
+                                              "Ask for the data of a payment method: BANK NAME|REFERENCE|ACCOUNT|BANK");
     command->add_option("method", options->method, "Payment method")->required()->type_name("KEY");
-    command->add_option("--table", options->table, "Document-table code of the owner of the accounts")->type_name("CODE");
+    command->add_option("--table", options->table, "Document-table code of the owner of the accounts")
+        ->type_name("CODE");
     command->add_option("--document", options->document, "Key of that owner")->type_name("KEY");
     command->add_option("--bank", options->bank, "Bank known so far")->type_name("KEY");
     command->add_option("--reference", options->reference, "Reference known so far")->type_name("TEXT");
@@ -136,7 +141,8 @@ void add_payment_method(CLI::App& dialog) {
 }  // namespace
 
 void add_dialog(CLI::App& program) {
-    CLI::App* command = program.add_subcommand("dialog", "Show a dialog and print what it gives; an empty line when cancelled");
+    CLI::App* command =
+        program.add_subcommand("dialog", "Show a dialog and print what it gives; an empty line when cancelled");
     command->require_subcommand(1);
     add_deposit(*command);
     add_payment_method(*command);

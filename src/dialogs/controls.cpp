@@ -9,7 +9,9 @@
 
 namespace cuvexa {
 
-Control::Control(Form& form, std::string name) : form_(form), name_(std::move(name)) { form.adopt(*this); }
+Control::Control(Form& form, std::string name) : form_(form), name_(std::move(name)) {
+    form.adopt(*this);
+}
 
 void Control::Enabled(bool value) {
     enabled_ = value;
@@ -45,7 +47,7 @@ ButtonBar::ButtonBar(Form& form, std::string name, std::string b1caption, std::s
     b2.shortcut = "Esc";
 }
 
-// ---- LookupTextBox ----------------------------------------------------------------------------------------------------
+// ---- LookupTextBox -------------------------------------------------------------------------------------------------
 
 void LookupTextBox::Locked(bool value) {
     locked_ = value;

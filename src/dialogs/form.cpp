@@ -23,7 +23,7 @@ Control* Form::find(const std::string& name) const {
     return found == controls_.end() ? nullptr : *found;
 }
 
-// ---- Focus ------------------------------------------------------------------------------------------------------------
+// ---- Focus ---------------------------------------------------------------------------------------------------------
 
 void Form::shown_in(Form_window& window) {
     window_ = &window;
@@ -60,7 +60,8 @@ void Form::go_to(Control& control) {
 
 Control* Form::next(bool backwards) const {
     const auto count = tab_order_.size();
-    const auto at = static_cast<std::size_t>(std::find(tab_order_.begin(), tab_order_.end(), active_) - tab_order_.begin());
+    const auto at =
+        static_cast<std::size_t>(std::find(tab_order_.begin(), tab_order_.end(), active_) - tab_order_.begin());
     for (std::size_t step = 1; step <= count; ++step) {
         Control* candidate = tab_order_[(at + (backwards ? count - step : step)) % count];
         if (candidate->TabStop && candidate->takes_focus()) return candidate;
@@ -74,7 +75,7 @@ void Form::step(bool backwards) {
     if (auto* control = next(backwards); control && control != active_) set_focus(*control);
 }
 
-// ---- Keys and clicks --------------------------------------------------------------------------------------------------
+// ---- Keys and clicks -----------------------------------------------------------------------------------------------
 
 bool Form::key_down(int code, bool shift) {
     if (!window_) return false;
@@ -108,7 +109,9 @@ bool Form::key_down(int code, bool shift) {
     }
 }
 
-void Form::type(LookupTextBox& field, const std::string& text) { field.type(text); }
+void Form::type(LookupTextBox& field, const std::string& text) {
+    field.type(text);
+}
 
 void Form::click(Check_box& box) {
     if (box.Enabled()) box.Value(box.Value() == 0 ? 1 : 0);
@@ -128,9 +131,11 @@ void Form::press(Bar_button& button) {
     if (buttons_.B1Click) buttons_.B1Click();
 }
 
-void Form::close() { press(buttons_.b2); }
+void Form::close() {
+    press(buttons_.b2);
+}
 
-// ---- For the forms themselves -----------------------------------------------------------------------------------------
+// ---- For the forms themselves --------------------------------------------------------------------------------------
 
 void Form::report(const std::string& message, const std::string& routine, const std::string& code) {
     module_.session().ReportError(message, critical_icon, routine, "", "Cuvexa", code);

@@ -88,7 +88,8 @@ void frmDeposito::Controles_B1Click() {
 }
 
 std::string frmDeposito::answer() {
-    return filled("{}|{}|{}", txt_Bc_Cve_Banco_Cuenta.Text(), module().data().SqlDate(dpFecha.Value()), chkFirme.Value());
+    return filled("{}|{}|{}", txt_Bc_Cve_Banco_Cuenta.Text(), module().data().SqlDate(dpFecha.Value()),
+                  chkFirme.Value());
 }
 
 }  // namespace cuvexa

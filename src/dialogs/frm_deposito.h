@@ -11,9 +11,9 @@ class frmDeposito : public Form {
 public:
     explicit frmDeposito(Module& module);
 
-    // ---- What the caller sets before showing ------------------------------------------------------------------------------
+    // ---- What the caller sets before showing -----------------------------------------------------------------------
 
-    Date FechaDeposito;        ///< the earliest firm date
+    Date FechaDeposito;          ///< the earliest firm date
     std::string Mn_Cve_Moneda;   ///< only accounts of this currency
     std::string Em_Cve_Empresa;  ///< and of this company or of all; empty: of any
 

@@ -62,10 +62,10 @@ frmFormaPago::frmFormaPago(Module& module)
     buttons_.B1Click = [this] { Controles_B1Click(); };
     buttons_.B2Click = [this] { hide(); };
 
-    rows_ = {{&lbTabla, &txtDocumento, nullptr},      {&Etiqueta3, &txtFormaPago, &txtnFormaPago},
-             {nullptr, &Etiqueta5, nullptr},          {&Etiqueta4, &txtBanco, &txtNBanco},
-             {&Etiqueta1, &txtSucursal, nullptr},     {&Label7, &txtCuenta, nullptr},
-             {&Etiqueta2, &txtReferencia, nullptr},   {nullptr, &lbInfo, nullptr}};
+    rows_ = {{&lbTabla, &txtDocumento, nullptr},    {&Etiqueta3, &txtFormaPago, &txtnFormaPago},
+             {nullptr, &Etiqueta5, nullptr},        {&Etiqueta4, &txtBanco, &txtNBanco},
+             {&Etiqueta1, &txtSucursal, nullptr},   {&Label7, &txtCuenta, nullptr},
+             {&Etiqueta2, &txtReferencia, nullptr}, {nullptr, &lbInfo, nullptr}};
     tab_order_ = {&txtBanco, &txtNBanco, &txtSucursal, &txtCuenta, &txtReferencia, &buttons_.b1, &buttons_.b2};
     Form_Load();
 }
@@ -124,7 +124,7 @@ void frmFormaPago::fill_in(const std::string& Banco, const std::string& Referenc
     txtCuenta.Text(Cuenta);
 }
 
-// ---- Bank and account -------------------------------------------------------------------------------------------------
+// ---- Bank and account ----------------------------------------------------------------------------------------------
 
 void frmFormaPago::txtBanco_GotFocus() {
     if (!has_document()) return;
@@ -137,22 +137,22 @@ void frmFormaPago::txtBanco_GotFocus() {
                            "   Dcb_Banco <> '' ",
                            Dcb_Tabla, Dcb_Documento);
         if (known.number("Cuentas") <= 0) return;
-        txtBanco.search = Catalogue{
-            document_banks_title,
-            filled("SELECT "
-                   "   DISTINCT Documento_Cuenta_Bancaria.Dcb_Banco AS BANCO, "
-                   "   Banco.Bn_Descripcion as DESCRIPCION, '' "
-                   "FROM Documento_Cuenta_Bancaria "
-                   "   INNER JOIN Banco ON Banco.Bn_Cve_Banco = Documento_Cuenta_Bancaria.Dcb_Banco "
-                   "WHERE "
-                   "   (Banco.Bn_Cve_Banco LIKE ? OR "
-                   "   Banco.Bn_Codigo LIKE ? OR "
-                   "   Banco.Bn_Descripcion LIKE ?) AND "
-                   "   (Documento_Cuenta_Bancaria.Dcb_Tabla = '{}' AND "
-                   "   Documento_Cuenta_Bancaria.Dcb_Documento = '{}' )",
-                   Dcb_Tabla, Dcb_Documento),
-            "",
-            {"BANCO", "DESCRIPCION"}};
+        txtBanco.search =
+            Catalogue{document_banks_title,
+                      filled("SELECT "
+                             "   DISTINCT Documento_Cuenta_Bancaria.Dcb_Banco AS BANCO, "
+                             "   Banco.Bn_Descripcion as DESCRIPCION, '' "
+                             "FROM Documento_Cuenta_Bancaria "
+                             "   INNER JOIN Banco ON Banco.Bn_Cve_Banco = Documento_Cuenta_Bancaria.Dcb_Banco "
+                             "WHERE "
+                             "   (Banco.Bn_Cve_Banco LIKE ? OR "
+                             "   Banco.Bn_Codigo LIKE ? OR "
+                             "   Banco.Bn_Descripcion LIKE ?) AND "
+                             "   (Documento_Cuenta_Bancaria.Dcb_Tabla = '{}' AND "
+                             "   Documento_Cuenta_Bancaria.Dcb_Documento = '{}' )",
+                             Dcb_Tabla, Dcb_Documento),
+                      "",
+                      {"BANCO", "DESCRIPCION"}};
     });
 }
 
@@ -168,23 +168,24 @@ void frmFormaPago::txtBanco_Enter() {
 }
 
 void frmFormaPago::search_accounts_of_bank() {
-    txtCuenta.search = Catalogue{"Cuentas del documento",
-                                 filled("SELECT "
-                                        "   Dcb_Cuenta AS CUENTA, "
-                                        "   Dcb_ID AS ID, "
-                                        "   Dcb_CLABE AS CLABE, "
-                                        "   Banco.Bn_Codigo + ' - ' + Banco.Bn_Descripcion AS BANCO "
-                                        "FROM Documento_Cuenta_Bancaria "
-                                        "   INNER JOIN Banco ON Documento_Cuenta_Bancaria.Dcb_Banco = Banco.Bn_Cve_Banco "
-                                        "WHERE (Dcb_Tabla = '{}' AND "
-                                        "   Dcb_Documento = '{}' AND "
-                                        "   Dcb_Banco = '{}' AND "
-                                        "   Documento_Cuenta_Bancaria.Es_Cve_Estado <> 'BA' ) AND "
-                                        "   (Dcb_Cuenta LIKE ?) "
-                                        "ORDER BY Dcb_ID ASC ",
-                                        Dcb_Tabla, Dcb_Documento, txtBanco.Text()),
-                                 "",
-                                 {"CUENTA", "ID", "CLABE", "BANCO"}};
+    txtCuenta.search =
+        Catalogue{"Cuentas del documento",
+                  filled("SELECT "
+                         "   Dcb_Cuenta AS CUENTA, "
+                         "   Dcb_ID AS ID, "
+                         "   Dcb_CLABE AS CLABE, "
+                         "   Banco.Bn_Codigo + ' - ' + Banco.Bn_Descripcion AS BANCO "
+                         "FROM Documento_Cuenta_Bancaria "
+                         "   INNER JOIN Banco ON Documento_Cuenta_Bancaria.Dcb_Banco = Banco.Bn_Cve_Banco "
+                         "WHERE (Dcb_Tabla = '{}' AND "
+                         "   Dcb_Documento = '{}' AND "
+                         "   Dcb_Banco = '{}' AND "
+                         "   Documento_Cuenta_Bancaria.Es_Cve_Estado <> 'BA' ) AND "
+                         "   (Dcb_Cuenta LIKE ?) "
+                         "ORDER BY Dcb_ID ASC ",
+                         Dcb_Tabla, Dcb_Documento, txtBanco.Text()),
+                  "",
+                  {"CUENTA", "ID", "CLABE", "BANCO"}};
 }
 
 void frmFormaPago::suggest_account() {
@@ -200,7 +201,7 @@ void frmFormaPago::suggest_account() {
     if (!account.eof()) txtCuenta.Text(account.text("Dcb_Cuenta"));
 }
 
-// ---- Aceptar ----------------------------------------------------------------------------------------------------------
+// ---- Aceptar -------------------------------------------------------------------------------------------------------
 
 void frmFormaPago::Controles_B1Click() {
     reporting(module(), "Controles_B1Click()", "ERR-ID:7500005", [this] {
@@ -219,7 +220,8 @@ struct frmFormaPago::Rule {
 
 bool frmFormaPago::passes_rules() {
     const Rule rules[] = {
-        {requires_bank_ && txtBanco.Text().empty(), txtBanco, "ERR-ID:7500001", "Esta forma de pago! requiere un banco"},
+        {requires_bank_ && txtBanco.Text().empty(), txtBanco, "ERR-ID:7500001",
+         "Esta forma de pago! requiere un banco"},
         {requires_bank_ && txtNBanco.Text().empty(), txtBanco, "ERR-ID:7500002",
          "Esta forma de pago requiere un banco válido!"},
         {requires_account_ && trimmed(txtCuenta.Text()).empty(), txtCuenta, "ERR-ID:7500003",

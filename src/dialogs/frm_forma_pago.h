@@ -11,18 +11,19 @@ class frmFormaPago : public Form {
 public:
     explicit frmFormaPago(Module& module);
 
-    // ---- What the caller sets before showing ------------------------------------------------------------------------------
+    // ---- What the caller sets before showing -----------------------------------------------------------------------
 
-    std::string Dcb_Tabla;       ///< document-table code of the owner of the accounts; may be empty
-    std::string Dcb_Documento;   ///< key of that owner; may be empty
-    bool bSugerirCuenta = false; ///< suggest the first account known for the chosen bank
+    std::string Dcb_Tabla;        ///< document-table code of the owner of the accounts; may be empty
+    std::string Dcb_Documento;    ///< key of that owner; may be empty
+    bool bSugerirCuenta = false;  ///< suggest the first account known for the chosen bank
 
-    /// Reads the method and makes the form ask for what it requires. False when the form must not open; the reason has been
-    /// shown.
+    /// Reads the method and makes the form ask for what it requires. False when the form must not open; the reason has
+    /// been shown.
     bool Mostrar(const std::string& FormaPago);
 
     /// Fills bank, reference, account and bank name with what the caller knows.
-    void fill_in(const std::string& Banco, const std::string& Referencia, const std::string& Cuenta, const std::string& nBanco);
+    void fill_in(const std::string& Banco, const std::string& Referencia, const std::string& Cuenta,
+                 const std::string& nBanco);
 
     /// Bank name, reference, account and bank key, as the caller takes them apart.
     std::string answer() const;

@@ -52,7 +52,9 @@ std::string formatted(std::string_view key, std::string_view format) {
     return std::string(format.size() - key.size(), '0').append(key);
 }
 
-std::string with_key(std::string_view sql, std::string_view key) { return replaced(sql, "'?'", quoted(key)); }
+std::string with_key(std::string_view sql, std::string_view key) {
+    return replaced(sql, "'?'", quoted(key));
+}
 
 std::string with_pattern(std::string_view sql, std::string_view text) {
     const std::string pattern = std::string("%").append(text).append("%");

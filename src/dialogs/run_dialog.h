@@ -9,8 +9,9 @@
 
 namespace cuvexa {
 
-/// Runs `body(Dialog_toolkit&)`. When no dialog can be shown, or the form fails outside its own traps, the reason goes to the
-/// suite's error dialog under the member's name and, tagged, to `error`, so that a caller without a screen learns it too.
+/// Runs `body(Dialog_toolkit&)`. When no dialog can be shown, or the form fails outside its own traps, the reason goes
+/// to the suite's error dialog under the member's name and, tagged, to `error`, so that a caller without a screen
+/// learns it too.
 template <class Body>
 void run_dialog(Module& module, std::string& error, const std::string& member, Body&& body) {
     const bool done = operation(module, error, "", [&](Operation& op) {

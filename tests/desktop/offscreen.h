@@ -1,4 +1,5 @@
-// Qt windows without a screen, with a user made of steps: each step runs inside the modal loop, on the window that is on top.
+// Qt windows without a screen, with a user made of steps: each step runs inside the modal loop, on the window that is
+// on top.
 //
 //     Offscreen screen;
 //     const std::string answer = screen.deposit({type("srr-mxn"), key(Qt::Key_Return), key(Qt::Key_F4)});
@@ -24,7 +25,9 @@ using Step = std::function<void(QWidget& top)>;
 using Steps = std::vector<Step>;
 
 /// The widget that has the keyboard.
-inline QWidget& focus(QWidget& top) { return top.focusWidget() ? *top.focusWidget() : top; }
+inline QWidget& focus(QWidget& top) {
+    return top.focusWidget() ? *top.focusWidget() : top;
+}
 
 inline Step key(Qt::Key code, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     return [=](QWidget& top) { QTest::keyClick(&focus(top), code, modifiers); };

@@ -16,16 +16,28 @@ namespace {
 
 constexpr auto account = "txt_Bc_Cve_Banco_Cuenta";
 
-Step sees(const std::function<void(QWidget&)>& look) { return look; }
+Step sees(const std::function<void(QWidget&)>& look) {
+    return look;
+}
 
-// ---- The deposit ------------------------------------------------------------------------------------------------------------
+// ---- The deposit ---------------------------------------------------------------------------------------------------
 
 TEST(Qt_windows, the_deposit_is_answered_with_the_keyboard_alone) {
     Offscreen screen;
     const auto answer = screen.deposit({
-        focus_is(account), type("srr-mxn"), text_is(account, "SRR-MXN"), key(Qt::Key_Return),
-        text_is("txt_Bc_Descripcion", "Sierra, operación en pesos"), focus_is("chkFirme"), key(Qt::Key_Space),
-        key(Qt::Key_Return), focus_is("dpFecha"), type("18"), key(Qt::Key_Tab), focus_is("Controles.b1"), key(Qt::Key_Return),
+        focus_is(account),
+        type("srr-mxn"),
+        text_is(account, "SRR-MXN"),
+        key(Qt::Key_Return),
+        text_is("txt_Bc_Descripcion", "Sierra, operación en pesos"),
+        focus_is("chkFirme"),
+        key(Qt::Key_Space),
+        key(Qt::Key_Return),
+        focus_is("dpFecha"),
+        type("18"),
+        key(Qt::Key_Tab),
+        focus_is("Controles.b1"),
+        key(Qt::Key_Return),
     });
     EXPECT_EQ(answer, "SRR-MXN|2024-03-18|1");
     EXPECT_THAT(screen.company.on.reports, IsEmpty());
@@ -41,7 +53,10 @@ TEST(Qt_windows, and_with_the_mouse_alone) {
             QTest::mouseClick(table.viewport(), Qt::LeftButton, Qt::NoModifier, at);
             QTest::mouseDClick(table.viewport(), Qt::LeftButton, Qt::NoModifier, at);
         },
-        text_is(account, "SRR-MXN"), click("chkFirme"), click("chkFirme"), click("Controles.b1"),
+        text_is(account, "SRR-MXN"),
+        click("chkFirme"),
+        click("chkFirme"),
+        click("Controles.b1"),
     });
     EXPECT_EQ(answer, "SRR-MXN|2024-03-15|0");
 }
@@ -49,8 +64,8 @@ TEST(Qt_windows, and_with_the_mouse_alone) {
 TEST(Qt_windows, tab_and_shift_tab_walk_forth_and_back) {
     Offscreen screen;
     screen.deposit({key(Qt::Key_Tab), focus_is("chkFirme"), key(Qt::Key_Tab), focus_is("Controles.b1"),
-                    key(Qt::Key_Backtab, Qt::ShiftModifier), focus_is("chkFirme"), key(Qt::Key_Backtab, Qt::ShiftModifier),
-                    focus_is(account), key(Qt::Key_Escape)});
+                    key(Qt::Key_Backtab, Qt::ShiftModifier), focus_is("chkFirme"),
+                    key(Qt::Key_Backtab, Qt::ShiftModifier), focus_is(account), key(Qt::Key_Escape)});
 }
 
 TEST(Qt_windows, esc_the_button_and_the_windows_own_close_cancel) {
@@ -70,7 +85,8 @@ TEST(Qt_windows, the_date_is_written_the_mexican_way_and_follows_the_box) {
                         EXPECT_EQ(date.locale().standaloneMonthName(3), "marzo");
                     }),
                     click("chkFirme"),
-                    sees([](QWidget& top) { EXPECT_TRUE(find<QDateEdit>(top, "dpFecha").isEnabled()); }), key(Qt::Key_Escape)});
+                    sees([](QWidget& top) { EXPECT_TRUE(find<QDateEdit>(top, "dpFecha").isEnabled()); }),
+                    key(Qt::Key_Escape)});
 }
 
 TEST(Qt_windows, a_click_on_the_date_moves_the_focus_there_and_f4_and_esc_do_nothing_in_it) {
@@ -86,11 +102,13 @@ TEST(Qt_windows, a_click_on_the_date_moves_the_focus_there_and_f4_and_esc_do_not
 
 TEST(Qt_windows, a_firm_date_before_the_deposit_sends_the_user_back_to_the_date) {
     Offscreen screen;
-    screen.deposit({type("SRR-MXN"), key(Qt::Key_Return), key(Qt::Key_Return), type("14"), key(Qt::Key_Return), key(Qt::Key_F4),
-                    focus_is("dpFecha"), click("Controles.b2")},
+    screen.deposit({type("SRR-MXN"), key(Qt::Key_Return), key(Qt::Key_Return), type("14"), key(Qt::Key_Return),
+                    key(Qt::Key_F4), focus_is("dpFecha"), click("Controles.b2")},
                    1);
-    EXPECT_THAT(screen.company.on.reports,
-                ElementsAre("Controles_B1Click() ERR-ID:7500010 La fecha de firme no puede ser menor a la fecha de depósito!!!"));
+    EXPECT_THAT(
+        screen.company.on.reports,
+        ElementsAre(
+            "Controles_B1Click() ERR-ID:7500010 La fecha de firme no puede ser menor a la fecha de depósito!!!"));
 }
 
 TEST(Qt_windows, a_refused_key_is_marked_and_keeps_the_keyboard) {
@@ -124,7 +142,8 @@ TEST(Qt_windows, a_click_into_a_locked_field_leaves_the_focus_where_it_was) {
 
 TEST(Qt_windows, typing_in_the_middle_keeps_the_cursor_there) {
     Offscreen screen;
-    screen.deposit({type("srmxn"), [](QWidget& top) {
+    screen.deposit({type("srmxn"),
+                    [](QWidget& top) {
                         auto& field = find<QLineEdit>(top, account);
                         field.setCursorPosition(2);
                         QTest::keyClicks(&field, "r-");
@@ -132,7 +151,7 @@ TEST(Qt_windows, typing_in_the_middle_keeps_the_cursor_there) {
                     text_is(account, "SRR-MXN"), key(Qt::Key_Escape)});
 }
 
-// ---- The list ---------------------------------------------------------------------------------------------------------------
+// ---- The list ------------------------------------------------------------------------------------------------------
 
 TEST(Qt_windows, the_list_is_narrowed_by_typing_and_walked_with_the_arrows) {
     Offscreen screen;
@@ -155,20 +174,32 @@ TEST(Qt_windows, a_list_without_rows_says_so_and_enter_takes_nothing) {
     screen.deposit({key(Qt::Key_F2), type("zzz"), key(Qt::Key_Return), sees([](QWidget& top) {
                         EXPECT_EQ(top.objectName(), "lista");
                         bool said = false;
-                        for (const auto* label : top.findChildren<QLabel*>()) said |= label->text().contains("Sin coincidencias");
+                        for (const auto* label : top.findChildren<QLabel*>())
+                            said |= label->text().contains("Sin coincidencias");
                         EXPECT_TRUE(said);
                     }),
                     key(Qt::Key_Escape), focus_is(account), text_is(account, ""), key(Qt::Key_Escape)});
 }
 
-// ---- The payment method -------------------------------------------------------------------------------------------------------
+// ---- The payment method --------------------------------------------------------------------------------------------
 
 TEST(Qt_windows, the_data_of_a_transfer_is_asked_and_remembered) {
     Offscreen screen;
     const auto answer = screen.payment({
-        focus_is("txtBanco"), text_is("txtDocumento", "CL01"), text_is("txtnFormaPago", "Transferencia electrónica"),
-        type("SIERRA"), key(Qt::Key_Return), text_is("txtNBanco", "Banco de la Sierra"), focus_is("txtSucursal"), type("12"),
-        key(Qt::Key_Return), type("0901"), key(Qt::Key_Return), type("TR-5"), key(Qt::Key_Return), key(Qt::Key_Return),
+        focus_is("txtBanco"),
+        text_is("txtDocumento", "CL01"),
+        text_is("txtnFormaPago", "Transferencia electrónica"),
+        type("SIERRA"),
+        key(Qt::Key_Return),
+        text_is("txtNBanco", "Banco de la Sierra"),
+        focus_is("txtSucursal"),
+        type("12"),
+        key(Qt::Key_Return),
+        type("0901"),
+        key(Qt::Key_Return),
+        type("TR-5"),
+        key(Qt::Key_Return),
+        key(Qt::Key_Return),
     });
     EXPECT_EQ(answer, "Banco de la Sierra|TR-5|0901|SIERRA");
     EXPECT_EQ(screen.company.scalar("SELECT Dcb_Cuenta FROM Documento_Cuenta_Bancaria"), "0901");
@@ -176,13 +207,14 @@ TEST(Qt_windows, the_data_of_a_transfer_is_asked_and_remembered) {
 
 TEST(Qt_windows, shift_f2_opens_the_full_list_of_banks) {
     Offscreen screen;
-    screen.company.sql("INSERT INTO Documento_Cuenta_Bancaria (Dcb_Tabla, Dcb_Documento, Dcb_ID, Dcb_Banco, Dcb_Cuenta) "
-                       "VALUES ('CLIENTE', 'CL01', '0001', 'SIERRA', '1')");
+    screen.company.sql(
+        "INSERT INTO Documento_Cuenta_Bancaria (Dcb_Tabla, Dcb_Documento, Dcb_ID, Dcb_Banco, Dcb_Cuenta) "
+        "VALUES ('CLIENTE', 'CL01', '0001', 'SIERRA', '1')");
     const auto banks_are = [](int count) {
         return sees([=](QWidget& top) { EXPECT_EQ(find<QTableWidget>(top, "renglones").rowCount(), count); });
     };
-    screen.payment({key(Qt::Key_F2), banks_are(1), key(Qt::Key_Escape), key(Qt::Key_F2, Qt::ShiftModifier), banks_are(2),
-                    key(Qt::Key_Escape), key(Qt::Key_Escape)});
+    screen.payment({key(Qt::Key_F2), banks_are(1), key(Qt::Key_Escape), key(Qt::Key_F2, Qt::ShiftModifier),
+                    banks_are(2), key(Qt::Key_Escape), key(Qt::Key_Escape)});
 }
 
 TEST(Qt_windows, what_a_method_does_not_require_is_greyed_out) {
@@ -204,7 +236,7 @@ TEST(Qt_windows, a_refusal_sends_the_focus_to_its_field) {
                 ElementsAre("Controles_B1Click() ERR-ID:7500003 Esta forma de pago requiere una cuenta!"));
 }
 
-// ---- For everybody ----------------------------------------------------------------------------------------------------------
+// ---- For everybody -------------------------------------------------------------------------------------------------
 
 void expect_accessible(QWidget& top) {
     int fields = 0;
@@ -249,7 +281,8 @@ TEST(Qt_windows, they_are_modal_and_carry_the_forms_caption) {
                         EXPECT_EQ(top.windowTitle(), "Depósito a banco");
                     }),
                     key(Qt::Key_Escape)});
-    screen.payment({sees([](QWidget& top) { EXPECT_EQ(top.windowTitle(), "Datos de la forma de pago"); }), key(Qt::Key_Escape)});
+    screen.payment(
+        {sees([](QWidget& top) { EXPECT_EQ(top.windowTitle(), "Datos de la forma de pago"); }), key(Qt::Key_Escape)});
 }
 
 TEST(Qt_windows, the_error_dialog_shows_text_code_and_critical_icon_and_closes_with_enter_or_esc) {
@@ -267,7 +300,8 @@ TEST(Qt_windows, the_error_dialog_shows_text_code_and_critical_icon_and_closes_w
                     }),
                     key(end)},
                    [&] {
-                       screen.toolkit->show_error({"<b>No</b> & nunca", 16, "Controles_B1Click()", "", "Cuvexa", "ERR-ID:7500009"});
+                       screen.toolkit->show_error(
+                           {"<b>No</b> & nunca", 16, "Controles_B1Click()", "", "Cuvexa", "ERR-ID:7500009"});
                    });
     }
 }
@@ -290,10 +324,12 @@ TEST(Qt_windows, what_a_handler_throws_ends_the_window_and_reaches_the_caller) {
 
 TEST(Qt_windows, the_end_of_the_modal_loop_from_outside_cancels) {
     Offscreen screen;
-    EXPECT_EQ(screen.deposit({type("SRR-MXN"), [](QWidget& top) { static_cast<QDialog&>(top).done(QDialog::Accepted); }}), "");
+    EXPECT_EQ(
+        screen.deposit({type("SRR-MXN"), [](QWidget& top) { static_cast<QDialog&>(top).done(QDialog::Accepted); }}),
+        "");
 }
 
-// ---- The display --------------------------------------------------------------------------------------------------------------
+// ---- The display ---------------------------------------------------------------------------------------------------
 
 class Display : public ::testing::Test {
 protected:

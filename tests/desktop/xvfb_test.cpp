@@ -1,5 +1,5 @@
-// The program's dialogs on a real display of their own, driven by keys from outside. Pictures are kept in screenshots/ of the
-// build directory.
+// The program's dialogs on a real display of their own, driven by keys from outside. Pictures are kept in screenshots/
+// of the build directory.
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/wait.h>
@@ -52,7 +52,8 @@ public:
             const std::string descriptor = std::to_string(pipe_ends[1]);
             const std::string screen = size + "x24";
             if (!std::freopen("/dev/null", "w", stderr)) _exit(127);
-            execlp("Xvfb", "Xvfb", "-displayfd", descriptor.c_str(), "-screen", "0", screen.c_str(), "-nolisten", "tcp", nullptr);
+            execlp("Xvfb", "Xvfb", "-displayfd", descriptor.c_str(), "-screen", "0", screen.c_str(), "-nolisten", "tcp",
+                   nullptr);
             _exit(127);
         }
         close(pipe_ends[1]);
@@ -101,11 +102,13 @@ protected:
     }
 
     /// Starts the program on the display, without waiting for it.
-    void start(const std::string& arguments, const std::string& environment = "", const std::string& size = "1280x960") {
+    void start(const std::string& arguments, const std::string& environment = "",
+               const std::string& size = "1280x960") {
         server_ = std::make_unique<X_server>(size);
-        const std::string command = "env -u QT_QPA_PLATFORM -u WAYLAND_DISPLAY XDG_RUNTIME_DIR=" + folder_.string() + " DISPLAY=" +
-                                    server_->display() + " " + environment + " timeout 60 " + program_ + " dialog " + arguments +
-                                    " --db " + database_.string() + " --server-date 2024-03-15 > " + out().string() + " 2> " +
+        const std::string command = "env -u QT_QPA_PLATFORM -u WAYLAND_DISPLAY XDG_RUNTIME_DIR=" + folder_.string() +
+                                    " DISPLAY=" + server_->display() + " " + environment + " timeout 60 " + program_ +
+                                    " dialog " + arguments + " --db " + database_.string() +
+                                    " --server-date 2024-03-15 > " + out().string() + " 2> " +
                                     (folder_ / "err").string();
         running_ = std::thread([this, command] { status_ = std::system(command.c_str()); });
     }
@@ -119,7 +122,9 @@ protected:
 
     /// Waits until the window of that title is there and has the keyboard.
     void window(const std::string& title) {
-        ASSERT_EQ(tool("timeout 30 xdotool search --sync --onlyvisible --name '^" + title + "$' > " + (folder_ / "window").string()), 0)
+        ASSERT_EQ(tool("timeout 30 xdotool search --sync --onlyvisible --name '^" + title + "$' > " +
+                       (folder_ / "window").string()),
+                  0)
             << "no window " << title;
         const std::string has_keyboard = "xdotool getwindowfocus getwindowname 2> /dev/null | grep -qx '" + title + "'";
         for (int tries = 0; tool(has_keyboard) != 0; ++tries) {
@@ -156,7 +161,9 @@ protected:
         return values["WIDTH"] + "x" + values["HEIGHT"] + "+" + values["X"] + "+" + values["Y"];
     }
 
-    int tool(const std::string& command) { return std::system(("DISPLAY=" + server_->display() + " " + command).c_str()); }
+    int tool(const std::string& command) {
+        return std::system(("DISPLAY=" + server_->display() + " " + command).c_str());
+    }
 
     /// Only for pictures: what is asserted never depends on it.
     static void settle() { std::this_thread::sleep_for(std::chrono::milliseconds(500)); }
@@ -258,7 +265,8 @@ TEST_F(Real_window, receipts_are_deposited_with_the_answer) {
     std::string receipt;
     {
         Sqlite_connection connection(database_.string());
-        Module module(std::make_shared<Reference_suite>(connection, Suite_options{.server_date = make_date(2024, 3, 15)}));
+        Module module(
+            std::make_shared<Reference_suite>(connection, Suite_options{.server_date = make_date(2024, 3, 15)}));
         Tesoreria treasury(module);
         treasury.NuevoReciboCaja();
         treasury.RpEncabezado(Company::receipt_header());
@@ -278,12 +286,14 @@ TEST_F(Real_window, receipts_are_deposited_with_the_answer) {
 }
 
 TEST_F(Real_window, without_a_display_the_program_says_so) {
-    const std::string command = "env -u QT_QPA_PLATFORM -u WAYLAND_DISPLAY -u DISPLAY " + program_ + " dialog deposit --db " +
-                                database_.string() + " > " + out().string() + " 2> " + (folder_ / "err").string();
+    const std::string command = "env -u QT_QPA_PLATFORM -u WAYLAND_DISPLAY -u DISPLAY " + program_ +
+                                " dialog deposit --db " + database_.string() + " > " + out().string() + " 2> " +
+                                (folder_ / "err").string();
     EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 1);
     EXPECT_EQ(read_file(out()), "");
     EXPECT_EQ(read_file(folder_ / "err"),
-              "Cuvexa.dll - PedirDatosDeposito()\nNo es posible mostrar el diálogo: no hay pantalla (DISPLAY y WAYLAND_DISPLAY "
+              "Cuvexa.dll - PedirDatosDeposito()\nNo es posible mostrar el diálogo: no hay pantalla (DISPLAY y "
+              "WAYLAND_DISPLAY "
               "están vacías).\n");
 }
 

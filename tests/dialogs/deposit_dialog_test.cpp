@@ -12,7 +12,7 @@ const std::string account_query =
     "SELECT Bc_Descripcion FROM Banco_Cuenta  WHERE Mn_Cve_Moneda = 'MXN' AND   Bc_Cve_Banco_Cuenta = '?' AND "
     "Es_Cve_Estado <> 'BA' ";
 
-// ---- What the form is made of -------------------------------------------------------------------------------------------
+// ---- What the form is made of --------------------------------------------------------------------------------------
 
 TEST(Deposit_dialog, its_controls_carry_the_names_and_texts_of_the_suite) {
     Scripted dialog;
@@ -69,7 +69,7 @@ TEST(Deposit_dialog, the_server_date_is_asked_and_the_deposit_date_proposed) {
     });
 }
 
-// ---- The answer -----------------------------------------------------------------------------------------------------------
+// ---- The answer ----------------------------------------------------------------------------------------------------
 
 TEST(Deposit_dialog, the_answer_is_account_date_and_box) {
     Scripted dialog;
@@ -117,13 +117,15 @@ TEST(Deposit_dialog, closing_the_window_or_pressing_cancelar_cancels) {
         user.type("SRR-MXN").press(key_enter);
         form.close();
         EXPECT_TRUE(user.hidden);
-    }), "");
+    }),
+              "");
     EXPECT_EQ(dialog.deposit([](frmDeposito& form, Scripted_window& user) {
         user.type("SRR-MXN").press(key_enter);
         form.go_to(form.buttons().b2);
         user.press(key_enter);
         EXPECT_TRUE(user.hidden);
-    }), "");
+    }),
+              "");
 }
 
 TEST(Deposit_dialog, it_changes_nothing_in_the_database) {
@@ -132,7 +134,7 @@ TEST(Deposit_dialog, it_changes_nothing_in_the_database) {
     EXPECT_THAT(dialog.company.changes(), IsEmpty());
 }
 
-// ---- Firm or not ------------------------------------------------------------------------------------------------------------
+// ---- Firm or not ---------------------------------------------------------------------------------------------------
 
 TEST(Deposit_dialog, the_date_can_be_changed_only_while_the_box_is_checked) {
     Scripted dialog;
@@ -178,7 +180,7 @@ TEST(Deposit_dialog, unchecked_it_returns_the_deposit_date_whatever_was_picked_b
     EXPECT_EQ(answer, "SRR-MXN|2024-03-15|0");
 }
 
-// ---- Aceptar ----------------------------------------------------------------------------------------------------------------
+// ---- Aceptar -------------------------------------------------------------------------------------------------------
 
 TEST(Deposit_dialog, without_account_it_refuses_and_stays_open) {
     Scripted dialog;
@@ -203,8 +205,9 @@ TEST(Deposit_dialog, a_firm_date_before_the_deposit_is_refused_and_the_form_stay
         user.press(key_f4);
         EXPECT_FALSE(user.hidden);
         EXPECT_EQ(user.focus(), "dpFecha");
-        EXPECT_THAT(dialog.company.on.reports_in_full,
-                    ElementsAre(refusal("La fecha de firme no puede ser menor a la fecha de depósito!!!", "ERR-ID:7500010")));
+        EXPECT_THAT(
+            dialog.company.on.reports_in_full,
+            ElementsAre(refusal("La fecha de firme no puede ser menor a la fecha de depósito!!!", "ERR-ID:7500010")));
         form.pick(form.dpFecha, make_date(2024, 3, 15));
         form.press(form.buttons().b1);
         EXPECT_TRUE(user.hidden);
@@ -224,7 +227,7 @@ TEST(Deposit_dialog, the_time_of_day_of_the_deposit_does_not_make_the_same_day_e
     EXPECT_EQ(answer, "SRR-MXN|2024-03-15|1");
 }
 
-// ---- The account ------------------------------------------------------------------------------------------------------------
+// ---- The account ---------------------------------------------------------------------------------------------------
 
 TEST(Deposit_dialog, the_account_is_asked_for_with_its_currency) {
     Scripted dialog;
@@ -266,8 +269,9 @@ TEST(Deposit_dialog, an_account_that_does_not_serve_is_not_accepted_and_keeps_th
             EXPECT_FALSE(user.hidden);
         });
         EXPECT_EQ(answer, "");
-        EXPECT_THAT(dialog.company.on.reports,
-                    ElementsAre("Controles_B1Click() ERR-ID:7500009 La cuenta de banco es indispensable para continuar!"));
+        EXPECT_THAT(
+            dialog.company.on.reports,
+            ElementsAre("Controles_B1Click() ERR-ID:7500009 La cuenta de banco es indispensable para continuar!"));
     }
 }
 
@@ -321,11 +325,12 @@ TEST(Deposit_dialog, a_failure_on_entering_the_account_is_reported_with_its_code
         user.on_refresh = [](Control&) { throw std::runtime_error("sin memoria"); };
         form.go_to(form.txt_Bc_Cve_Banco_Cuenta);
         EXPECT_THAT(dialog.company.on.reports_in_full,
-                    ElementsAre(Report{"sin memoria", 16, "txt_Bc_Cve_Banco_Cuenta_GotFocus()", "", "Cuvexa", "ERR-ID:7500011"}));
+                    ElementsAre(Report{"sin memoria", 16, "txt_Bc_Cve_Banco_Cuenta_GotFocus()", "", "Cuvexa",
+                                       "ERR-ID:7500011"}));
     });
 }
 
-// ---- The list ---------------------------------------------------------------------------------------------------------------
+// ---- The list ------------------------------------------------------------------------------------------------------
 
 TEST(Deposit_dialog, f2_lists_the_accounts_of_the_currency_and_takes_the_chosen_one) {
     Scripted dialog;
@@ -383,7 +388,7 @@ TEST(Deposit_dialog, a_failing_list_is_reported_and_empty) {
     });
 }
 
-// ---- Keys -------------------------------------------------------------------------------------------------------------------
+// ---- Keys ----------------------------------------------------------------------------------------------------------
 
 TEST(Deposit_dialog, tab_walks_through_what_can_be_filled_and_round) {
     Scripted dialog;
@@ -453,7 +458,7 @@ TEST(Deposit_dialog, the_mouse_does_not_enter_what_is_locked_or_disabled) {
     });
 }
 
-// ---- When it cannot be shown --------------------------------------------------------------------------------------------------
+// ---- When it cannot be shown ---------------------------------------------------------------------------------------
 
 TEST(Deposit_dialog, without_a_toolkit_it_says_so_and_gives_the_empty_text) {
     Company company;
@@ -498,8 +503,8 @@ TEST(Deposit_dialog, its_answer_is_what_a_deposit_needs) {
         user.type("SRR-MXN").press(key_f4);
     });
     ASSERT_EQ(answer, "SRR-MXN|2024-03-15|1");
-    EXPECT_TRUE(company.treasury().Genera_Deposito("SRR-MXN", receipt, Company::today(), true,
-                                                   *parse_date("2024-03-15")))
+    EXPECT_TRUE(
+        company.treasury().Genera_Deposito("SRR-MXN", receipt, Company::today(), true, *parse_date("2024-03-15")))
         << company.treasury().Error();
 }
 

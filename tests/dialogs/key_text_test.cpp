@@ -27,7 +27,9 @@ TEST(Key_text, the_key_takes_the_place_of_the_mark_with_its_quotes_doubled) {
     EXPECT_EQ(with_key("a = '?' AND b = '?' ", "O'X"), "a = 'O''X' AND b = 'O''X' ");
 }
 
-TEST(Key_text, a_key_that_is_the_mark_itself_is_put_in_once) { EXPECT_EQ(with_key("a = '?'", "'?'"), "a = '''?'''"); }
+TEST(Key_text, a_key_that_is_the_mark_itself_is_put_in_once) {
+    EXPECT_EQ(with_key("a = '?'", "'?'"), "a = '''?'''");
+}
 
 TEST(Key_text, a_search_looks_anywhere_in_the_column) {
     EXPECT_EQ(with_pattern("(a LIKE ? OR b LIKE ?)", "x'y"), "(a LIKE '%x''y%' OR b LIKE '%x''y%')");

@@ -14,7 +14,7 @@ std::vector<std::string> remembered(Company& company) {
     return company.rows("SELECT Dcb_ID, Dcb_Banco, Dcb_Cuenta FROM Documento_Cuenta_Bancaria ORDER BY Dcb_ID");
 }
 
-// ---- What the form is made of -------------------------------------------------------------------------------------------
+// ---- What the form is made of --------------------------------------------------------------------------------------
 
 TEST(Payment_method_dialog, its_controls_carry_the_names_and_texts_of_the_suite) {
     Scripted dialog;
@@ -31,8 +31,9 @@ TEST(Payment_method_dialog, its_controls_carry_the_names_and_texts_of_the_suite)
         EXPECT_EQ(form.lbTabla.idetiqueta, "TABLA");
         EXPECT_EQ(form.Etiqueta5.idetiqueta, "METODO PAGO SAT");
         EXPECT_EQ(form.lbInfo.caption(), "Banco: {SHIFT} + {F2} para ver la lista completa de bancos");
-        for (const auto* name : {"txtSucursal", "txtCuenta", "txtReferencia", "Controles", "txtBanco", "txtNBanco", "lbTabla",
-                                 "txtDocumento", "txtFormaPago", "txtnFormaPago", "Etiqueta5", "lbInfo", "ColorScheme"}) {
+        for (const auto* name :
+             {"txtSucursal", "txtCuenta", "txtReferencia", "Controles", "txtBanco", "txtNBanco", "lbTabla",
+              "txtDocumento", "txtFormaPago", "txtnFormaPago", "Etiqueta5", "lbInfo", "ColorScheme"}) {
             EXPECT_NE(form.find(name), nullptr) << name;
         }
     });
@@ -42,7 +43,8 @@ TEST(Payment_method_dialog, bank_and_method_know_their_catalogues) {
     Scripted dialog;
     dialog.payment([](frmFormaPago& form, Scripted_window&) {
         EXPECT_EQ(form.txtBanco.idconsulta, "BANCO");
-        EXPECT_EQ(form.txtBanco.sql(), "SELECT Bn_Descripcion FROM Banco WHERE Bn_Cve_Banco = '?' AND Es_Cve_Estado <> 'BA'");
+        EXPECT_EQ(form.txtBanco.sql(),
+                  "SELECT Bn_Descripcion FROM Banco WHERE Bn_Cve_Banco = '?' AND Es_Cve_Estado <> 'BA'");
         EXPECT_EQ(form.txtBanco.sql_control_resultado, "txtNBanco");
         EXPECT_EQ(form.txtFormaPago.idconsulta, "FORMA_PAGO");
         EXPECT_EQ(form.txtFormaPago.sql(),
@@ -72,16 +74,17 @@ TEST(Payment_method_dialog, the_input_formats_come_from_the_system_parameters) {
     });
 }
 
-// ---- Mostrar --------------------------------------------------------------------------------------------------------------
+// ---- Mostrar -------------------------------------------------------------------------------------------------------
 
 TEST(Payment_method_dialog, it_reads_the_method_before_it_opens) {
     Scripted dialog;
     dialog.payment([&](frmFormaPago& form, Scripted_window&) {
         ASSERT_GE(dialog.company.statements().size(), 2u);
-        EXPECT_EQ(dialog.company.statements()[0],
-                  "SELECT    Forma_Pago.Fp_Descripcion,    Forma_Pago.Fp_Requiere_Banco,    "
-                  "Forma_Pago.Fp_Requiere_Referencia,   Forma_Pago.Fp_Requiere_Cuenta,    Forma_Pago.Fp_Metodo_Pago_SAT,    "
-                  "Forma_Pago.Es_Cve_Estado  FROM Forma_Pago WHERE    Forma_Pago.Fp_Cve_Forma_Pago = '03'");
+        EXPECT_EQ(
+            dialog.company.statements()[0],
+            "SELECT    Forma_Pago.Fp_Descripcion,    Forma_Pago.Fp_Requiere_Banco,    "
+            "Forma_Pago.Fp_Requiere_Referencia,   Forma_Pago.Fp_Requiere_Cuenta,    Forma_Pago.Fp_Metodo_Pago_SAT,    "
+            "Forma_Pago.Es_Cve_Estado  FROM Forma_Pago WHERE    Forma_Pago.Fp_Cve_Forma_Pago = '03'");
         EXPECT_EQ(dialog.company.statements()[1],
                   "SELECT Fp_Descripcion FROM Forma_Pago WHERE Fp_Cve_Forma_Pago = '03' AND Es_Cve_Estado <> 'BA'");
         EXPECT_EQ(form.lbTabla.caption(), "CLIENTE");
@@ -116,8 +119,8 @@ TEST(Payment_method_dialog, a_cancelled_method_is_refused_before_the_form_opens)
     dialog.method = "99";
     EXPECT_EQ(dialog.payment([](frmFormaPago&, Scripted_window&) {}), "");
     EXPECT_EQ(dialog.toolkit->shown, 0);
-    EXPECT_THAT(dialog.company.on.reports_in_full,
-                ElementsAre(Report{"La forma de pago está dada de baja!", 16, "Mostrar()", "", "Cuvexa", "ERR-ID:7500007"}));
+    EXPECT_THAT(dialog.company.on.reports_in_full, ElementsAre(Report{"La forma de pago está dada de baja!", 16,
+                                                                      "Mostrar()", "", "Cuvexa", "ERR-ID:7500007"}));
     EXPECT_EQ(dialog.company.treasury().Error(), "");
 }
 
@@ -134,7 +137,7 @@ TEST(Payment_method_dialog, a_failure_while_it_prepares_is_reported_and_it_does_
     EXPECT_EQ(dialog.toolkit->shown, 0);
 }
 
-// ---- The answer -----------------------------------------------------------------------------------------------------------
+// ---- The answer ----------------------------------------------------------------------------------------------------
 
 TEST(Payment_method_dialog, the_answer_is_bank_name_reference_account_and_bank) {
     Scripted dialog;
@@ -182,7 +185,7 @@ TEST(Payment_method_dialog, a_method_that_requires_nothing_accepts_empty_fields)
     EXPECT_THAT(dialog.company.changes(), IsEmpty());
 }
 
-// ---- Rules ------------------------------------------------------------------------------------------------------------------
+// ---- Rules ---------------------------------------------------------------------------------------------------------
 
 TEST(Payment_method_dialog, the_first_rule_that_fails_is_shown_and_its_field_gets_the_focus) {
     Scripted dialog;
@@ -224,7 +227,7 @@ TEST(Payment_method_dialog, a_closed_bank_and_a_quote_are_no_valid_banks) {
     }
 }
 
-// ---- The accounts of a document ---------------------------------------------------------------------------------------------
+// ---- The accounts of a document ------------------------------------------------------------------------------------
 
 TEST(Payment_method_dialog, a_new_account_is_remembered_for_the_document) {
     Scripted dialog;
@@ -236,15 +239,16 @@ TEST(Payment_method_dialog, a_new_account_is_remembered_for_the_document) {
     });
     EXPECT_THAT(
         dialog.company.statements(),
-        ElementsAre("SELECT Dcb_Id FROM Documento_Cuenta_Bancaria WHERE  Dcb_Tabla = 'CLIENTE' AND  Dcb_Documento = 'CL01' AND "
-                    " Dcb_Banco = 'SIERRA' AND  Dcb_Cuenta = '0901'",
-                    "SELECT MAX(CAST(Dcb_ID AS INT)) AS Dcb_ID FROM Documento_Cuenta_Bancaria WHERE Dcb_Tabla = 'CLIENTE' AND "
-                    "   Dcb_Documento = 'CL01'",
-                    "INSERT INTO Documento_Cuenta_Bancaria ( Dcb_Tabla,  Dcb_Documento,  Dcb_ID,  Dcb_Banco,  Dcb_Cuenta,  "
-                    "Dcb_Sucursal,  Dcb_CLABE,  Dcb_Cve_Forma_Pago,  Dcb_Forma_Pago,  Dcb_Default,  Oper_Alta,  Fecha_Alta,  "
-                    "Oper_Ult_Modif,  Fecha_Ult_Modif,  Es_Cve_Estado)  Values ('CLIENTE', 'CL01', '0001', 'SIERRA', '0901', "
-                    "'12', '', '03', 'Transferencia electrónica', 'NO','CAJA1', '2024-03-15 10:20:30', 'CAJA1', "
-                    "'2024-03-15 10:20:30', 'AC') "));
+        ElementsAre(
+            "SELECT Dcb_Id FROM Documento_Cuenta_Bancaria WHERE  Dcb_Tabla = 'CLIENTE' AND  Dcb_Documento = 'CL01' AND "
+            " Dcb_Banco = 'SIERRA' AND  Dcb_Cuenta = '0901'",
+            "SELECT MAX(CAST(Dcb_ID AS INT)) AS Dcb_ID FROM Documento_Cuenta_Bancaria WHERE Dcb_Tabla = 'CLIENTE' AND "
+            "   Dcb_Documento = 'CL01'",
+            "INSERT INTO Documento_Cuenta_Bancaria ( Dcb_Tabla,  Dcb_Documento,  Dcb_ID,  Dcb_Banco,  Dcb_Cuenta,  "
+            "Dcb_Sucursal,  Dcb_CLABE,  Dcb_Cve_Forma_Pago,  Dcb_Forma_Pago,  Dcb_Default,  Oper_Alta,  Fecha_Alta,  "
+            "Oper_Ult_Modif,  Fecha_Ult_Modif,  Es_Cve_Estado)  Values ('CLIENTE', 'CL01', '0001', 'SIERRA', '0901', "
+            "'12', '', '03', 'Transferencia electrónica', 'NO','CAJA1', '2024-03-15 10:20:30', 'CAJA1', "
+            "'2024-03-15 10:20:30', 'AC') "));
     EXPECT_THAT(remembered(dialog.company), ElementsAre("0001|SIERRA|0901"));
 }
 
@@ -302,7 +306,8 @@ TEST(Payment_method_dialog, a_failure_while_remembering_is_reported_and_the_form
         ASSERT_EQ(dialog.company.on.reports_in_full.size(), 1u);
         EXPECT_EQ(dialog.company.on.reports_in_full[0].routine, "Controles_B1Click()");
         EXPECT_EQ(dialog.company.on.reports_in_full[0].code, "ERR-ID:7500005");
-    }), "");
+    }),
+              "");
     EXPECT_THAT(dialog.company.changes(), IsEmpty());
 }
 
@@ -337,10 +342,11 @@ TEST(Payment_method_dialog, leaving_the_bank_suggests_the_first_account_known_th
         dialog.company.mark();
         user.type("SIERRA").press(key_enter);
         EXPECT_EQ(form.txtCuenta.Text(), "0901-2");
-        EXPECT_THAT(dialog.company.statements(),
-                    Contains("SELECT Dcb_Cuenta FROM Documento_Cuenta_Bancaria WHERE Dcb_Tabla = 'CLIENTE' AND    "
-                             "Dcb_Documento = 'CL01' AND    Dcb_Banco = 'SIERRA' AND    Es_Cve_Estado <> 'BA' ORDER BY Dcb_ID "
-                             "ASC "));
+        EXPECT_THAT(
+            dialog.company.statements(),
+            Contains("SELECT Dcb_Cuenta FROM Documento_Cuenta_Bancaria WHERE Dcb_Tabla = 'CLIENTE' AND    "
+                     "Dcb_Documento = 'CL01' AND    Dcb_Banco = 'SIERRA' AND    Es_Cve_Estado <> 'BA' ORDER BY Dcb_ID "
+                     "ASC "));
         form.go_to(form.txtBanco);
         user.type("PUERTO").press(key_enter);
         EXPECT_EQ(form.txtCuenta.Text(), "0902-4");
@@ -388,20 +394,22 @@ TEST(Payment_method_dialog, a_failure_on_leaving_the_bank_is_reported_with_its_c
         dialog.company.mark();
         dialog.company.on.failing_statement = 2;  // after the validation of the key
         user.press(key_enter);
-        EXPECT_THAT(dialog.company.on.reports_in_full,
-                    ElementsAre(Report{obstructed::statement_failure, 16, "txtBanco_Enter()", "", "Cuvexa", "ERR-ID:7500006"}));
+        EXPECT_THAT(
+            dialog.company.on.reports_in_full,
+            ElementsAre(Report{obstructed::statement_failure, 16, "txtBanco_Enter()", "", "Cuvexa", "ERR-ID:7500006"}));
         EXPECT_EQ(user.focus(), "txtSucursal");
     });
 }
 
-// ---- Lists --------------------------------------------------------------------------------------------------------------------
+// ---- Lists ---------------------------------------------------------------------------------------------------------
 
 TEST(Payment_method_dialog, f2_lists_all_banks_for_a_document_without_accounts) {
     Scripted dialog;
     dialog.payment([&](frmFormaPago& form, Scripted_window& user) {
-        EXPECT_THAT(dialog.company.statements(),
-                    Contains("SELECT COUNT(Dcb_Id) as Cuentas FROM Documento_Cuenta_Bancaria WHERE Dcb_Tabla = 'CLIENTE' AND   "
-                             " Dcb_Documento = 'CL01' AND    Dcb_Banco <> '' "));
+        EXPECT_THAT(
+            dialog.company.statements(),
+            Contains("SELECT COUNT(Dcb_Id) as Cuentas FROM Documento_Cuenta_Bancaria WHERE Dcb_Tabla = 'CLIENTE' AND   "
+                     " Dcb_Documento = 'CL01' AND    Dcb_Banco <> '' "));
         user.choice = "PUERTO";
         user.press(key_f2);
         EXPECT_EQ(user.lists.at(0).title, "Bancos");
@@ -420,13 +428,14 @@ TEST(Payment_method_dialog, f2_lists_only_the_banks_that_the_document_has_used) 
         dialog.company.mark();
         user.press(key_f2);
         EXPECT_THAT(user.lists.at(0).rows, ElementsAre(ElementsAre("SIERRA", "Banco de la Sierra")));
-        EXPECT_THAT(dialog.company.statements(),
-                    ElementsAre("SELECT    DISTINCT Documento_Cuenta_Bancaria.Dcb_Banco AS BANCO,    Banco.Bn_Descripcion as "
-                                "DESCRIPCION, '' FROM Documento_Cuenta_Bancaria    INNER JOIN Banco ON Banco.Bn_Cve_Banco = "
-                                "Documento_Cuenta_Bancaria.Dcb_Banco WHERE    (Banco.Bn_Cve_Banco LIKE '%901%' OR    "
-                                "Banco.Bn_Codigo LIKE '%901%' OR    Banco.Bn_Descripcion LIKE '%901%') AND    "
-                                "(Documento_Cuenta_Bancaria.Dcb_Tabla = 'CLIENTE' AND    "
-                                "Documento_Cuenta_Bancaria.Dcb_Documento = 'CL01' )"));
+        EXPECT_THAT(
+            dialog.company.statements(),
+            ElementsAre("SELECT    DISTINCT Documento_Cuenta_Bancaria.Dcb_Banco AS BANCO,    Banco.Bn_Descripcion as "
+                        "DESCRIPCION, '' FROM Documento_Cuenta_Bancaria    INNER JOIN Banco ON Banco.Bn_Cve_Banco = "
+                        "Documento_Cuenta_Bancaria.Dcb_Banco WHERE    (Banco.Bn_Cve_Banco LIKE '%901%' OR    "
+                        "Banco.Bn_Codigo LIKE '%901%' OR    Banco.Bn_Descripcion LIKE '%901%') AND    "
+                        "(Documento_Cuenta_Bancaria.Dcb_Tabla = 'CLIENTE' AND    "
+                        "Documento_Cuenta_Bancaria.Dcb_Documento = 'CL01' )"));
     });
 }
 
@@ -456,13 +465,15 @@ TEST(Payment_method_dialog, the_account_field_lists_the_accounts_of_the_bank) {
         EXPECT_THAT(user.lists.at(0).columns, ElementsAre("CUENTA", "ID", "CLABE", "BANCO"));
         EXPECT_THAT(user.lists.at(0).rows, ElementsAre(ElementsAre("0901-1", "0001", "", "901 - Banco de la Sierra"),
                                                        ElementsAre("0901-4", "0004", "", "901 - Banco de la Sierra")));
-        EXPECT_THAT(dialog.company.statements(),
-                    ElementsAre("SELECT    Dcb_Cuenta AS CUENTA,    Dcb_ID AS ID,    Dcb_CLABE AS CLABE,    Banco.Bn_Codigo + ' - ' "
-                                "+ Banco.Bn_Descripcion AS BANCO FROM Documento_Cuenta_Bancaria    INNER JOIN Banco ON "
-                                "Documento_Cuenta_Bancaria.Dcb_Banco = Banco.Bn_Cve_Banco WHERE (Dcb_Tabla = 'CLIENTE' AND    "
-                                "Dcb_Documento = 'CL01' AND    Dcb_Banco = 'SIERRA' AND    "
-                                "Documento_Cuenta_Bancaria.Es_Cve_Estado <> 'BA' ) AND    (Dcb_Cuenta LIKE '%%') ORDER BY Dcb_ID "
-                                "ASC "));
+        EXPECT_THAT(
+            dialog.company.statements(),
+            ElementsAre(
+                "SELECT    Dcb_Cuenta AS CUENTA,    Dcb_ID AS ID,    Dcb_CLABE AS CLABE,    Banco.Bn_Codigo + ' - ' "
+                "+ Banco.Bn_Descripcion AS BANCO FROM Documento_Cuenta_Bancaria    INNER JOIN Banco ON "
+                "Documento_Cuenta_Bancaria.Dcb_Banco = Banco.Bn_Cve_Banco WHERE (Dcb_Tabla = 'CLIENTE' AND    "
+                "Dcb_Documento = 'CL01' AND    Dcb_Banco = 'SIERRA' AND    "
+                "Documento_Cuenta_Bancaria.Es_Cve_Estado <> 'BA' ) AND    (Dcb_Cuenta LIKE '%%') ORDER BY Dcb_ID "
+                "ASC "));
         EXPECT_EQ(form.txtCuenta.Text(), "0901-4");
     });
 }
@@ -476,7 +487,7 @@ TEST(Payment_method_dialog, f2_in_a_field_without_catalogue_opens_nothing) {
     });
 }
 
-// ---- Keys -------------------------------------------------------------------------------------------------------------------
+// ---- Keys ----------------------------------------------------------------------------------------------------------
 
 TEST(Payment_method_dialog, tab_and_enter_walk_through_what_is_asked) {
     Scripted dialog;
@@ -499,7 +510,7 @@ TEST(Payment_method_dialog, an_unknown_bank_does_not_hold_the_keyboard) {
     });
 }
 
-// ---- When it cannot be shown --------------------------------------------------------------------------------------------------
+// ---- When it cannot be shown ---------------------------------------------------------------------------------------
 
 TEST(Payment_method_dialog, without_a_toolkit_it_says_so_and_gives_the_empty_text) {
     Company company;

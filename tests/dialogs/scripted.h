@@ -26,7 +26,7 @@ class Scripted_window : public Form_window {
 public:
     explicit Scripted_window(Form& form) : form_(form) {}
 
-    // ---- The user -----------------------------------------------------------------------------------------------------
+    // ---- The user --------------------------------------------------------------------------------------------------
 
     Scripted_window& press(int code, bool shift = false) {
         form_.key_down(code, shift);
@@ -41,7 +41,7 @@ public:
     /// What the user chooses when the list opens; nothing: Esc.
     std::optional<std::string> choice;
 
-    // ---- What happened ------------------------------------------------------------------------------------------------
+    // ---- What happened ---------------------------------------------------------------------------------------------
 
     struct List {
         std::string title;
@@ -60,7 +60,7 @@ public:
     std::function<void(Control&)> on_refresh;
     bool hidden = false;
 
-    // ---- The window ---------------------------------------------------------------------------------------------------
+    // ---- The window ------------------------------------------------------------------------------------------------
 
     void refresh(Control& control) override {
         refreshed.push_back(control.Name());
@@ -111,7 +111,8 @@ public:
 
     std::string payment(const Payment_script& script) {
         toolkit->script = [&](Form& form, Scripted_window& user) { script(dynamic_cast<frmFormaPago&>(form), user); };
-        return company.treasury().PedirDatosFormaPago(method, table, document, bank, reference, account, bank_name, suggest);
+        return company.treasury().PedirDatosFormaPago(method, table, document, bank, reference, account, bank_name,
+                                                      suggest);
     }
 
     /// The module starts again, as a parameter may need, and keeps the toolkit.
@@ -123,8 +124,10 @@ public:
     /// An account that the document's party has used.
     void known_account(const std::string& id, const std::string& at_bank, const std::string& number,
                        const std::string& state = "AC") {
-        company.sql("INSERT INTO Documento_Cuenta_Bancaria (Dcb_Tabla, Dcb_Documento, Dcb_ID, Dcb_Banco, Dcb_Cuenta, "
-                    "Es_Cve_Estado) VALUES ('CLIENTE', 'CL01', '" + id + "', '" + at_bank + "', '" + number + "', '" + state + "')");
+        company.sql(
+            "INSERT INTO Documento_Cuenta_Bancaria (Dcb_Tabla, Dcb_Documento, Dcb_ID, Dcb_Banco, Dcb_Cuenta, "
+            "Es_Cve_Estado) VALUES ('CLIENTE', 'CL01', '" +
+            id + "', '" + at_bank + "', '" + number + "', '" + state + "')");
         company.mark();
     }
 

@@ -63,7 +63,9 @@ std::string missing_display() {
 
 #else
 
-std::string missing_display() { return ""; }
+std::string missing_display() {
+    return "";
+}
 
 #endif
 

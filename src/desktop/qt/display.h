@@ -5,8 +5,8 @@
 
 namespace cuvexa::qt {
 
-/// Why this process can show no window, in Spanish; empty when it can. Asked before the application object is made, because
-/// that ends the process when there is no display.
+/// Why this process can show no window, in Spanish; empty when it can. Asked before the application object is made,
+/// because that ends the process when there is no display.
 std::string missing_display();
 
 }  // namespace cuvexa::qt

@@ -25,7 +25,9 @@ QDate to_qt(Date date) {
     return QDate(day.year, day.month, day.day);
 }
 
-Date from_qt(QDate date) { return make_date(date.year(), date.month(), date.day()); }
+Date from_qt(QDate date) {
+    return make_date(date.year(), date.month(), date.day());
+}
 
 QFrame* line() {
     auto* frame = new QFrame;
@@ -107,7 +109,7 @@ Form_dialog::Form_dialog(Form& form, QWidget* parent) : QDialog(parent), form_(f
     setMinimumWidth(fontMetrics().averageCharWidth() * 96);
 }
 
-// ---- Widgets ----------------------------------------------------------------------------------------------------------
+// ---- Widgets -------------------------------------------------------------------------------------------------------
 
 void Form_dialog::add_rows(QGridLayout& grid) {
     for (const auto& row : form_.rows()) add_row(grid, row);
@@ -148,7 +150,8 @@ QWidget* Form_dialog::make_widget(Control& control) {
     if (auto* picker = dynamic_cast<DatePicker*>(&control)) return make_picker(*picker);
     if (auto* button = dynamic_cast<Bar_button*>(&control)) return make_button(*button);
     auto* label = new QLabel;
-    if (&control != form_.rows().front().label && form_.rows().back().field == &control) label->setProperty("role", "note");
+    if (&control != form_.rows().front().label && form_.rows().back().field == &control)
+        label->setProperty("role", "note");
     return label;
 }
 
@@ -159,9 +162,8 @@ QWidget* Form_dialog::make_field(LookupTextBox& field) {
     edit->setMinimumWidth(edit->fontMetrics().averageCharWidth() * (has_description ? 16 : 24));
     if (has_description) edit->setMaximumWidth(edit->fontMetrics().averageCharWidth() * 20);
     if (!field.idconsulta.empty() && !field.Locked()) edit->setToolTip(QStringLiteral("F2: lista"));
-    connect(edit, &QLineEdit::textEdited, this, [this, &field](const QString& text) {
-        act([&] { form_.type(field, text.toStdString()); });
-    });
+    connect(edit, &QLineEdit::textEdited, this,
+            [this, &field](const QString& text) { act([&] { form_.type(field, text.toStdString()); }); });
     return edit;
 }
 
@@ -183,8 +185,8 @@ QWidget* Form_dialog::make_picker(DatePicker& picker) {
     auto* edit = new QDateEdit;
     edit->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
     edit->setCalendarPopup(true);
-    // The arrow of the calendar stays. Without this a click beside the text takes a day away: the frame of a date with calendar
-    // has the number of a "down" button.
+    // The arrow of the calendar stays. Without this a click beside the text takes a day away: the frame of a date with
+    // calendar has the number of a "down" button.
     edit->setButtonSymbols(QAbstractSpinBox::NoButtons);
     edit->calendarWidget()->setFirstDayOfWeek(Qt::Sunday);
     edit->calendarWidget()->setGridVisible(false);
@@ -218,7 +220,7 @@ QWidget* Form_dialog::buttons() {
     return bar;
 }
 
-// ---- From the form to the widgets ---------------------------------------------------------------------------------------
+// ---- From the form to the widgets ----------------------------------------------------------------------------------
 
 void Form_dialog::refresh(Control& control) {
     const auto found = widgets_.find(&control);
@@ -267,7 +269,9 @@ void Form_dialog::set_focus(Control& control) {
     if (auto* date = qobject_cast<QDateEdit*>(found->second)) date->setSelectedSection(QDateEdit::DaySection);
 }
 
-void Form_dialog::hide() { done(QDialog::Accepted); }
+void Form_dialog::hide() {
+    done(QDialog::Accepted);
+}
 
 std::optional<std::string> Form_dialog::choose(Choice_list& list) {
     auto chosen = List_window(list, form_.colors(), this).choose();
@@ -275,7 +279,7 @@ std::optional<std::string> Form_dialog::choose(Choice_list& list) {
     return chosen;
 }
 
-// ---- From the user to the form --------------------------------------------------------------------------------------------
+// ---- From the user to the form -------------------------------------------------------------------------------------
 
 void Form_dialog::act(const std::function<void()>& body) {
     try {
@@ -306,7 +310,8 @@ bool Form_dialog::eventFilter(QObject* watched, QEvent* event) {
         const auto found = controls_.find(watched);
         if (found != controls_.end()) {
             // Later, when the focus has settled: the form may send it back.
-            QMetaObject::invokeMethod(this, [this, control = found->second] { focus_came(*control); }, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(
+                this, [this, control = found->second] { focus_came(*control); }, Qt::QueuedConnection);
         }
     }
     return QDialog::eventFilter(watched, event);

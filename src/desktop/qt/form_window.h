@@ -21,7 +21,7 @@ public:
     /// Shows the form until it hides. What its handlers threw ends it and is thrown here.
     void run();
 
-    // ---- What the form asks -------------------------------------------------------------------------------------------------
+    // ---- What the form asks ----------------------------------------------------------------------------------------
 
     void refresh(Control& control) override;
     void set_focus(Control& control) override;

@@ -82,7 +82,8 @@ void List_window::look_for(const QString& text) {
     table_->horizontalHeader()->setStretchLastSection(false);
     table_->resizeColumnsToContents();
     table_->resizeRowsToContents();
-    table_->horizontalHeader()->setStretchLastSection(isVisible());  // not yet while the window takes its width from the columns
+    table_->horizontalHeader()->setStretchLastSection(
+        isVisible());  // not yet while the window takes its width from the columns
     if (!rows_.empty()) table_->selectRow(0);
     const QString found = rows_.empty()       ? QStringLiteral("Sin coincidencias")
                           : rows_.size() == 1 ? QStringLiteral("1 renglón")

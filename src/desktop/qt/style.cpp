@@ -12,7 +12,9 @@ namespace {
 /// Type that is read without leaning forward.
 constexpr qreal least_point_size = 12;
 
-QString hex(std::uint32_t color) { return QStringLiteral("#%1").arg(color, 6, 16, QLatin1Char('0')); }
+QString hex(std::uint32_t color) {
+    return QStringLiteral("#%1").arg(color, 6, 16, QLatin1Char('0'));
+}
 
 constexpr const char* sheet = R"(
 QDialog { background: @form; border: 1px solid @border; }
@@ -62,10 +64,18 @@ QString style_sheet(const Suite_colors& colors, qreal point_size) {
     out.replace(QLatin1String("@size"), QString::number(point_size));
     // The longer names first: "@refused" is the beginning of "@refused_field".
     const std::pair<const char*, std::uint32_t> names[] = {
-        {"@refused_field", colors.refused_field}, {"@refused", colors.refused},        {"@on_accent", colors.accent_text},
-        {"@line", colors.locked_field},           {"@accent", colors.accent},               {"@disabled", colors.disabled_text}, {"@quiet", colors.quiet_text},
-        {"@locked", colors.locked_field},         {"@border", colors.border},          {"@field", colors.field},
-        {"@form", colors.form},                   {"@text", colors.text},
+        {"@refused_field", colors.refused_field},
+        {"@refused", colors.refused},
+        {"@on_accent", colors.accent_text},
+        {"@line", colors.locked_field},
+        {"@accent", colors.accent},
+        {"@disabled", colors.disabled_text},
+        {"@quiet", colors.quiet_text},
+        {"@locked", colors.locked_field},
+        {"@border", colors.border},
+        {"@field", colors.field},
+        {"@form", colors.form},
+        {"@text", colors.text},
     };
     for (const auto& [name, color] : names) out.replace(QLatin1String(name), hex(color));
     return out;
@@ -73,7 +83,9 @@ QString style_sheet(const Suite_colors& colors, qreal point_size) {
 
 }  // namespace
 
-QString label_text(const std::string& text) { return to_qt(text).replace(QLatin1Char('&'), QStringLiteral("&&")); }
+QString label_text(const std::string& text) {
+    return to_qt(text).replace(QLatin1Char('&'), QStringLiteral("&&"));
+}
 
 void dress(QWidget& window, const Suite_colors& colors) {
     window.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));

@@ -10,7 +10,9 @@
 
 namespace cuvexa::qt {
 
-inline QString to_qt(const std::string& text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
+inline QString to_qt(const std::string& text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
 
 /// A text of a label, in which an ampersand is an ampersand.
 QString label_text(const std::string& text);

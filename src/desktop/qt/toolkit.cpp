@@ -76,6 +76,8 @@ private:
 
 }  // namespace
 
-std::shared_ptr<Dialog_toolkit> make_qt_toolkit() { return std::make_shared<Qt_toolkit>(); }
+std::shared_ptr<Dialog_toolkit> make_qt_toolkit() {
+    return std::make_shared<Qt_toolkit>();
+}
 
 }  // namespace cuvexa
