@@ -28,7 +28,7 @@ private:
 };
 
 /// Writes a database of the sample company with `receipts` stored receipts of two lines, deposited by tens, and as many
-/// checks of two lines as a tenth of that.
+/// applied checks of two lines as a tenth of that, with their movements and balances: the audit finds nothing in it.
 void write_database(const std::filesystem::path& file, std::int64_t receipts);
 
 /// Keeps the texts that pass through, so that they can be replayed bare.
