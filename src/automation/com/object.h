@@ -1,0 +1,58 @@
+// What every object of the servers shares: counting, finding its interfaces, and keeping the library loaded.
+#pragma once
+
+#include <atomic>
+
+#include "automation/com/pointers.h"
+
+namespace cuvexa::com {
+
+/// Objects alive and locks held in this library; while there are any it stays loaded.
+inline std::atomic<long> objects_alive{0};
+
+/// An object with one interface, derived from IDispatch, and IUnknown. Born with one reference.
+template <class Interface = IDispatch>
+class Dispatch_object : public Interface {
+public:
+    Dispatch_object() { ++objects_alive; }
+    Dispatch_object(const Dispatch_object&) = delete;
+    Dispatch_object& operator=(const Dispatch_object&) = delete;
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
+        if (!object) return E_POINTER;
+        *object = find(iid);
+        if (!*object) return E_NOINTERFACE;
+        this->AddRef();
+        return S_OK;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return static_cast<ULONG>(++references_); }
+    ULONG STDMETHODCALLTYPE Release() override {
+        const long left = --references_;
+        if (left == 0) delete this;
+        return static_cast<ULONG>(left);
+    }
+
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
+        if (!count) return E_POINTER;
+        *count = 0;
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo** info) override {
+        if (info) *info = nullptr;
+        return DISP_E_BADINDEX;
+    }
+
+protected:
+    virtual ~Dispatch_object() { --objects_alive; }
+
+    /// The interface, not counted; null when there is none.
+    virtual void* find(REFIID iid) {
+        const bool known = IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IDispatch);
+        return known ? static_cast<IDispatch*>(this) : nullptr;
+    }
+
+private:
+    std::atomic<long> references_{1};
+};
+
+}  // namespace cuvexa::com
