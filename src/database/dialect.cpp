@@ -69,15 +69,15 @@ constexpr std::array sqlite_statements{
 
 constexpr Dialect sqlite{sqlite_functions, sqlite_types, sqlite_statements, "NOCASE", "cuvexa_single"};
 
-void add_pieces(const Nodes& nodes, std::vector<Translation::Piece>& pieces);
+void add_pieces(const Nodes& nodes, bool folds_names, std::vector<Translation::Piece>& pieces);
 
-void add_piece(const Node& node, std::vector<Translation::Piece>& pieces) {
+void add_piece(const Node& node, bool folds_names, std::vector<Translation::Piece>& pieces) {
     switch (node.kind) {
         case Node::Kind::token:
-            pieces.push_back({node.text, node.literal, node.pinned});
+            pieces.push_back({node.text, node.literal, node.pinned, folds_names && node.token == Token_kind::quoted_name});
             return;
         case Node::Kind::span:
-            add_pieces(node.children, pieces);
+            add_pieces(node.children, folds_names, pieces);
             return;
         case Node::Kind::group:
             pieces.push_back({"("});
@@ -86,12 +86,12 @@ void add_piece(const Node& node, std::vector<Translation::Piece>& pieces) {
             pieces.push_back({"CASE"});
             break;
     }
-    add_pieces(node.children, pieces);
+    add_pieces(node.children, folds_names, pieces);
     pieces.push_back({node.kind == Node::Kind::group ? ")" : "END"});
 }
 
-void add_pieces(const Nodes& nodes, std::vector<Translation::Piece>& pieces) {
-    for (const Node& node : nodes) add_piece(node, pieces);
+void add_pieces(const Nodes& nodes, bool folds_names, std::vector<Translation::Piece>& pieces) {
+    for (const Node& node : nodes) add_piece(node, folds_names, pieces);
 }
 
 bool is_definition(const Nodes& nodes) {
@@ -113,6 +113,25 @@ std::string_view engine_literal(std::string_view literal) {
     return literal.front() == 'N' || literal.front() == 'n' ? literal.substr(1) : literal;
 }
 
+// [Name] as "name"; only the letters that the engine folds itself.
+std::string folded_name(std::string_view name) {
+    const char mark = name.front() == '[' ? ']' : name.front();
+    std::string result = "\"";
+    for (std::size_t i = 1; i + 1 < name.size(); ++i) {
+        result += lower_ascii(name[i]);
+        if (name[i] == mark) ++i;
+        if (name[i] == '"') result += '"';
+    }
+    return result += '"';
+}
+
+void add_text(std::string& result, const Translation::Piece& piece) {
+    if (piece.folded_name)
+        result += folded_name(piece.text);
+    else
+        result += piece.literal >= 0 ? engine_literal(piece.text) : piece.text;
+}
+
 }  // namespace
 
 const Dialect& sqlite_dialect() {
@@ -130,7 +149,7 @@ std::string Translation::with_literals() const {
     std::string result;
     for (const Piece& piece : pieces_) {
         if (!result.empty()) result += ' ';
-        result += piece.literal >= 0 ? engine_literal(piece.text) : piece.text;
+        add_text(result, piece);
     }
     return result;
 }
@@ -140,26 +159,28 @@ std::string Translation::with_parameters() const {
     for (const Piece& piece : pieces_) {
         if (!result.empty()) result += ' ';
         if (piece.literal < 0 || piece.pinned)
-            result += piece.text;
+            add_text(result, piece);
         else
             (result += '?') += std::to_string(piece.literal + 1);
     }
     return result;
 }
 
-Translation translate(std::string_view text, const std::vector<Token>& tokens, const Dialect& dialect) {
+Translation translate(std::string_view text, const std::vector<Token>& tokens, const Dialect& dialect,
+                      const Date_columns& dates) {
     std::vector<Translation::Piece> pieces;
     std::optional<Nodes> nodes = parse_tree(text, tokens);
     if (!nodes) {
-        add_pieces(flat_nodes(text, tokens), pieces);
+        add_pieces(flat_nodes(text, tokens), dialect.folds_names, pieces);
         return {std::move(pieces), true};
     }
     for (const Statement_rule& rule : dialect.statements)
         if (is_statement(*nodes, rule.statement)) return {{{rule.replacement}}, true};
     const bool definition = is_definition(*nodes);
+    if (!dates.empty() && !definition) fill_empty_dates(*nodes, dates);
     add_pieces(
         definition ? rewrite_definition(std::move(*nodes), dialect) : rewrite_statement(std::move(*nodes), dialect),
-        pieces);
+        dialect.folds_names, pieces);
     return {std::move(pieces), !definition};
 }
 

@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -61,6 +62,9 @@ struct Dialect {
     /// Cast written after a text expression that is not a column, for engines whose texts compare by their type; empty:
     /// none.
     std::string_view text_cast = {};
+
+    /// The engine keeps names in lower case and takes a marked name to the letter: [Name] is written "name".
+    bool folds_names = false;
 };
 
 /// SQLite with the functions that `install_functions` adds.
@@ -68,6 +72,9 @@ const Dialect& sqlite_dialect();
 
 /// PostgreSQL with the extension citext.
 const Dialect& postgresql_dialect();
+
+/// Columns that hold dates, by name in lower case. A name is here when it names a date wherever it names a column.
+using Date_columns = std::unordered_set<std::string>;
 
 /// A statement rewritten. Refers into the text it was made from and into the tables of its dialect.
 class Translation {
@@ -89,6 +96,7 @@ public:
         std::string_view text;
         int literal = -1;  ///< position among the literals of the source, or -1
         bool pinned = false;
+        bool folded_name = false;  ///< a marked name, to be written as the engine keeps it
     };
 
     Translation(std::vector<Piece> pieces, bool takes_parameters)
@@ -99,7 +107,9 @@ private:
     bool takes_parameters_;
 };
 
-/// Rewrites a statement that `tokenize` has read. What it does not know it passes on as it stands.
-Translation translate(std::string_view text, const std::vector<Token>& tokens, const Dialect& dialect);
+/// Rewrites a statement that `tokenize` has read. What it does not know it passes on as it stands. An empty text that is
+/// put into one of `dates`, or compared with it, becomes 1 January 1900, for which SQL Server takes it.
+Translation translate(std::string_view text, const std::vector<Token>& tokens, const Dialect& dialect,
+                      const Date_columns& dates = {});
 
 }  // namespace cuvexa

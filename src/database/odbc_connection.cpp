@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/case.h"
 #include "cuvexa/errors.h"
 #include "database/batch.h"
 #include "database/connection_string.h"
@@ -214,6 +215,23 @@ Server_kind kind_of(std::string_view name) {
     return name.find("PostgreSQL") != std::string_view::npos ? Server_kind::postgresql : Server_kind::sql_server;
 }
 
+constexpr std::string_view date_columns_query =
+    "SELECT LOWER(column_name) AS column_name FROM information_schema.columns "
+    "WHERE table_schema = ANY (current_schemas(false)) GROUP BY LOWER(column_name) "
+    "HAVING BOOL_AND(data_type IN ('date', 'timestamp without time zone', 'timestamp with time zone'))";
+
+bool is_definition(std::string_view text, const std::vector<Token>& tokens) {
+    if (tokens.empty()) return false;
+    const std::string_view first = tokens.front().in(text);
+    return same_text(first, "CREATE") || same_text(first, "ALTER") || same_text(first, "DROP");
+}
+
+bool has_empty_text(std::string_view text, const std::vector<Token>& tokens) {
+    return std::any_of(tokens.begin(), tokens.end(), [&](const Token& token) {
+        return token.kind == Token_kind::text && (token.in(text) == "''" || same_text(token.in(text), "N''"));
+    });
+}
+
 }  // namespace
 
 class Odbc_connection::Session {
@@ -242,7 +260,13 @@ public:
             refuse_batch(text, tokens_);
             return run(text);
         }
-        return run(cuvexa::translate(text, tokens_, postgresql_dialect()).with_literals());
+        return run(translated(text));
+    }
+
+    /// The statement as PostgreSQL takes it.
+    std::string translate(std::string_view text) {
+        tokenize(text, tokens_);
+        return translated(text);
     }
 
     /// Runs a text in the server's own words.
@@ -274,6 +298,24 @@ public:
     const std::string& name() const noexcept { return name_; }
 
 private:
+    // `tokens_` are those of the text.
+    std::string translated(std::string_view text) {
+        const bool definition = is_definition(text, tokens_);
+        if (definition) dates_.reset();
+        const Date_columns none;
+        const Date_columns& dates = !definition && has_empty_text(text, tokens_) ? known_dates() : none;
+        return cuvexa::translate(text, tokens_, postgresql_dialect(), dates).with_literals();
+    }
+
+    // Asked of the server when a statement first needs it, and again after a definition of this session.
+    const Date_columns& known_dates() {
+        if (dates_) return *dates_;
+        const auto rows = run(date_columns_query);
+        dates_.emplace();
+        for (; !rows->eof(); rows->move_next()) dates_->insert(to_text(rows->field("column_name")));
+        return *dates_;
+    }
+
     void connect(const std::string& connection_string, const Odbc_options& options) {
         SQLSetConnectAttrW(*database_, SQL_ATTR_LOGIN_TIMEOUT,
                            number_attribute(static_cast<std::uintptr_t>(options.login_timeout_s)), 0);
@@ -342,6 +384,7 @@ private:
     bool connected_ = false;
     bool lost_ = false;
     std::vector<Token> tokens_;
+    std::optional<Date_columns> dates_;
 };
 
 Odbc_connection::Odbc_connection(const std::string& connection_string, const Odbc_options& options)
@@ -372,9 +415,7 @@ const std::string& Odbc_connection::server_name() const noexcept {
 
 std::string Odbc_connection::translate(std::string_view text) const {
     if (session_->kind() == Server_kind::sql_server) return std::string(text);
-    std::vector<Token> tokens;
-    tokenize(text, tokens);
-    return cuvexa::translate(text, tokens, postgresql_dialect()).with_literals();
+    return session_->translate(text);
 }
 
 }  // namespace cuvexa

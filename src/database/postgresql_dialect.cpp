@@ -61,7 +61,7 @@ constexpr std::array statements{
     Statement_rule{"ROLLBACK TRAN", "ROLLBACK TRANSACTION"},
 };
 
-constexpr Dialect postgresql{functions, types, statements, "", "", "::citext"};
+constexpr Dialect postgresql{functions, types, statements, "", "", "::citext", true};
 
 }  // namespace
 

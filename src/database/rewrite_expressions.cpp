@@ -59,7 +59,7 @@ public:
         result.reserve(nodes.size());
         for (Node& node : nodes) {
             clause = clause_after(node, clause);
-            node.pinned = clause == Clause::order && is_position(result, node);
+            node.pinned |= clause == Clause::order && is_position(result, node);
             if (is_hint(result, node, clause)) {
                 result.pop_back();
             } else if (node.is_group()) {

@@ -19,6 +19,9 @@ Nodes rewrite_expressions(Nodes nodes, const Dialect& dialect);
 /// What concerns one query as a whole, its expressions being rewritten: TOP.
 void rewrite_query(Nodes& query);
 
+/// '' where a date is wanted, as the date that SQL Server takes it for.
+void fill_empty_dates(Nodes& statement, const Date_columns& dates);
+
 /// UPDATE … SET … FROM … with the target joined, as the form in which FROM names the other tables only.
 void rewrite_update(Nodes& nodes);
 

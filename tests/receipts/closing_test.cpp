@@ -409,13 +409,21 @@ TEST_F(Receipt_closing, a_folio_with_a_quote_fails_in_the_database_and_changes_n
 
 TEST_F(Receipt_closing, credit_days_that_are_no_number_are_a_failure_under_the_tag) {
     capture("04", "PV01", {cash(100)});
-    company.sql("UPDATE Proveedor SET Pv_Dias_Credito = 'treinta' WHERE Pv_Cve_Proveedor = 'PV01'");
+    // In a suite that keeps them as a text.
+    company.sql("DROP TABLE Proveedor");
+    company.sql("CREATE TABLE Proveedor (Pv_Cve_Proveedor varchar(60), Pv_Descripcion varchar(60), "
+                "Gp_Cve_Grupo_Proveedor varchar(60), Pv_Dias_Credito varchar(60), Pv_Cuenta_Contable varchar(60), "
+                "Oper_Alta varchar(60), Fecha_Alta datetime, Oper_Ult_Modif varchar(60), Fecha_Ult_Modif datetime, "
+                "Oper_Baja varchar(60), Fecha_Baja datetime, Es_Cve_Estado varchar(10))");
+    company.sql("INSERT INTO Proveedor (Pv_Cve_Proveedor, Pv_Dias_Credito, Es_Cve_Estado) VALUES ('PV01', 'treinta', 'AC')");
     EXPECT_FALSE(close());
     EXPECT_EQ(error(), tag + "No coinciden los tipos");
-    company.sql("UPDATE Proveedor SET Pv_Dias_Credito = 40000 WHERE Pv_Cve_Proveedor = 'PV01'");
+    company.sql("UPDATE Proveedor SET Pv_Dias_Credito = '40000' WHERE Pv_Cve_Proveedor = 'PV01'");
     EXPECT_FALSE(close());
     EXPECT_EQ(error(), tag + "Desbordamiento");
     EXPECT_EQ(states(), "AC ");
+    // The next test on a server makes its schema anew.
+    company.sql("DROP TABLE Proveedor");
 }
 
 TEST_F(Receipt_closing, a_receipt_without_date_is_a_failure_under_the_tag) {

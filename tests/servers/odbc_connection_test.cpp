@@ -100,6 +100,35 @@ TEST_F(Odbc, a_date_comes_back_as_a_date) {
     EXPECT_EQ(to_text(value("SELECT Fecha AS V FROM Prueba")), "2024-02-29");
 }
 
+TEST_F(Odbc, an_empty_text_in_a_column_of_dates_is_the_first_of_january_of_1900) {
+    const Date first = make_date(1900, 1, 1);
+    session->execute("INSERT INTO Prueba (Llave, Texto, Fecha) VALUES (1, '', '')");
+    EXPECT_EQ(std::get<Date>(value("SELECT Fecha AS V FROM Prueba")), first);
+    EXPECT_EQ(to_text(value("SELECT Texto AS V FROM Prueba")), "");
+    session->execute("UPDATE Prueba SET Fecha = '20240229'");
+    EXPECT_EQ(to_number(value("SELECT COUNT(*) AS V FROM Prueba WHERE Fecha > '' AND Prueba.Fecha <> ''")), 1);
+    session->execute("UPDATE Prueba SET Fecha = ''");
+    EXPECT_EQ(std::get<Date>(value("SELECT Fecha AS V FROM Prueba")), first);
+}
+
+TEST_F(Odbc, a_table_made_by_the_session_has_its_dates_known) {
+    session->execute("UPDATE Prueba SET Texto = ''");
+    session->execute("DROP TABLE Prueba");
+    session->execute("CREATE TABLE Prueba (Llave int, Texto datetime, Fecha varchar(10))");
+    session->execute("INSERT INTO Prueba (Texto, Fecha) VALUES ('', '')");
+    EXPECT_EQ(std::get<Date>(value("SELECT Texto AS V FROM Prueba")), make_date(1900, 1, 1));
+    EXPECT_EQ(std::get<std::string>(value("SELECT Fecha AS V FROM Prueba")), "");
+}
+
+TEST_F(Odbc, a_name_in_brackets_may_be_a_word_of_the_language_in_any_case) {
+    session->execute("DROP TABLE Prueba");
+    session->execute("CREATE TABLE [Prueba] ([Order] int, [Group] varchar(10))");
+    session->execute("INSERT INTO [PRUEBA] ([ORDER], [Group]) VALUES (1, '[x]')");
+    const auto rows = session->execute("SELECT [prueba].[order] AS [User], Prueba.[GROUP] FROM Prueba");
+    EXPECT_EQ(to_number(rows->field("USER")), 1);
+    EXPECT_EQ(to_text(rows->field("Group")), "[x]");
+}
+
 TEST_F(Odbc, null_is_neither_empty_nor_zero) {
     session->execute("INSERT INTO Prueba (Llave, Texto) VALUES (1, NULL)");
     const auto rows = session->execute("SELECT Texto, Numero, Fecha FROM Prueba");

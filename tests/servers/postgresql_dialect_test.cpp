@@ -62,6 +62,35 @@ TEST(Postgresql_dialect, columns_have_its_types) {
               "d smallint , PRIMARY KEY ( a ) )");
 }
 
+std::string with_dates(std::string_view text) {
+    std::vector<Token> tokens;
+    tokenize(text, tokens);
+    return translate(text, tokens, postgresql_dialect(), {"f", "fecha_alta"}).with_literals();
+}
+
+TEST(Postgresql_dialect, an_empty_text_put_into_a_date_is_its_first_day) {
+    EXPECT_EQ(with_dates("INSERT INTO T (a, F, Fecha_Alta) VALUES ('', '', N''), ('', '2024-03-15', '')"),
+              "INSERT INTO T ( a , F , Fecha_Alta ) VALUES ( '' , '1900-01-01' , '1900-01-01' ) , "
+              "( '' , '2024-03-15' , '1900-01-01' )");
+    EXPECT_EQ(with_dates("INSERT T (f, a) SELECT '', '' FROM X WHERE b IN ('', 'z')"),
+              "INSERT INTO T ( f , a ) SELECT '1900-01-01' , '' FROM X WHERE b IN ( '' , 'z' )");
+    EXPECT_EQ(with_dates("UPDATE T SET a = '', f = '' WHERE a = ''"), "UPDATE T SET a = '' , f = '1900-01-01' WHERE a = ''");
+}
+
+TEST(Postgresql_dialect, an_empty_text_compared_with_a_date_is_its_first_day) {
+    EXPECT_EQ(with_dates("SELECT a FROM T WHERE T.[F] <> '' AND '' < T.f AND a <> ''"),
+              "SELECT a FROM T WHERE T . \"f\" <> '1900-01-01' AND '1900-01-01' < T . f AND a <> ''");
+    EXPECT_EQ(with_dates("SELECT ISNULL(T.f, '') FROM T WHERE ISNULL(a, '') = ''"),
+              "SELECT COALESCE( T . f , '1900-01-01' ) FROM T WHERE COALESCE( a , '' ) ::citext = ''");
+}
+
+TEST(Postgresql_dialect, a_name_in_marks_is_written_as_the_engine_keeps_it) {
+    EXPECT_EQ(postgresql("SELECT [Order].[Saldo_Año] AS \"Total\" FROM [dbo].[Order] WHERE [a]]b\"c] = '[x]'"),
+              "SELECT \"order\" . \"saldo_año\" AS \"total\" FROM \"order\" WHERE \"a]b\"\"c\" = '[x]'");
+    EXPECT_EQ(postgresql("CREATE TABLE [T] ([Primary] [varchar](60) NOT NULL)"),
+              "CREATE TABLE \"t\" ( \"primary\" citext NOT NULL )");
+}
+
 TEST(Connection_string, a_server_is_told_from_a_file) {
     EXPECT_TRUE(is_connection_string("Driver=FreeTDS;Server=x"));
     EXPECT_TRUE(is_connection_string("DSN=caja"));
