@@ -115,13 +115,23 @@ std::string Suite_context::next_folio(const std::string& branch, const std::stri
             "WHERE Fs_Codigo = '{}' AND Fs_Sucursal = '{}' AND Fs_Abierta = 'SI'",
             code, branch);
         if (!taken.eof()) return folio_text(code, branch, static_cast<std::int64_t>(taken.number("Fs_Ultimo")));
+        begin_series(code, branch);
+    }
+    why = filled("La serie de folios de {} de la sucursal: {}, está cerrada; ábrala antes de continuar", code, branch);
+    return {};
+}
+
+void Suite_context::begin_series(std::string_view code, std::string_view branch) {
+    try {
         execute(
             "INSERT INTO Folio_Serie (Fs_Codigo, Fs_Sucursal, Fs_Ultimo, Fs_Abierta) SELECT '{}', '{}', 0, 'SI' "
             "WHERE NOT EXISTS (SELECT Fs_Codigo FROM Folio_Serie WHERE Fs_Codigo = '{}' AND Fs_Sucursal = '{}')",
             code, branch, code, branch);
+    } catch (const Database_error&) {
+        // A server may look in two sessions at once and find no series in either; then the other one has begun it.
+        if (query("SELECT Fs_Codigo FROM Folio_Serie WHERE Fs_Codigo = '{}' AND Fs_Sucursal = '{}'", code, branch).eof())
+            throw;
     }
-    why = filled("La serie de folios de {} de la sucursal: {}, está cerrada; ábrala antes de continuar", code, branch);
-    return {};
 }
 
 std::string Suite_context::take_folio(const std::string& branch, const std::string& document_code) {

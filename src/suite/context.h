@@ -120,6 +120,7 @@ public:
     bool is_period_closed(Date date, std::string_view module);
 
 private:
+    void begin_series(std::string_view code, std::string_view branch);
     std::string period_state(Date date, std::string_view module);
 
     Connection& connection_;

@@ -37,5 +37,43 @@ TEST(Two_sessions, never_get_the_same_folio_and_begin_one_series) {
     for (const char* tail : {"", "-wal", "-shm"}) std::filesystem::remove(path + tail);
 }
 
+/// A server on which another session begins the series between the look and the insertion; or, without `other`, one that
+/// does not let this session insert.
+class Series_begun_meanwhile : public Connection {
+public:
+    Series_begun_meanwhile(Connection& rows, bool other) : rows_(rows), other_(other) {}
+
+    std::unique_ptr<Recordset> execute(std::string_view text) override {
+        if (!text.starts_with("INSERT INTO Folio_Serie")) return rows_.execute(text);
+        if (other_) rows_.execute(text);
+        throw Database_error("llave duplicada");
+    }
+
+private:
+    Connection& rows_;
+    bool other_;
+};
+
+TEST(Two_sessions, that_begin_one_series_in_the_same_moment_both_get_a_folio) {
+    Sqlite_connection rows(":memory:", {.synchronous = Synchronous::off});
+    run_script(rows, schema_sql());
+    Series_begun_meanwhile connection(rows, true);
+    Reference_suite suite(connection);
+    EXPECT_EQ(suite.data()->GetNextFolio("MTY", "RECIBO_PAGO"), "RP-MTY-00000001");
+}
+
+TEST(Two_sessions, a_series_that_cannot_be_begun_is_a_failure_with_the_database_s_words) {
+    Sqlite_connection rows(":memory:", {.synchronous = Synchronous::off});
+    run_script(rows, schema_sql());
+    Series_begun_meanwhile connection(rows, false);
+    Reference_suite suite(connection);
+    try {
+        suite.data()->GetNextFolio("MTY", "RECIBO_PAGO");
+        FAIL() << "it gave a folio";
+    } catch (const Database_error& error) {
+        EXPECT_STREQ(error.what(), "llave duplicada");
+    }
+}
+
 }  // namespace
 }  // namespace cuvexa::testing
