@@ -67,7 +67,7 @@ SIZE Error_window::natural_size() {
         from = to + 2;
     }
     // A little more than measured: the field keeps a margin of its own.
-    width = std::clamp(width + px(12), px(300), looks().char_width() * 80);
+    width = std::clamp(width + px(12), px(300), looks().letters(80));
     const int text = std::max(text_height(width) + px(10) + looks().height_of(place_text_, width), icon_size());
     return {text_left() + width + px(24), px(22) + text + px(18) + button_height() + px(18)};
 }

@@ -136,7 +136,7 @@ SIZE Form_dialog::natural_size() {
     const int rows = static_cast<int>(form_.rows().size());
     const int height = px(18) + looks().line_height(looks().title()) + px(12) + px(12) + rows * (looks().field_height() + px(10)) + px(4) +
                        px(12) + looks().field_height() + px(6) + px(18);
-    return {looks().char_width() * 96, height};
+    return {looks().letters(96), height};
 }
 
 void Form_dialog::arrange(SIZE inside) {
@@ -333,7 +333,8 @@ void Form_dialog::started() {
 bool Form_dialog::calendar_open() const {
     const auto* picker = dynamic_cast<const DatePicker*>(form_.active());
     const HWND window = picker ? window_of(*picker) : nullptr;
-    return window && SendMessageW(window, DTM_GETMONTHCAL, 0, 0) != 0;
+    const LRESULT month = window ? SendMessageW(window, DTM_GETMONTHCAL, 0, 0) : 0;
+    return month != 0 && IsWindowVisible(reinterpret_cast<HWND>(month));
 }
 
 bool Form_dialog::key_pressed(int key) {

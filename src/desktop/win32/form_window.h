@@ -56,7 +56,7 @@ private:
 
     // Sizes and places.
     int label_width();
-    int field_width() { return looks().char_width() * 20 + px(18); }
+    int field_width() { return looks().letters(20) + px(18); }
     int arrange_row(const Form_row& row, int y, SIZE inside);
     void place_item(Item& item, int x, int y, int width);
     void arrange_buttons(int y, SIZE inside);

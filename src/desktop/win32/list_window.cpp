@@ -90,8 +90,7 @@ SIZE List_window::natural_size() {
         column_widths_.push_back(width + px(24));
         whole += column_widths_.back();
     }
-    const int unit = looks().char_width();
-    return {std::clamp(whole + px(36), unit * 60, unit * 140), unit * 46};
+    return {std::clamp(whole + px(36), looks().letters(60), looks().letters(140)), looks().letters(46)};
 }
 
 void List_window::arrange(SIZE inside) {

@@ -43,8 +43,7 @@ Looks::Looks(const Suite_colors& colors, int dpi) : colors_(colors), dpi_(dpi) {
     text_ = make_font(points_, FW_NORMAL, face_.lfFaceName, DEFAULT_PITCH);
     bold_ = make_font(points_, FW_BOLD, face_.lfFaceName, DEFAULT_PITCH);
     title_ = make_font(points_ + 3, FW_BOLD, face_.lfFaceName, DEFAULT_PITCH);
-    const std::wstring letters = L"abcdefghijklmnopqrstuvwxyz";
-    char_width_ = std::max(1, width_of(letters, text()) / static_cast<int>(letters.size()));
+    alphabet_width_ = width_of(L"abcdefghijklmnopqrstuvwxyz", text());
 }
 
 Owned<HFONT> Looks::make_font(int points, int weight, const wchar_t* face, BYTE pitch) const {

@@ -39,7 +39,8 @@ public:
     HFONT named(const std::string& name);
 
     int line_height(HFONT font) const;
-    int char_width() const { return char_width_; }
+    /// The width of so many letters, as they are on average.
+    int letters(int count) const { return MulDiv(alphabet_width_, count, 26); }
     int width_of(const std::wstring& text, HFONT font) const;
     /// The height of a text that is broken into lines of that width.
     int height_of(const std::wstring& text, int width) const;
@@ -70,7 +71,7 @@ private:
     Owned<HFONT> title_;
     std::map<std::string, Owned<HFONT>> named_;
     std::map<std::uint32_t, Owned<HBRUSH>> brushes_;
-    int char_width_ = 0;
+    int alphabet_width_ = 0;
 };
 
 }  // namespace cuvexa::win32
