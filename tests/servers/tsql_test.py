@@ -1,17 +1,22 @@
 #!/usr/bin/python3
 """Every statement of a full run is T-SQL: the trace of the demonstration, the suite's administration and the audit parses
-with a parser of that dialect, but for the statements that must fail by contract.
+with a parser of that dialect. Two statements must fail by contract, and do: the balance of firm movements is no statement,
+and the cancellation of a deposit of a receipt whose lines are in two states has a sub-select that gives two values.
 
     tsql_test.py CUVEXA
 
 CUVEXA is the program. The status is 77 where the parser (package python3-sqlglot) is not installed.
 """
+import contextlib
 import json
 import os
 import re
+import sqlite3
 import subprocess
 import sys
 import tempfile
+
+from users import ACCOUNT, Refused, User
 
 try:
     import sqlglot
@@ -55,6 +60,28 @@ def statements_of(trace):
         return [json.loads(line) for line in lines]
 
 
+def statements_that_must_fail(program, database, trace):
+    """What failed of the trace of the two."""
+    user = User(program, database, trace)
+    saldo = user.ask("call", {"object": user.object, "member": "GetSaldo", "args": [ACCOUNT, True]})["value"]
+    answers = [saldo == 0 and user.get("Error").startswith("Cuvexa.dll - GetSaldo()\r\n")]
+    receipt = user.receive(10000, lines=2, between=lambda folio: applied(database, folio))
+    try:
+        user.call("Cancelar_Deposito", receipt.deposit)
+    except Refused as refusal:
+        answers.append(str(refusal).startswith("Cancelar_Deposito: Cuvexa.dll - Cancelar_Deposito()\r\n"))
+    user.stop()
+    if answers != [True, True]:
+        sys.exit("the operations whose statements must fail did not say so")
+    return [entry for entry in statements_of(trace) if entry["error"]]
+
+
+def applied(database, folio):
+    """One of the receipt's lines is applied, which no operation does to one line alone."""
+    with contextlib.closing(sqlite3.connect(database)) as rows, rows:
+        rows.execute("UPDATE Recibo_Pago SET Es_Cve_Estado = 'AP' WHERE Rp_Folio = ? AND Rp_Id = '0002'", (folio,))
+
+
 def main():
     program = sys.argv[1]
     with tempfile.TemporaryDirectory() as folder:
@@ -72,9 +99,7 @@ def main():
 
         good = statements_of(trace)
 
-        os.remove(trace)
-        run(program, "rpc", *options, input="".join(json.dumps(request) + "\n" for request in FIRM_BALANCE))
-        firm = [entry for entry in statements_of(trace) if "SUM(" in entry["text"]]
+        failing = statements_that_must_fail(program, database, os.path.join(folder, "failing"))
 
     failures = [entry["text"] for entry in good if not parses(entry["text"])]
     for text in failures:
@@ -82,20 +107,15 @@ def main():
     failed = [entry for entry in good if entry["error"]]
     for entry in failed:
         print("failed on the way:", entry["text"], entry["error"])
-    refused = [entry for entry in firm if entry["error"]]
-    if len(refused) != 1 or parses(refused[0]["text"]):
-        print("the balance of firm movements was expected to be no statement:", firm)
-        failures.append("GetSaldo")
+    expected = [("SELECT SUM(Bm_Importe) as Saldo ", False), ("UPDATE Recibo_Pago SET    Es_Cve_Estado = (SELECT ", True)]
+    if len(failing) != 2 or any(not entry["text"].startswith(text) or parses(entry["text"]) != parsing
+                                for entry, (text, parsing) in zip(failing, expected)):
+        print("these two were expected to fail:", expected, "and these did:", failing)
+        failures.append("")
     shapes = len({entry["text"] for entry in good})
     print(f"{len(good)} statements, {shapes} different, {len(failures)} that do not parse")
     sys.exit(1 if failures or failed or len(good) < 500 else 0)
 
-
-FIRM_BALANCE = [
-    {"jsonrpc": "2.0", "id": 1, "method": "create", "params": {"class": "Tesoreria"}},
-    {"jsonrpc": "2.0", "id": 2, "method": "call",
-     "params": {"object": 1, "member": "GetSaldo", "args": ["SRR-MXN", True]}},
-]
 
 if __name__ == "__main__":
     main()
