@@ -10,20 +10,16 @@ endif()
 cuvexa_library(com ROOMS automation/com USES automation)
 target_link_libraries(cuvexa_com PUBLIC ole32 oleaut32 uuid advapi32)
 
-# cuvexa_server(<target> <name> ROOMS <room>... USES <library>...): the in-process server <name>.dll of the rooms' sources with the
-# definition file and the resources that stand beside them. Nothing but the system's own DLLs is needed to load it, and the same
-# sources give the same file.
+# cuvexa_server(<target> <name> ROOMS <room>... USES <library>...): the in-process server <name>.dll of the rooms' sources and the
+# definition file beside them. Nothing but the system's own DLLs is needed to load it, and the same sources give the same file.
 enable_language(RC)
 function(cuvexa_server target name)
     cmake_parse_arguments(arg "" "" "ROOMS;USES" ${ARGN})
     cuvexa_sources(sources ${arg_ROOMS})
     list(GET arg_ROOMS 0 room)
-    file(GLOB beside CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/${room}/*.def ${PROJECT_SOURCE_DIR}/src/${room}/*.rc)
-    add_library(${target} MODULE ${sources} ${beside})
+    add_library(${target} MODULE ${sources} ${PROJECT_SOURCE_DIR}/src/${room}/${name}.def)
     set_target_properties(${target} PROPERTIES PREFIX "" OUTPUT_NAME ${name}
         LIBRARY_OUTPUT_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
-    string(REPLACE "." "," version_numbers ${PROJECT_VERSION})
-    target_compile_definitions(${target} PRIVATE CUVEXA_VERSION="${PROJECT_VERSION}" CUVEXA_VERSION_NUMBERS=${version_numbers},0)
     target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/src)
     target_link_libraries(${target} PRIVATE cuvexa_options)
     foreach(used ${arg_USES})
@@ -38,3 +34,12 @@ if(NOT TARGET cuvexa_sqlite)
     message(STATUS "Cuvexa: no suite for automation, because there is no SQLite engine")
     return()
 endif()
+
+cuvexa_library(com_suite ROOMS automation/com/suite USES com suite sqlite)
+
+# CuvexaSuite.dll, the reference suite as automation objects.
+cuvexa_server(cuvexa_suite_dll CuvexaSuite ROOMS automation/com/suite_server USES com_suite)
+string(REPLACE "." "," version_numbers ${PROJECT_VERSION},0)
+configure_file(${PROJECT_SOURCE_DIR}/src/automation/com/suite_server/CuvexaSuite.rc.in
+    ${PROJECT_BINARY_DIR}/automation/CuvexaSuite.rc @ONLY)
+target_sources(cuvexa_suite_dll PRIVATE ${PROJECT_BINARY_DIR}/automation/CuvexaSuite.rc)

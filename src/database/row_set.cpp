@@ -14,6 +14,12 @@ Value Row_set::field(std::string_view name) const {
     std::size_t column = 0;
     while (column < columns_->size() && !same_text((*columns_)[column], name)) ++column;
     if (column == columns_->size()) throw Database_error("No existe la columna: " + std::string(name));
+    return value(column);
+}
+
+Value Row_set::value(std::size_t column) const {
+    if (eof()) throw Database_error("No hay un registro actual");
+    if (column >= columns_->size()) throw Database_error("No existe la columna: " + std::to_string(column));
     const Cell& cell = cells_[at_ + column];
     switch (cell.kind) {
         case Kind::whole:

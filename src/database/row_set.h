@@ -35,6 +35,12 @@ public:
     /// Rows given, or changed where the statement gives none.
     std::int64_t rows() const noexcept;
 
+    /// The columns' names; none where the statement gives no rows.
+    const std::vector<std::string>& columns() const noexcept { return *columns_; }
+
+    /// The column of that place in the current row. Throws `Database_error` as `field` does.
+    Value value(std::size_t column) const;
+
     bool eof() const override { return at_ >= cells_.size(); }
     Value field(std::string_view name) const override;
     void move_next() override;

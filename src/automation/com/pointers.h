@@ -9,6 +9,8 @@
 #include <string_view>
 #include <utility>
 
+#undef GetUserName  // an operation of the session service has this name
+
 namespace cuvexa::com {
 
 /// UTF-8 to UTF-16 and back. What is malformed becomes U+FFFD; null characters inside are kept.
