@@ -3,8 +3,10 @@
 // and vouchers add up all the time; no row is ever deleted.
 //
 // CUVEXA_SEED runs one seed alone. A failing sequence is made as short as it stays failing, and printed as a script.
+// CUVEXA_SCRIPTS names a folder in which every sequence leaves its script, for those who replay it elsewhere.
 #include <cmath>
 #include <cstdlib>
+#include <fstream>
 #include <functional>
 #include <iostream>
 #include <map>
@@ -62,10 +64,10 @@ Sequence random_sequence(unsigned seed) {
 /// A document made by the sequence, with all that it moved and has not given back.
 struct Document {
     std::string folio;
-    std::string kind;  ///< of a check: its type
-    Balances moved;
-    std::string deposit;                ///< of a receipt: the deposit it is in
-    std::vector<std::string> receipts;  ///< of a deposit
+    std::string kind = {};  ///< of a check: its type
+    Balances moved = {};
+    std::string deposit = {};                ///< of a receipt: the deposit it is in
+    std::vector<std::string> receipts = {};  ///< of a deposit
     bool applied = false;
     bool live = true;
 };
@@ -499,6 +501,12 @@ Sequence shrunk(Sequence sequence, const std::function<bool(const Sequence&)>& f
     return sequence;
 }
 
+void keep_script(const Sequence& sequence, bool posting, const std::string& path) {
+    Run run(posting);
+    for (const Step& step : sequence) run.take(step);
+    std::ofstream(path) << run.script();
+}
+
 class Round_trips : public ::testing::TestWithParam<unsigned> {};
 
 TEST_P(Round_trips, every_cancellation_gives_back_what_its_document_moved) {
@@ -507,7 +515,11 @@ TEST_P(Round_trips, every_cancellation_gives_back_what_its_document_moved) {
     const bool posting = seed % 2 == 0;
     RecordProperty("seed", static_cast<int>(seed));
     const Sequence sequence = random_sequence(seed);
-    if (!failure_of(sequence, posting)) return;
+    if (!failure_of(sequence, posting)) {
+        if (const char* folder = std::getenv("CUVEXA_SCRIPTS"))
+            keep_script(sequence, posting, std::string(folder) + "/seed_" + std::to_string(seed) + ".jsonl");
+        return;
+    }
 
     const Sequence shortest =
         shrunk(sequence, [&](const Sequence& shorter) { return failure_of(shorter, posting).has_value(); });
