@@ -51,11 +51,10 @@ void Error_window::show() {
 
 // ---- Sizes and places ----------------------------------------------------------------------------------------------
 
-int Error_window::text_height(int width) {
+int Error_window::most_height() {
     RECT screen{};
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0);
-    const int line = looks().line_height(looks().text());
-    return std::clamp(looks().height_of(text_, width), line, std::max(line, static_cast<int>(screen.bottom - screen.top) / 2));
+    return std::max(looks().line_height(looks().text()), static_cast<int>(screen.bottom - screen.top) / 2);
 }
 
 SIZE Error_window::natural_size() {
@@ -68,7 +67,10 @@ SIZE Error_window::natural_size() {
     }
     // A little more than measured: the field keeps a margin of its own.
     width = std::clamp(width + px(12), px(300), looks().letters(80));
-    const int text = std::max(text_height(width) + px(10) + looks().height_of(place_text_, width), icon_size());
+    const int whole = whole_height(width);
+    const int text =
+        std::max(std::min(whole, most_height()) + px(10) + looks().height_of(place_text_, width), icon_size());
+    if (whole > most_height()) width += GetSystemMetrics(SM_CXVSCROLL);
     return {text_left() + width + px(24), px(22) + text + px(18) + button_height() + px(18)};
 }
 
@@ -76,13 +78,14 @@ void Error_window::arrange(SIZE inside) {
     const int width = static_cast<int>(inside.cx) - text_left() - px(24);
     for (const HWND child : {description_, where_, button_}) set_font(child, looks().text());
     SendMessageW(description_, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
-    const int height = text_height(width);
-    ShowScrollBar(description_, SB_VERT, height < looks().height_of(text_, width));
+    const int whole = whole_height(width);
+    const int height = std::min(whole, most_height());
+    ShowScrollBar(description_, SB_VERT, height < whole);
     place(description_, text_left(), px(22), width, height);
     place(where_, text_left(), px(22) + height + px(10), width, looks().height_of(place_text_, width));
     const int button = looks().width_of(L"Aceptar", looks().bold()) + px(88);
-    place(button_, static_cast<int>(inside.cx) - px(24) - button, static_cast<int>(inside.cy) - px(18) - button_height(),
-          button, button_height());
+    place(button_, static_cast<int>(inside.cx) - px(24) - button,
+          static_cast<int>(inside.cy) - px(18) - button_height(), button, button_height());
 }
 
 void Error_window::paint(HDC dc) {

@@ -29,8 +29,9 @@ private:
     int icon_size() { return icon_ ? px(32) : 0; }
     int text_left() { return px(24) + (icon_ ? icon_size() + px(18) : 0); }
     int button_height() { return looks().field_height() + px(6); }
-    /// The text's own height, or as much of it as fits on the screen; then it scrolls.
-    int text_height(int width);
+    /// The height that the text takes in that width, and how much of it the screen has room for; what is more scrolls.
+    int whole_height(int width) { return looks().height_of(text_, width - px(8)); }
+    int most_height();
 
     int style_;
     HICON icon_;

@@ -57,8 +57,8 @@ Form_dialog::Form_dialog(Form& form, Open_windows& open)
 }
 
 HWND Form_dialog::window_of(const Control& control) const {
-    const auto found = std::find_if(items_.begin(), items_.end(),
-                                    [&](const Item& item) { return item.control == &control; });
+    const auto found =
+        std::find_if(items_.begin(), items_.end(), [&](const Item& item) { return item.control == &control; });
     return found == items_.end() ? nullptr : found->window;
 }
 
@@ -105,8 +105,11 @@ HWND Form_dialog::make_field(LookupTextBox& field, int id) {
 
 HWND Form_dialog::make_picker(int id) {
     const HWND picker = add_child(DATETIMEPICK_CLASSW, L"", WS_TABSTOP | DTS_SHORTDATEFORMAT, id);
-    // Visual styles, where the host has them, would draw a second frame inside that of the form.
+    // It stands in the frame of the form: none of its own, nor that of visual styles where the host has them.
     SetWindowTheme(picker, L"", L"");
+    SetWindowLongPtrW(picker, GWL_EXSTYLE, GetWindowLongPtrW(picker, GWL_EXSTYLE) & ~LONG_PTR{WS_EX_CLIENTEDGE});
+    SetWindowPos(picker, nullptr, 0, 0, 0, 0,
+                 SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     SendMessageW(picker, DTM_SETFORMATW, 0, reinterpret_cast<LPARAM>(date_format));
     return picker;
 }
@@ -134,8 +137,9 @@ int Form_dialog::label_width() {
 
 SIZE Form_dialog::natural_size() {
     const int rows = static_cast<int>(form_.rows().size());
-    const int height = px(18) + looks().line_height(looks().title()) + px(12) + px(12) + rows * (looks().field_height() + px(10)) + px(4) +
-                       px(12) + looks().field_height() + px(6) + px(18);
+    const int height = px(18) + looks().line_height(looks().title()) + px(12) + px(12) +
+                       rows * (looks().field_height() + px(10)) + px(4) + px(12) + looks().field_height() + px(6) +
+                       px(18);
     return {looks().letters(96), height};
 }
 
@@ -181,7 +185,9 @@ void Form_dialog::place_item(Item& item, int x, int y, int width) {
     set_font(item.window, looks().text());
     if (dynamic_cast<DatePicker*>(item.control)) {
         item.frame = {x, y, x + width, y + height};
-        place(item.window, x + px(2), y + px(2), width - px(4), height - px(4));
+        // The control writes at its top: it is as high as its text, in the middle of the frame.
+        const int own = looks().line_height(looks().text()) + px(3);
+        place(item.window, x + px(7), y + (height - own) / 2, width - px(10), own);
     } else if (auto* box = dynamic_cast<Check_box*>(item.control)) {
         width = std::min(width, looks().width_of(wide(box->caption), looks().text()) + px(40));
         place(item.window, x, y, width, height);
@@ -213,7 +219,8 @@ Field_state Form_dialog::state_of(const Item& item) const {
     if (!item.control->Enabled()) return Field_state::disabled;
     if (field && field->Locked()) return Field_state::locked;
     const HWND focus = GetFocus();
-    return focus && (focus == item.window || IsChild(item.window, focus)) ? Field_state::focused : Field_state::ordinary;
+    return focus && (focus == item.window || IsChild(item.window, focus)) ? Field_state::focused
+                                                                          : Field_state::ordinary;
 }
 
 void Form_dialog::paint(HDC dc) {
@@ -305,7 +312,10 @@ void Form_dialog::show_notes() {
 
 void Form_dialog::refresh_picker(const Item& item, const DatePicker& picker) {
     const SYSTEMTIME day = system_day(picker.Value());
-    const bool taken = SendMessageW(item.window, DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&day)) != 0;
+    SYSTEMTIME shown{};
+    SendMessageW(item.window, DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&day));
+    SendMessageW(item.window, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&shown));
+    const bool taken = shown.wYear == day.wYear && shown.wMonth == day.wMonth && shown.wDay == day.wDay;
     // The control knows no day before its calendar's first; such a day is shown as it is, until another is chosen.
     const std::wstring format = taken ? date_format : L"'" + wide(short_date(picker.Value())) + L"'";
     SendMessageW(item.window, DTM_SETFORMATW, 0, reinterpret_cast<LPARAM>(format.c_str()));
@@ -406,7 +416,8 @@ void Form_dialog::notified(const NMHDR& notice) {
     if (notice.code == NM_SETFOCUS || notice.code == NM_KILLFOCUS) InvalidateRect(window(), &item->frame, FALSE);
     if (notice.code == DTN_DATETIMECHANGE && !refreshing_) {
         const auto& change = reinterpret_cast<const NMDATETIMECHANGE&>(notice);
-        if (change.dwFlags == GDT_VALID) form_.pick(*picker, make_date(change.st.wYear, change.st.wMonth, change.st.wDay));
+        if (change.dwFlags == GDT_VALID)
+            form_.pick(*picker, make_date(change.st.wYear, change.st.wMonth, change.st.wDay));
     }
 }
 

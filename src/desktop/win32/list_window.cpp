@@ -39,12 +39,17 @@ List_window::List_window(Choice_list& list, const Suite_colors& colors, Open_win
     : Modal_window(open, wide(list.title()), colors, WS_THICKFRAME), list_(list), columns_(list.columns()) {
     label_ = add_child(L"STATIC", L"Buscar:", SS_LEFT | SS_CENTERIMAGE);
     sought_ = add_child(L"EDIT", L"", WS_TABSTOP | ES_AUTOHSCROLL, id_sought);
-    table_ = add_child(WC_LISTVIEWW, L"", LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER | WS_BORDER,
-                       id_table);
+    table_ = add_child(
+        WC_LISTVIEWW, L"",
+        LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER | LVS_SHAREIMAGELISTS | WS_BORDER, id_table);
     ListView_SetExtendedListViewStyle(table_, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
     count_ = add_child(L"STATIC", L"", SS_LEFT | SS_CENTERIMAGE, id_count);
     add_columns();
     look_for({});
+}
+
+List_window::~List_window() {
+    if (row_height_) ImageList_Destroy(row_height_);
 }
 
 void List_window::add_columns() {
@@ -107,11 +112,20 @@ void List_window::arrange(SIZE inside) {
     const int below = px(8) + line + px(14);
     place(table_, left, y, width, std::max(px(40), static_cast<int>(inside.cy) - y - below));
     place(count_, left, static_cast<int>(inside.cy) - px(14) - line, width, line);
+    set_row_height();
     const auto& colors = looks().colors();
     ListView_SetBkColor(table_, color_ref(colors.field));
     ListView_SetTextBkColor(table_, color_ref(colors.field));
     ListView_SetTextColor(table_, color_ref(colors.text));
     fit_columns();
+}
+
+/// A table has no height of rows, but a row is as high as its picture.
+void List_window::set_row_height() {
+    const HIMAGELIST before = row_height_;
+    row_height_ = ImageList_Create(1, looks().line_height(looks().text()) + px(8), ILC_COLOR, 1, 1);
+    ListView_SetImageList(table_, row_height_, LVSIL_SMALL);
+    if (before) ImageList_Destroy(before);
 }
 
 /// Each as wide as its longest text when the window opened; the last takes what is left.

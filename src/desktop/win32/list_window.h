@@ -13,6 +13,7 @@ namespace cuvexa::win32 {
 class List_window : public Modal_window {
 public:
     List_window(Choice_list& list, const Suite_colors& colors, Open_windows& open);
+    ~List_window() override;
 
     /// Shows the list; the first column of the chosen row, or nothing.
     std::optional<std::string> choose();
@@ -30,6 +31,7 @@ protected:
 private:
     void add_columns();
     void look_for(const std::string& text);
+    void set_row_height();
     void fit_columns();
     LRESULT notified(const NMHDR& notice);
     LRESULT draw(NMLVCUSTOMDRAW& drawing);
@@ -45,6 +47,7 @@ private:
     HWND sought_ = nullptr;
     HWND table_ = nullptr;
     HWND count_ = nullptr;
+    HIMAGELIST row_height_ = nullptr;
     RECT frame_{};
     std::optional<std::string> chosen_;
 };

@@ -65,7 +65,8 @@ HFONT Looks::named(const std::string& name) {
     if (!font) {
         // The bitmap font of old has one size, too small for most screens: a fixed pitch of any size stands for it.
         const std::wstring face = name == "Fixedsys" ? L"Consolas" : wide(name);
-        font = make_font(points_, FW_NORMAL, face.c_str(), name == "Fixedsys" ? FIXED_PITCH | FF_MODERN : DEFAULT_PITCH);
+        font =
+            make_font(points_, FW_NORMAL, face.c_str(), name == "Fixedsys" ? FIXED_PITCH | FF_MODERN : DEFAULT_PITCH);
     }
     return font.get();
 }
@@ -136,6 +137,7 @@ void Looks::draw_field(HDC dc, const RECT& area, Field_state state) {
 
 void Looks::place_edit(HWND edit, const RECT& frame, HFONT font) const {
     SendMessageW(edit, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+    SendMessageW(edit, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);  // a font brings margins of its own
     const int height = line_height(font);
     const int top = frame.top + (frame.bottom - frame.top - height) / 2;
     SetWindowPos(edit, nullptr, frame.left + px(9), top, frame.right - frame.left - px(18), height,

@@ -39,11 +39,18 @@ bool held(int key) {
     return GetKeyState(key) < 0;
 }
 
+/// A key that opens or closes windows, repeated because it is still down: meant for the window before.
+bool left_over(const MSG& message) {
+    const auto key = message.wParam;
+    const bool repeated = (HIWORD(message.lParam) & KF_REPEAT) != 0;
+    return repeated && (key == VK_RETURN || key == VK_ESCAPE || key == VK_F2 || key == VK_F4);
+}
+
 }  // namespace
 
 HWND Open_windows::owner() const {
-    // One of them may have gone with the host's window under it.
-    const auto last = std::find_if(windows_.rbegin(), windows_.rend(), [](HWND window) { return IsWindow(window); });
+    // One of them may have gone with the host's window under it, or not be shown yet.
+    const auto last = std::find_if(windows_.rbegin(), windows_.rend(), &IsWindowVisible);
     return last == windows_.rend() ? GetActiveWindow() : *last;
 }
 
@@ -59,20 +66,22 @@ Window_class::Window_class(WNDPROC procedure) : name_(L"Cuvexa.Window." + std::t
 
 Modal_window::Modal_window(Open_windows& open, const std::wstring& title, const Suite_colors& colors, DWORD style)
     : open_(open), class_(&procedure), owner_(open.owner()) {
-    const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES | ICC_LISTVIEW_CLASSES | ICC_DATE_CLASSES};
+    const INITCOMMONCONTROLSEX controls{sizeof controls,
+                                        ICC_STANDARD_CLASSES | ICC_LISTVIEW_CLASSES | ICC_DATE_CLASSES};
     InitCommonControlsEx(&controls);
     // At the owner's place from the start, so that the resolution is that of its monitor.
     RECT place{0, 0, 0, 0};
     if (owner_) GetWindowRect(owner_, &place);
     CreateWindowExW(WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT, class_.name(), title.c_str(),
-                    WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN | style, place.left, place.top, 100, 100, owner_,
-                    nullptr, this_module(), this);
+                    WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN | style, place.left, place.top, 100, 100,
+                    owner_, nullptr, this_module(), this);
     if (!window_) fail("la ventana");
     looks_ = std::make_unique<Looks>(colors, dpi_of(window_));
     open_.opened(window_);
 }
 
 Modal_window::~Modal_window() {
+    ready_ = false;  // what the kinds of windows have added is gone
     if (window_) DestroyWindow(window_);
     open_.closed();
 }
@@ -81,8 +90,8 @@ Modal_window::~Modal_window() {
 
 HWND Modal_window::add_child(const wchar_t* class_name, const std::wstring& text, DWORD style, int id) {
     const HWND child =
-        CreateWindowExW(0, class_name, text.c_str(), WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | style, 0, 0, 0, 0, window_,
-                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), this_module(), nullptr);
+        CreateWindowExW(0, class_name, text.c_str(), WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | style, 0, 0, 0, 0,
+                        window_, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), this_module(), nullptr);
     if (!child) fail("un control");
     return child;
 }
@@ -134,6 +143,7 @@ void Modal_window::loop() {
 bool Modal_window::taken_as_key(const MSG& message) {
     if (message.message != WM_KEYDOWN || held(VK_CONTROL) || held(VK_MENU)) return false;
     if (message.hwnd != window_ && !IsChild(window_, message.hwnd)) return false;
+    if (left_over(message)) return true;
     bool taken = true;  // also when its handler failed
     guarded([&] { taken = key_pressed(static_cast<int>(message.wParam)); });
     return taken;
@@ -150,7 +160,7 @@ void Modal_window::guarded(Body&& body) noexcept {
     try {
         body();
     } catch (...) {
-        failure_ = std::current_exception();
+        if (!failure_) failure_ = std::current_exception();
         end();
     }
 }

@@ -15,7 +15,7 @@ namespace cuvexa::win32 {
 /// The windows of one toolkit that are open, each over the one before it.
 class Open_windows {
 public:
-    /// What the next window belongs to: the last one opened, or else the active window of the thread, if any.
+    /// What the next window belongs to: the last one shown, or else the active window of the thread, if any.
     HWND owner() const;
 
     void opened(HWND window) { windows_.push_back(window); }
@@ -25,7 +25,8 @@ private:
     std::vector<HWND> windows_;
 };
 
-/// The window class of this thread's windows, as long as there is one of them: a DLL that is unloaded leaves none behind.
+/// The window class of this thread's windows, as long as there is one of them: a DLL that is unloaded leaves none
+/// behind.
 class Window_class {
 public:
     explicit Window_class(WNDPROC procedure);

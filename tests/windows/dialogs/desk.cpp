@@ -33,7 +33,8 @@ Desk::Desk() {
         if (on_report) {
             on_report(error);
         } else {
-            toolkit->show_error({error.description, error.style, error.routine, error.title, error.project, error.code});
+            toolkit->show_error(
+                {error.description, error.style, error.routine, error.title, error.project, error.code});
         }
     };
     module.emplace(std::make_shared<Reference_suite>(database.connection(), options));

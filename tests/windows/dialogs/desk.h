@@ -1,5 +1,5 @@
-// The two dialogs in windows of the system, over the sample company, with a user made of steps: each step runs inside the
-// modal loop, on the window that is on top.
+// The two dialogs in windows of the system, over the sample company, with a user made of steps: each step runs inside
+// the modal loop, on the window that is on top.
 //
 //     Desk desk;
 //     const std::string answer = desk.deposit({type(L"srr-mxn"), key(VK_RETURN), key(VK_F4)});

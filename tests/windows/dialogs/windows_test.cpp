@@ -91,6 +91,7 @@ TEST(Win32_windows, the_date_is_that_of_the_deposit_and_follows_the_box) {
     Desk desk;
     desk.deposit({look([](Desk& desk) {
                       EXPECT_EQ(date_text(desk), "2024-03-15");
+                      EXPECT_EQ(utf8(text_of(desk.control("dpFecha"))), "15/03/2024");
                       EXPECT_FALSE(IsWindowEnabled(desk.control("dpFecha")));
                   }),
                   click("chkFirme"), focus_is("chkFirme"), look([](Desk& desk) {
@@ -104,21 +105,41 @@ TEST(Win32_windows, a_click_on_the_date_moves_the_focus_there_and_f4_and_esc_do_
     Desk desk;
     const auto answer =
         desk.deposit({type(L"SRR-MXN"), key(VK_RETURN), click("dpFecha"), focus_is("dpFecha"), key(VK_F4),
-                      look([](Desk& desk) {
-                          EXPECT_FALSE(calendar_shown(desk));
-                      }),
-                      focus_is("dpFecha"), key(VK_ESCAPE), focus_is("dpFecha"), key(VK_RETURN),
-                      focus_is("Controles.b1"), key(VK_F4)},
+                      look([](Desk& desk) { EXPECT_FALSE(calendar_shown(desk)); }), focus_is("dpFecha"), key(VK_ESCAPE),
+                      focus_is("dpFecha"), key(VK_RETURN), focus_is("Controles.b1"), key(VK_F4)},
                      1);
     EXPECT_THAT(desk.reports, IsEmpty());
     EXPECT_EQ(answer, "SRR-MXN|2024-03-15|1");
 }
 
+TEST(Win32_windows, the_calendar_keeps_its_keys_while_it_is_open) {
+    Desk desk;
+    desk.deposit({type(L"SRR-MXN"), key(VK_RETURN), key(VK_RETURN), focus_is("dpFecha"),
+                  [](Desk& desk) {
+                      RECT area{};
+                      GetClientRect(desk.control("dpFecha"), &area);
+                      const LPARAM at = MAKELPARAM(area.right - 5, area.bottom / 2);
+                      PostMessageW(desk.control("dpFecha"), WM_LBUTTONDOWN, MK_LBUTTON, at);
+                      PostMessageW(desk.control("dpFecha"), WM_LBUTTONUP, 0, at);
+                  },
+                  look([](Desk& desk) {
+                      EXPECT_TRUE(calendar_shown(desk));
+                      PostMessageW(desk.control("dpFecha"), WM_KEYDOWN, VK_RETURN, 1);
+                  }),
+                  look([](Desk& desk) {
+                      EXPECT_EQ(desk.toolkit->shown->active()->Name(), "dpFecha");
+                      ShowWindow(reinterpret_cast<HWND>(SendMessageW(desk.control("dpFecha"), DTM_GETMONTHCAL, 0, 0)),
+                                 SW_HIDE);
+                      PostMessageW(desk.control("dpFecha"), WM_KEYDOWN, VK_RETURN, 1);
+                  }),
+                  focus_is("Controles.b1"), key(VK_ESCAPE)},
+                 1);
+}
+
 TEST(Win32_windows, a_firm_date_before_the_deposit_sends_the_user_back_to_the_date) {
     Desk desk;
     desk.deposit({type(L"SRR-MXN"), key(VK_RETURN), key(VK_RETURN), focus_is("dpFecha"), to_the_day(), key(VK_DOWN),
-                  key(VK_RETURN),
-                  key(VK_F4), key(VK_RETURN), focus_is("dpFecha"), click("Controles.b2")},
+                  key(VK_RETURN), key(VK_F4), key(VK_RETURN), focus_is("dpFecha"), click("Controles.b2")},
                  1);
     EXPECT_THAT(
         desk.reports,
@@ -129,7 +150,7 @@ TEST(Win32_windows, a_firm_date_before_the_deposit_sends_the_user_back_to_the_da
 TEST(Win32_windows, a_day_before_the_calendars_first_is_kept) {
     Desk desk;
     std::string answer;
-    desk.run({type(L"SRR-MXN"), key(VK_F4)},
+    desk.run({text_is("dpFecha", "02/01/1500"), type(L"SRR-MXN"), key(VK_F4)},
              [&] { answer = desk.treasury->PedirDatosDeposito(make_date(1500, 1, 2), "MXN"); });
     EXPECT_EQ(answer, "SRR-MXN|1500-01-02|0");
 }
@@ -193,6 +214,16 @@ TEST(Win32_windows, letters_beyond_ascii_reach_the_form_and_come_back_as_capital
     desk.deposit({type(L"ñandú€"), text_is(account, "ÑANDÚ€"), key(VK_ESCAPE)});
 }
 
+TEST(Win32_windows, a_text_that_no_window_can_show_is_not_changed_by_showing_it) {
+    Desk desk;
+    desk.payment({look([](Desk& desk) {
+                      auto& field = dynamic_cast<LookupTextBox&>(*desk.toolkit->shown->find("txtCuenta"));
+                      field.Text("09\xFF");
+                      EXPECT_EQ(field.Text(), "09\xFF");
+                  }),
+                  key(VK_ESCAPE)});
+}
+
 // ---- The list ------------------------------------------------------------------------------------------------------
 
 TEST(Win32_windows, the_list_is_narrowed_by_typing_and_walked_with_the_arrows) {
@@ -236,6 +267,33 @@ TEST(Win32_windows, a_failing_search_is_shown_over_the_list) {
                       EXPECT_EQ(desk.reports.size(), 1u);
                   }),
                   key(VK_RETURN), look([](Desk&) { EXPECT_EQ(row_count(), 0); }), key(VK_ESCAPE), key(VK_ESCAPE)});
+}
+
+TEST(Win32_windows, a_search_that_fails_as_the_list_opens_is_shown_over_the_form) {
+    Desk desk;
+    desk.sql("DROP TABLE Empresa");
+    desk.deposit({key(VK_F2), look([](Desk& desk) {
+                      EXPECT_EQ(GetWindow(Desk::top(), GW_OWNER), GetParent(desk.control(account)));
+                      EXPECT_FALSE(IsWindowEnabled(GetParent(desk.control(account))));
+                  }),
+                  key(VK_RETURN), look([](Desk&) { EXPECT_EQ(row_count(), 0); }), key(VK_ESCAPE), focus_is(account),
+                  key(VK_ESCAPE)});
+    EXPECT_EQ(desk.reports.size(), 1u);
+}
+
+TEST(Win32_windows, the_list_can_be_made_larger) {
+    Desk desk;
+    desk.deposit({key(VK_F2), look([](Desk&) {
+                      RECT before{}, after{}, inside{};
+                      GetWindowRect(Desk::child(id_table), &before);
+                      SetWindowPos(Desk::top(), nullptr, 0, 0, 1100, 700, SWP_NOZORDER);
+                      GetWindowRect(Desk::child(id_table), &after);
+                      GetWindowRect(Desk::top(), &inside);
+                      EXPECT_GT(after.bottom - after.top, before.bottom - before.top);
+                      EXPECT_GT(after.right - after.left, before.right - before.left);
+                      EXPECT_LT(after.right, inside.right);
+                  }),
+                  key(VK_ESCAPE), key(VK_ESCAPE)});
 }
 
 // ---- The payment method --------------------------------------------------------------------------------------------
@@ -384,12 +442,35 @@ TEST(Win32_windows, the_class_belongs_to_the_module_and_goes_with_the_last_windo
     const std::wstring name = L"Cuvexa.Window." + std::to_wstring(GetCurrentThreadId());
     WNDCLASSEXW found{};
     found.cbSize = sizeof found;
-    desk.deposit({key(VK_F2), key(VK_ESCAPE), look([&](Desk&) {
-                      EXPECT_TRUE(GetClassInfoExW(win32::this_module(), name.c_str(), &found));
-                  }),
+    desk.deposit({key(VK_F2), key(VK_ESCAPE),
+                  look([&](Desk&) { EXPECT_TRUE(GetClassInfoExW(win32::this_module(), name.c_str(), &found)); }),
                   key(VK_ESCAPE)});
     EXPECT_FALSE(GetClassInfoExW(win32::this_module(), name.c_str(), &found));
     EXPECT_EQ(win32::this_module(), GetModuleHandleW(nullptr)) << "linked into the program here";
+}
+
+TEST(Win32_windows, a_key_that_is_still_down_does_not_go_on_in_the_next_window) {
+    Desk desk;
+    const Step held = [](Desk&) {
+        PostMessageW(GetFocus(), WM_KEYDOWN, VK_F4, 1);
+        PostMessageW(GetFocus(), WM_KEYDOWN, VK_F4, MAKELPARAM(1, KF_REPEAT));
+    };
+    const Step still_held = [](Desk&) { PostMessageW(GetFocus(), WM_KEYDOWN, VK_RETURN, MAKELPARAM(1, KF_REPEAT)); };
+    desk.deposit({held, still_held, look([](Desk&) { EXPECT_EQ(Desk::open_windows().size(), 2u); }), key(VK_RETURN),
+                  key(VK_ESCAPE)});
+    EXPECT_EQ(desk.reports.size(), 1u);
+}
+
+TEST(Win32_windows, keys_with_ctrl_are_the_controls_own) {
+    Desk desk;
+    desk.deposit({[](Desk&) {
+                      BYTE keys[256] = {};
+                      keys[VK_CONTROL] = 0x80;
+                      SetKeyboardState(keys);
+                      PostMessageW(GetFocus(), WM_KEYDOWN, VK_F4, 1);
+                  },
+                  look([](Desk&) { EXPECT_EQ(Desk::open_windows().size(), 1u); }), key(VK_ESCAPE)});
+    EXPECT_THAT(desk.reports, IsEmpty());
 }
 
 // ---- Failures ------------------------------------------------------------------------------------------------------
@@ -441,8 +522,8 @@ TEST(Win32_windows, the_error_dialog_shows_the_text_as_it_stands_with_code_and_r
                   }),
                   key(end)},
                  [&] {
-                     desk.toolkit->show_error({"<b>No</b> & nunca\nrenglón\r\n", 16, "Controles_B1Click()", "", "Cuvexa",
-                                               "ERR-ID:7500009"});
+                     desk.toolkit->show_error(
+                         {"<b>No</b> & nunca\nrenglón\r\n", 16, "Controles_B1Click()", "", "Cuvexa", "ERR-ID:7500009"});
                  });
         EXPECT_TRUE(host.enabled());
     }
@@ -463,7 +544,9 @@ TEST(Win32_windows, a_long_error_is_scrolled_and_stays_on_the_screen) {
                   EXPECT_GT(SendMessageW(Desk::child(id_description), EM_GETFIRSTVISIBLELINE, 0, 0), 0);
               }),
               key(VK_RETURN)},
-             [&] { desk.toolkit->show_error({text, 48, "R()", "Aviso", "Cuvexa", ""}); });
+             [&] {
+                 desk.toolkit->show_error({text, 48, "R()", "Aviso", "Cuvexa", ""});
+             });
 }
 
 // ---- Resolution and texts ------------------------------------------------------------------------------------------
