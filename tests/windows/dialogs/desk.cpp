@@ -7,6 +7,18 @@ namespace cuvexa::testing {
 using win32::text_of;
 using win32::utf8;
 
+namespace {
+
+BOOL CALLBACK add_if_of_ours(HWND window, LPARAM all) {
+    wchar_t name[64] = {};
+    GetClassNameW(window, name, 64);
+    const bool ours = std::wstring(name).starts_with(L"Cuvexa.");
+    if (ours && IsWindowVisible(window)) reinterpret_cast<std::vector<HWND>*>(all)->push_back(window);
+    return TRUE;
+}
+
+}  // namespace
+
 // ---- The host ------------------------------------------------------------------------------------------------------
 
 Host_window::Host_window(const wchar_t* title)
@@ -108,14 +120,7 @@ void Desk::step() {
 
 std::vector<HWND> Desk::open_windows() {
     std::vector<HWND> found;
-    const auto add = [](HWND window, LPARAM all) -> BOOL {
-        wchar_t name[64] = {};
-        GetClassNameW(window, name, 64);
-        const bool ours = std::wstring(name).starts_with(L"Cuvexa.");
-        if (ours && IsWindowVisible(window)) reinterpret_cast<std::vector<HWND>*>(all)->push_back(window);
-        return TRUE;
-    };
-    EnumThreadWindows(GetCurrentThreadId(), add, reinterpret_cast<LPARAM>(&found));
+    EnumThreadWindows(GetCurrentThreadId(), &add_if_of_ours, reinterpret_cast<LPARAM>(&found));
     return found;
 }
 
