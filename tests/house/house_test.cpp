@@ -128,6 +128,32 @@ TEST(House, the_include_rule_objects_to_what_it_should) {
     EXPECT_NE(objection("include/cuvexa", "\"core/operation.h\""), "");
 }
 
+/// Whether a header is one of the Windows system.
+bool is_windows_header(const std::string& include) {
+    static const std::regex name(R"(<(windows|win\w+|comm\w+|uxtheme|shell\w+|shlobj|ole\w*|oa\w+|obj\w+|unknwn)\.h>)",
+                                 std::regex::icase);
+    return std::regex_match(include, name);
+}
+
+TEST(House, windows_is_seen_by_its_own_rooms_alone) {
+    std::vector<std::string> elsewhere;
+    std::size_t inside = 0;
+    for (const Source& source : product()) {
+        const bool may =
+            source.path.starts_with("src/desktop/win32/") || source.path.starts_with("src/automation/com/");
+        for (const std::string& include : includes_of(source)) {
+            if (!is_windows_header(include)) continue;
+            ++inside;
+            if (!may) elsewhere.push_back(source.path + ": " + include);
+        }
+    }
+    EXPECT_THAT(elsewhere, IsEmpty());
+    EXPECT_GT(inside, 0u) << "the rule knows no header";
+    EXPECT_TRUE(is_windows_header("<Windows.h>"));
+    EXPECT_TRUE(is_windows_header("<oleauto.h>"));
+    EXPECT_FALSE(is_windows_header("<string>"));
+}
+
 // ---- Who may catch
 // -------------------------------------------------------------------------------------------------------
 
