@@ -31,31 +31,42 @@ public:
         : hive_(scope == Scope::machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER), library_(wide(path_of(module))) {}
 
     void write(const Class_entry& entry) const {
-        if (!is_own(entry)) keep(class_key(entry), kept_class(entry));
-        if (!leads_to(entry)) keep(prog_id_key(entry), kept_prog_id(entry));
+        if (!is_own(entry)) {
+            keep(class_key(entry), kept_class(library_, entry));
+            keep(prog_id_key(entry), kept_prog_id(library_, entry));
+        }
         remove(class_key(entry));
         write_class(entry);
         write_prog_id(entry);
     }
 
     /// Whether there is anything of this library's under the class.
-    bool holds(const Class_entry& entry) const { return is_own(entry) || Key::existing(hive_, kept_class(entry)); }
+    bool holds(const Class_entry& entry) const {
+        return is_own(entry) || Key::existing(hive_, kept_class(library_, entry)) ||
+               Key::existing(hive_, kept_prog_id(library_, entry));
+    }
 
     void take_back(const Class_entry& entry) const {
-        if (is_own(entry)) {
+        const bool own = is_own(entry);
+        const auto other = other_copy(entry);
+        if (own) {
             remove(class_key(entry));
-            restore(kept_class(entry), class_key(entry));
-        } else {
-            remove(kept_class(entry));
+            restore(kept_class(library_, entry), class_key(entry));
+        } else if (other && same_path(server_of(kept_class(*other, entry)).value_or(L""), library_)) {
+            hand_over(kept_class(library_, entry), kept_class(*other, entry));
         }
-        if (!leads_to(entry) || is_registered_by_any(entry)) return;
-        remove(prog_id_key(entry));
-        restore(kept_prog_id(entry), prog_id_key(entry));
+        if (other) {
+            hand_over(kept_prog_id(library_, entry), kept_prog_id(*other, entry));
+        } else if (own && leads_to(entry)) {
+            remove(prog_id_key(entry));
+            restore(kept_prog_id(library_, entry), prog_id_key(entry));
+        }
+        remove(kept_class(library_, entry));
+        remove(kept_prog_id(library_, entry));
     }
 
     void tidy_up() const {
-        remove_empty(kept_classes());
-        remove_empty(kept_root + L"\\ProgID");
+        remove_empty(kept_by(library_));
         remove_empty(kept_root);
         remove_empty(classes_root + L"CLSID");
     }
@@ -67,17 +78,23 @@ private:
     static std::wstring prog_id_key(const Class_entry& entry) { return classes_root + entry.prog_id; }
 
     /// Each copy of the library keeps what it found under its own path.
-    std::wstring kept_classes() const {
-        std::wstring name = library_;
-        std::replace(name.begin(), name.end(), L'\\', L'/');
-        return kept_root + L"\\" + name;
+    static std::wstring kept_by(std::wstring library) {
+        std::replace(library.begin(), library.end(), L'\\', L'/');
+        return kept_root + L"\\" + library;
     }
-    std::wstring kept_class(const Class_entry& entry) const { return kept_classes() + L"\\" + guid_text(entry.clsid); }
-    static std::wstring kept_prog_id(const Class_entry& entry) { return kept_root + L"\\ProgID\\" + entry.prog_id; }
+    static std::wstring kept_class(const std::wstring& library, const Class_entry& entry) {
+        return kept_by(library) + L"\\" + guid_text(entry.clsid);
+    }
+    static std::wstring kept_prog_id(const std::wstring& library, const Class_entry& entry) {
+        return kept_by(library) + L"\\" + entry.prog_id;
+    }
+
+    std::optional<std::wstring> server_of(const std::wstring& class_key, REGSAM view = 0) const {
+        return Key::existing(hive_, class_key + L"\\InprocServer32", view).text();
+    }
 
     bool is_own(const Class_entry& entry) const {
-        const auto server = Key::existing(hive_, class_key(entry) + L"\\InprocServer32").text();
-        return server && same_path(*server, library_);
+        return same_path(server_of(class_key(entry)).value_or(L""), library_);
     }
 
     bool leads_to(const Class_entry& entry) const {
@@ -85,10 +102,13 @@ private:
         return clsid && same_path(*clsid, guid_text(entry.clsid));
     }
 
-    /// Copies of the library for the other bitness have a view of their own.
-    bool is_registered_by_any(const Class_entry& entry) const {
-        const std::wstring server = class_key(entry) + L"\\InprocServer32";
-        return Key::existing(hive_, server, KEY_WOW64_64KEY) || Key::existing(hive_, server, KEY_WOW64_32KEY);
+    /// The copy of the library that has the class now, for the same bitness or the other one, which has a view of its own.
+    std::optional<std::wstring> other_copy(const Class_entry& entry) const {
+        for (const REGSAM view : {KEY_WOW64_64KEY, KEY_WOW64_32KEY}) {
+            const auto server = server_of(class_key(entry), view);
+            if (server && !same_path(*server, library_)) return server;
+        }
+        return std::nullopt;
     }
 
     void write_class(const Class_entry& entry) const {
@@ -124,6 +144,12 @@ private:
         if (!Key::existing(hive_, place)) return;
         copy(place, key);
         remove(place);
+    }
+
+    /// What a copy kept that goes now is what the copy in its place found.
+    void hand_over(const std::wstring& kept, const std::wstring& kept_by_other) const {
+        remove(kept_by_other);
+        restore(kept, kept_by_other);
     }
 
     void remove(const std::wstring& key) const {

@@ -24,7 +24,7 @@ Key Key::made(HKEY parent, const std::wstring& path, REGSAM view) {
 std::optional<std::wstring> Key::text(const std::wstring& name) const {
     if (!key_) return std::nullopt;
     DWORD bytes = 0;
-    constexpr DWORD kinds = RRF_RT_REG_SZ | RRF_RT_REG_EXPAND_SZ;
+    constexpr DWORD kinds = RRF_RT_REG_SZ;  // one with variables in it comes expanded
     if (RegGetValueW(key_, nullptr, name.c_str(), kinds, nullptr, nullptr, &bytes) != ERROR_SUCCESS) return std::nullopt;
     std::wstring value(bytes / sizeof(wchar_t) + 1, L'\0');
     bytes = static_cast<DWORD>(value.size() * sizeof(wchar_t));
