@@ -1,6 +1,8 @@
 // Which suite and which database: the rules.
+#include <atomic>
 #include <fstream>
 #include <sstream>
+#include <thread>
 
 #include "automation/com/registry.h"
 #include "windows/suite/registered.h"
@@ -131,6 +133,32 @@ TEST_F(Settings, a_machine_with_nothing_gets_the_sample_company_to_try_things_on
     std::size_t files = 0;
     for (const auto& entry : std::filesystem::directory_iterator(wide(folder / "local\\Cuvexa"))) files += entry.exists();
     EXPECT_EQ(files, 1u) << "and nothing else is left beside it";
+}
+
+TEST_F(Settings, two_programs_that_find_nothing_get_the_same_sample_company) {
+    std::vector<std::thread> programs;
+    std::atomic<int> done = 0;
+    for (int i = 0; i < 4; ++i) {
+        programs.emplace_back([&] {
+            try {
+                make_embedded_suite({})->data()->GetNextFolio("MTY", "CHEQUE");
+                ++done;
+            } catch (const Database_error& failure) {
+                ADD_FAILURE() << failure.what();
+            }
+        });
+    }
+    for (std::thread& program : programs) program.join();
+    EXPECT_EQ(done, 4);
+    EXPECT_EQ(make_embedded_suite({})->data()->GetNextFolio("MTY", "CHEQUE"), "CH-MTY-00000005");
+}
+
+TEST_F(Settings, what_a_deleted_database_left_behind_is_not_taken_for_part_of_a_new_one) {
+    std::filesystem::create_directories(wide(folder / "local\\Cuvexa"));
+    const std::string rest = folder / "local\\Cuvexa\\empresa.db-wal";
+    { std::ofstream(std::filesystem::path(wide(rest))) << "x"; }
+    EXPECT_EQ(refusal(), "Quedan restos de otra base de datos: " + rest);
+    EXPECT_FALSE(stands(folder / "local\\Cuvexa\\empresa.db"));
 }
 
 TEST_F(Settings, without_a_place_to_try_things_on_the_database_has_to_be_named) {

@@ -78,6 +78,11 @@ void make_sample_company(const std::string& file) {
     const std::string draft = file + ".nueva-" + std::to_string(GetCurrentProcessId()) + "-" +
                               std::to_string(GetCurrentThreadId());
     std::error_code ignored;
+    for (const char* ending : {"-wal", "-journal"}) {
+        if (fs::exists(path(file + ending), ignored) && !fs::exists(path(file), ignored)) {
+            throw Database_error("Quedan restos de otra base de datos: " + file + ending);
+        }
+    }
     fs::create_directories(path(file).parent_path(), ignored);
     remove_database(draft);
     fill_with_sample_company(draft);
