@@ -107,8 +107,8 @@ private:
     bool takes_parameters_;
 };
 
-/// Rewrites a statement that `tokenize` has read. What it does not know it passes on as it stands. An empty text that is
-/// put into one of `dates`, or compared with it, becomes 1 January 1900, for which SQL Server takes it.
+/// Rewrites a statement that `tokenize` has read. What it does not know it passes on as it stands. An empty text that
+/// is put into one of `dates`, or compared with it, becomes 1 January 1900, for which SQL Server takes it.
 Translation translate(std::string_view text, const std::vector<Token>& tokens, const Dialect& dialect,
                       const Date_columns& dates = {});
 

@@ -67,7 +67,8 @@ std::vector<Diagnostic> diagnostics(const Handle& handle) {
         if (!SQL_SUCCEEDED(SQLGetDiagRecW(handle.kind(), handle, record, state.data(), &native, wide(message),
                                           static_cast<SQLSMALLINT>(message.size()), &length)))
             break;
-        const auto taken = std::min<std::size_t>(static_cast<std::size_t>(std::max<SQLSMALLINT>(length, 0)), message.size() - 1);
+        const auto taken =
+            std::min<std::size_t>(static_cast<std::size_t>(std::max<SQLSMALLINT>(length, 0)), message.size() - 1);
         records.push_back({std::string(state.begin(), state.end() - 1), native,
                            utf8_from(std::u16string_view(message).substr(0, taken))});
     }
@@ -136,8 +137,8 @@ private:
         std::u16string name(256, u'\0');
         SQLSMALLINT length = 0, type = 0, digits = 0, nullable = 0;
         SQLULEN size = 0;
-        if (!SQL_SUCCEEDED(SQLDescribeColW(statement_, column, wide(name), static_cast<SQLSMALLINT>(name.size()), &length,
-                                           &type, &size, &digits, &nullable)))
+        if (!SQL_SUCCEEDED(SQLDescribeColW(statement_, column, wide(name), static_cast<SQLSMALLINT>(name.size()),
+                                           &length, &type, &size, &digits, &nullable)))
             fail_();
         types_.push_back(type);
         return utf8_from(std::u16string_view(name).substr(0, static_cast<std::size_t>(length)));
@@ -320,9 +321,8 @@ private:
         SQLSetConnectAttrW(*database_, SQL_ATTR_LOGIN_TIMEOUT,
                            number_attribute(static_cast<std::uintptr_t>(options.login_timeout_s)), 0);
         std::u16string text = utf16_from(connection_string);
-        const SQLRETURN code =
-            SQLDriverConnectW(*database_, nullptr, wide(text), static_cast<SQLSMALLINT>(text.size()), nullptr, 0, nullptr,
-                              SQL_DRIVER_NOPROMPT);
+        const SQLRETURN code = SQLDriverConnectW(*database_, nullptr, wide(text), static_cast<SQLSMALLINT>(text.size()),
+                                                 nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
         if (!SQL_SUCCEEDED(code)) {
             throw Database_error("No es posible abrir la sesión con el servidor de base de datos (" +
                                  without_secrets(description(diagnostics(*database_))) + ")");
@@ -398,8 +398,8 @@ std::unique_ptr<Recordset> Odbc_connection::execute(std::string_view text) {
 
 void Odbc_connection::prepare_database() {
     if (session_->kind() == Server_kind::postgresql) session_->run("CREATE EXTENSION IF NOT EXISTS citext");
-    const char* const same = session_->kind() == Server_kind::postgresql ? "SELECT 1 WHERE 'a'::citext = 'A'"
-                                                                         : "SELECT 1 WHERE 'a' = 'A'";
+    const char* const same =
+        session_->kind() == Server_kind::postgresql ? "SELECT 1 WHERE 'a'::citext = 'A'" : "SELECT 1 WHERE 'a' = 'A'";
     if (session_->run(same)->eof())
         throw Database_error(
             "La base de datos distingue mayúsculas de minúsculas; créela con una intercalación que no las distinga");

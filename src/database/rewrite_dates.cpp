@@ -57,7 +57,8 @@ private:
     // ISNULL(T.a, '')
     void fill_arguments(Nodes& arguments) const {
         const std::vector<Nodes> parts = split_at_commas(arguments);
-        if (std::none_of(parts.begin(), parts.end(), [&](const Nodes& part) { return !part.empty() && is_date(part.back()); }))
+        if (std::none_of(parts.begin(), parts.end(),
+                         [&](const Nodes& part) { return !part.empty() && is_date(part.back()); }))
             return;
         for (Node& node : arguments)
             if (is_empty_text(node)) fill_text(node);

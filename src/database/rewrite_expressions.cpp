@@ -255,8 +255,8 @@ private:
         return last - (end - first) + 1;
     }
 
-    // 'a' = …: a literal on the left would compare with regard to case. Where texts compare by their type, a literal takes
-    // that of the other side.
+    // 'a' = …: a literal on the left would compare with regard to case. Where texts compare by their type, a literal
+    // takes that of the other side.
     void collate_literals(Nodes& nodes) const {
         if (dialect_.text_collation.empty()) return;
         for (std::size_t i = 0; i + 1 < nodes.size(); ++i)

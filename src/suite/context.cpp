@@ -129,7 +129,8 @@ void Suite_context::begin_series(std::string_view code, std::string_view branch)
             code, branch, code, branch);
     } catch (const Database_error&) {
         // A server may look in two sessions at once and find no series in either; then the other one has begun it.
-        if (query("SELECT Fs_Codigo FROM Folio_Serie WHERE Fs_Codigo = '{}' AND Fs_Sucursal = '{}'", code, branch).eof())
+        if (query("SELECT Fs_Codigo FROM Folio_Serie WHERE Fs_Codigo = '{}' AND Fs_Sucursal = '{}'", code, branch)
+                .eof())
             throw;
     }
 }

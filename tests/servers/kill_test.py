@@ -1,6 +1,6 @@
 #!/usr/bin/python3
-"""Users at work when something dies. Afterwards nothing acknowledged is missing, and what was left half done is found by
-the audit and belongs to an operation that had not been acknowledged.
+"""Users at work when something dies. Afterwards nothing acknowledged is missing, and what was left half done is found
+by the audit and belongs to an operation that had not been acknowledged.
 
     kill_test.py programs CUVEXA    programs are killed between two statements of an operation
     kill_test.py server CUVEXA      the server that with_postgresql started is killed and started again
@@ -99,11 +99,11 @@ class Survivor(User):
 
 
 def chances(random_numbers, kills, users, rounds):
-    """For each user, when its operations kill the program: so many kills in all, spread at random over the operations."""
+    """For each user, after how many statements each operation kills the program; so many kills in all, at random."""
     operations = [(user, operation) for user in range(users) for operation in range(rounds * 4)]
     chosen = set(random_numbers.sample(operations, min(kills, len(operations))))
-    return [iter([random_numbers.randint(1, 24) if (user, operation) in chosen else 0 for operation in range(rounds * 6)])
-            for user in range(users)]
+    return [iter([random_numbers.randint(1, 24) if (user, operation) in chosen else 0
+                  for operation in range(rounds * 4)]) for user in range(users)]
 
 
 def restart_server():
@@ -112,8 +112,8 @@ def restart_server():
     owner = os.environ["CUVEXA_TEST_SERVER_USER"]
     if os.getuid() == 0:
         command = ["runuser", "-u", owner, "--", *command]
-    done = subprocess.run(command, cwd="/", stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-    if done.returncode != 0:
+    silent = {"stdin": subprocess.DEVNULL, "stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
+    if subprocess.run(command, cwd="/", **silent).returncode != 0:
         raise SystemExit("the server did not start again")
 
 

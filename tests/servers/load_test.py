@@ -1,12 +1,12 @@
 #!/usr/bin/python3
-"""Many users at once on one account. Afterwards nothing is missing, no folio was given twice or lost, every balance is what
-the movements say to the last cent, no deadlock was kept quiet, and the audit finds nothing.
+"""Many users at once on one account. Afterwards nothing is missing, no folio was given twice or lost, every balance is
+what the movements say to the last cent, no deadlock was kept quiet, and the audit finds nothing.
 
     load_test.py CUVEXA [--users N,N,…] [--rounds N] [--repeat N] [--bare REPLAY]
 
 On files, or on the server that CUVEXA_TEST_DB names. Prints one line per number of users: operations and statements per
-second; with the program REPLAY (cuvexa_replay), also how many the engine does per second when as many programs give it the
-same texts bare.
+second; with the program REPLAY (cuvexa_replay), also how many the engine does per second when as many programs give it
+the same texts bare.
 """
 import argparse
 import subprocess

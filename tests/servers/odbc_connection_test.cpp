@@ -30,8 +30,9 @@ protected:
         session = std::make_unique<Odbc_connection>(connection_string);
         session->prepare_database();
         drop();
-        session->execute("CREATE TABLE Prueba (Llave int NOT NULL, Texto varchar(400) DEFAULT '', Numero float, "
-                         "Fecha datetime, PRIMARY KEY (Llave))");
+        session->execute(
+            "CREATE TABLE Prueba (Llave int NOT NULL, Texto varchar(400) DEFAULT '', Numero float, "
+            "Fecha datetime, PRIMARY KEY (Llave))");
     }
     void TearDown() override {
         if (session) drop();
@@ -142,8 +143,8 @@ TEST_F(Odbc, null_is_neither_empty_nor_zero) {
 TEST_F(Odbc, a_text_goes_and_comes_whole_whatever_stands_in_it) {
     // What drivers take for parameters and escapes, what needs two units of UTF-16, and both sides of a piece's end.
     for (const std::string& text : {std::string("¿Qué? {fn X} {d '2024'} \\n \\' $1 :a %s"), std::string("Ñandú €"),
-                                   std::string("🏦 caja"), std::string(2046, 'x') + "ñ", std::string(2047, 'x') + "ñ",
-                                   std::string(2047, 'x') + "🏦", std::string(100'000, 'y') + "€"}) {
+                                    std::string("🏦 caja"), std::string(2046, 'x') + "ñ", std::string(2047, 'x') + "ñ",
+                                    std::string(2047, 'x') + "🏦", std::string(100'000, 'y') + "€"}) {
         session->execute("DELETE FROM Prueba");
         std::string quoted;
         for (const char c : text) quoted += c == '\'' ? "''" : std::string(1, c);
@@ -160,9 +161,9 @@ TEST_F(Odbc, texts_compare_without_regard_to_case_and_take_like) {
     EXPECT_EQ(to_number(value("SELECT COUNT(*) AS V FROM Prueba WHERE Texto LIKE 'rec%'")), 2);
     EXPECT_EQ(to_number(value("SELECT COUNT(DISTINCT Texto) AS V FROM Prueba")), 2);
     EXPECT_EQ(to_number(value("SELECT COUNT(*) AS V FROM Prueba WHERE ISNULL(Texto, '') + '-X' = 'recibo-x'")), 2);
-    EXPECT_EQ(to_number(value(
-                  "SELECT COUNT(*) AS V FROM Prueba WHERE (CASE Llave WHEN 1 THEN 'Ab' ELSE 'Cd' END) = 'aB'")),
-              1);
+    EXPECT_EQ(
+        to_number(value("SELECT COUNT(*) AS V FROM Prueba WHERE (CASE Llave WHEN 1 THEN 'Ab' ELSE 'Cd' END) = 'aB'")),
+        1);
 }
 
 TEST_F(Odbc, one_statement_gives_the_next_number) {

@@ -36,7 +36,8 @@ TEST(Postgresql_dialect, joined_texts_compare_without_regard_to_case) {
 TEST(Postgresql_dialect, a_case_of_texts_is_cast_and_one_of_numbers_is_not) {
     EXPECT_EQ(postgresql("SELECT CASE a WHEN 1 THEN 'x' ELSE b END FROM T"),
               "SELECT CASE a WHEN 1 THEN 'x' ELSE b END ::citext FROM T");
-    EXPECT_EQ(postgresql("SELECT CASE a WHEN 1 THEN 2 ELSE b END FROM T"), "SELECT CASE a WHEN 1 THEN 2 ELSE b END FROM T");
+    EXPECT_EQ(postgresql("SELECT CASE a WHEN 1 THEN 2 ELSE b END FROM T"),
+              "SELECT CASE a WHEN 1 THEN 2 ELSE b END FROM T");
 }
 
 TEST(Postgresql_dialect, a_literal_takes_the_type_of_what_it_stands_beside) {
@@ -56,10 +57,11 @@ TEST(Postgresql_dialect, output_is_returning_and_top_is_limit) {
 }
 
 TEST(Postgresql_dialect, columns_have_its_types) {
-    EXPECT_EQ(postgresql("CREATE TABLE dbo.T (a varchar(60) NOT NULL, b datetime DEFAULT NULL, c float DEFAULT 0, d bit, "
-                         "PRIMARY KEY CLUSTERED (a))"),
-              "CREATE TABLE T ( a citext NOT NULL , b timestamp(3) DEFAULT NULL , c double precision DEFAULT 0 , "
-              "d smallint , PRIMARY KEY ( a ) )");
+    EXPECT_EQ(
+        postgresql("CREATE TABLE dbo.T (a varchar(60) NOT NULL, b datetime DEFAULT NULL, c float DEFAULT 0, d bit, "
+                   "PRIMARY KEY CLUSTERED (a))"),
+        "CREATE TABLE T ( a citext NOT NULL , b timestamp(3) DEFAULT NULL , c double precision DEFAULT 0 , "
+        "d smallint , PRIMARY KEY ( a ) )");
 }
 
 std::string with_dates(std::string_view text) {
@@ -74,7 +76,8 @@ TEST(Postgresql_dialect, an_empty_text_put_into_a_date_is_its_first_day) {
               "( '' , '2024-03-15' , '1900-01-01' )");
     EXPECT_EQ(with_dates("INSERT T (f, a) SELECT '', '' FROM X WHERE b IN ('', 'z')"),
               "INSERT INTO T ( f , a ) SELECT '1900-01-01' , '' FROM X WHERE b IN ( '' , 'z' )");
-    EXPECT_EQ(with_dates("UPDATE T SET a = '', f = '' WHERE a = ''"), "UPDATE T SET a = '' , f = '1900-01-01' WHERE a = ''");
+    EXPECT_EQ(with_dates("UPDATE T SET a = '', f = '' WHERE a = ''"),
+              "UPDATE T SET a = '' , f = '1900-01-01' WHERE a = ''");
 }
 
 TEST(Postgresql_dialect, an_empty_text_compared_with_a_date_is_its_first_day) {

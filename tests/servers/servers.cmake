@@ -21,7 +21,7 @@ if(TARGET cuvexa_odbc)
 endif()
 
 # The statements bare, for the figures of the load test.
-if(TARGET cuvexa_sqlite AND nlohmann_json_FOUND)
+if(UNIX AND TARGET cuvexa_sqlite AND nlohmann_json_FOUND)
     add_executable(cuvexa_replay ${CMAKE_CURRENT_LIST_DIR}/replay/main.cpp)
     target_include_directories(cuvexa_replay PRIVATE ${PROJECT_SOURCE_DIR}/src)
     target_compile_options(cuvexa_replay PRIVATE -O2)

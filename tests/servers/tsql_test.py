@@ -1,7 +1,8 @@
 #!/usr/bin/python3
-"""Every statement of a full run is T-SQL: the trace of the demonstration, the suite's administration and the audit parses
-with a parser of that dialect. Two statements must fail by contract, and do: the balance of firm movements is no statement,
-and the cancellation of a deposit of a receipt whose lines are in two states has a sub-select that gives two values.
+"""Every statement of a full run is T-SQL: the trace of the demonstration, the suite's administration and the audit
+parses with a parser of that dialect. Two statements must fail by contract, and do: the balance of firm movements is no
+statement, and the cancellation of the deposit of a receipt whose lines are in two states has a sub-select that gives two
+values.
 
     tsql_test.py CUVEXA
 
@@ -42,8 +43,8 @@ def is_statement(text):
     return len(trees) == 1 and trees[0] is not None
 
 
-# The parser knows neither the OUTPUT clause nor a join in the FROM of an UPDATE, which T-SQL has. The clause is taken out;
-# the FROM and all that follows are read as those of a SELECT.
+# The parser knows neither the OUTPUT clause nor a join in the FROM of an UPDATE, which T-SQL has. The clause is taken
+# out; the FROM and all that follows are read as those of a SELECT.
 OUTPUT = re.compile(r" OUTPUT inserted\.\w+(?= WHERE )")
 JOINED = re.compile(r"(UPDATE .*? )(FROM \w+ +INNER JOIN .*)", re.DOTALL)
 
@@ -108,7 +109,8 @@ def main():
     failed = [entry for entry in good if entry["error"]]
     for entry in failed:
         print("failed on the way:", entry["text"], entry["error"])
-    expected = [("SELECT SUM(Bm_Importe) as Saldo ", False), ("UPDATE Recibo_Pago SET    Es_Cve_Estado = (SELECT ", True)]
+    expected = [("SELECT SUM(Bm_Importe) as Saldo ", False),
+                ("UPDATE Recibo_Pago SET    Es_Cve_Estado = (SELECT ", True)]
     if len(failing) != 2 or any(not entry["text"].startswith(text) or parses(entry["text"]) != parsing
                                 for entry, (text, parsing) in zip(failing, expected)):
         print("these two were expected to fail:", expected, "and these did:", failing)

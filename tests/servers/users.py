@@ -148,10 +148,17 @@ class User:
             except Refused as refusal:
                 self.failures.append(str(refusal))
 
+    def work_to_the_end(self, numbers):
+        """In a thread nobody would hear of an exception."""
+        try:
+            self.work(numbers)
+        except Exception as failure:
+            self.failures.append(f"stopped working: {failure!r}")
+
 
 def work_at_once(users, rounds):
     """Every user does so many rounds, all of them at once."""
-    threads = [threading.Thread(target=user.work, args=(range(i * rounds, (i + 1) * rounds),))
+    threads = [threading.Thread(target=user.work_to_the_end, args=(range(i * rounds, (i + 1) * rounds),))
                for i, user in enumerate(users)]
     for thread in threads:
         thread.start()
@@ -207,8 +214,9 @@ class Databases:
         """A client program of PostgreSQL, on the server."""
         binaries = os.path.dirname(shlex.split(os.environ["CUVEXA_TEST_SERVER"])[0])
         value = dict(part.split("=", 1) for part in self.named.split(";") if part)
-        done = subprocess.run([os.path.join(binaries, tool), "-h", value["Server"], "-p", value["Port"], "-U", value["UID"],
-                               *arguments], env={**os.environ, "PGPASSWORD": value["PWD"]}, capture_output=True, text=True)
+        command = [os.path.join(binaries, tool), "-h", value["Server"], "-p", value["Port"], "-U", value["UID"]]
+        done = subprocess.run([*command, *arguments], env={**os.environ, "PGPASSWORD": value["PWD"]},
+                              capture_output=True, text=True)
         if done.returncode != 0:
             raise SystemExit(f"{tool}: {done.stderr}")
         return done.stdout

@@ -1,6 +1,6 @@
-"""What must hold when the users have gone: nothing acknowledged is missing, no folio was given twice, none is lost without
-a reason, every balance is what the movements say to the last cent, and the audit finds what was left half done and
-nothing else.
+"""What must hold when the users have gone: nothing acknowledged is missing, no folio was given twice, none is lost
+without a reason, every balance is what the movements say to the last cent, and the audit finds what was left half done
+and nothing else.
 """
 import collections
 import json
@@ -37,7 +37,8 @@ class Books:
         self.findings = json.loads(self.run("audit"))
 
     def run(self, *arguments):
-        done = subprocess.run([self.program, *arguments, "--json", "--db", self.database], capture_output=True, text=True)
+        done = subprocess.run([self.program, *arguments, "--json", "--db", self.database],
+                              capture_output=True, text=True)
         if not done.stdout:
             raise SystemExit(f"{' '.join(arguments)}: {done.stderr}")
         return done.stdout
@@ -68,7 +69,7 @@ def verify(books, documents):
 
 
 def identify(books, documents):
-    """A program that died took folios with it that its user does not know: no two documents of a kind have one amount."""
+    """A program that died took folios with it that its user never saw. No two documents of a kind have one amount."""
     receipts = {cents(row["Rp_Importe"]): folio for folio, row in books.receipts.items()}
     deposits = {cents(row["Dp_Importe"]): folio for folio, row in books.deposits.items()}
     checks = {cents(row["Ch_Importe"]): folio for folio, row in books.checks.items()}
@@ -83,7 +84,8 @@ def identify(books, documents):
 def missing(books, document):
     """What was acknowledged and is not there."""
     if document.kind == "receipt":
-        rows = [(books.receipts.get(document.folio), "Rp_Importe", {"captured": "AC", "closed": "AC", "deposited": "DP"})]
+        rows = [(books.receipts.get(document.folio), "Rp_Importe",
+                 {"captured": "AC", "closed": "AC", "deposited": "DP"})]
         if document.stage in ("deposited", "cancelled"):
             rows += [(books.deposits.get(document.deposit), "Dp_Importe", {"deposited": "AC"}),
                      (books.movement(document.deposit), "Bm_Importe", {"deposited": "FI"})]
@@ -152,7 +154,8 @@ def balances(books, documents, doubts):
 
 def unexplained(books, documents):
     """Findings about documents of which every operation was acknowledged."""
-    doubtful = {folio for document in documents if document.doubt for folio in (document.folio, document.deposit) if folio}
+    doubtful = {folio for document in documents if document.doubt
+                for folio in (document.folio, document.deposit) if folio}
     lost_lines = any(document.doubt == "created" for document in documents)
     for finding in books.findings:
         if finding["check"] in ("saldo-de-cuenta", "saldo-de-banco"):
@@ -163,8 +166,8 @@ def unexplained(books, documents):
             yield f"the audit finds what no operation in doubt explains: {finding}"
 
 
-# The states of a document, of its deposit and of the bank movement before and after an operation, and where it may rest in
-# between with nothing left half done.
+# The states of a document, of its deposit and of the bank movement before and after an operation, and where it may rest
+# in between with nothing left half done.
 WHOLE = {
     ("receipt", "deposited"): {("AC", None, None), ("DP", "AC", "FI")},
     ("receipt", "cancelled"): {("DP", "AC", "FI"), ("AC", "CA", "CA"), ("CA", "CA", "CA")},
@@ -178,10 +181,12 @@ def unnamed(books, doubts):
     found = set().union(*(books.named(finding) for finding in books.findings))
     for document in doubts:
         if document.kind == "receipt":
-            rows = (books.receipts.get(document.folio), books.deposits.get(document.deposit), books.movement(document.deposit))
+            rows = (books.receipts.get(document.folio), books.deposits.get(document.deposit),
+                    books.movement(document.deposit))
         else:
             rows = (books.checks.get(document.folio), books.movement(document.folio))
         states = tuple(row and row["Es_Cve_Estado"] for row in rows)
         whole = WHOLE.get((document.kind, document.doubt))
         if whole and states not in whole and not found & {document.folio, document.deposit}:
-            yield f"half done, and the audit does not find it: {document.kind} {document.folio} {document.doubt} {states}"
+            yield ("half done, and the audit does not find it: "
+                   f"{document.kind} {document.folio} {document.doubt} {states}")

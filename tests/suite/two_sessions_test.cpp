@@ -37,8 +37,8 @@ TEST(Two_sessions, never_get_the_same_folio_and_begin_one_series) {
     for (const char* tail : {"", "-wal", "-shm"}) std::filesystem::remove(path + tail);
 }
 
-/// A server on which another session begins the series between the look and the insertion; or, without `other`, one that
-/// does not let this session insert.
+/// A server on which another session begins the series between the look and the insertion; or, without `other`, one
+/// that does not let this session insert.
 class Series_begun_meanwhile : public Connection {
 public:
     Series_begun_meanwhile(Connection& rows, bool other) : rows_(rows), other_(other) {}

@@ -1,14 +1,15 @@
-// What an engine does bare: programs, one per trace, give it the statement texts of the traces as fast as it takes them, all
-// at once. Prints statements per second.
+// What an engine does bare: programs, one per trace, give it the statement texts of the traces as fast as it takes
+// them, all at once. Prints statements per second.
 //
 //   cuvexa_replay DATABASE TRACE…
 //
-// The texts are those that reached the engine, translated before the clock starts. SQLite: prepared, stepped through and
-// finalized, with the settings that the component uses. A server: executed directly and fetched.
+// The texts are those that reached the engine, translated before the clock starts. SQLite: prepared, stepped through
+// and finalized, with the settings that the component uses. A server: executed directly and fetched.
 #include <sqlite3.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <exception>
@@ -16,6 +17,7 @@
 #include <functional>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -50,7 +52,8 @@ Engine sqlite(const std::string& file, std::vector<std::string>& texts) {
     for (std::string& text : texts) text = connection->translate(text);
     return [connection](const std::string& text) {
         sqlite3_stmt* statement = nullptr;
-        int code = sqlite3_prepare_v2(connection->handle(), text.data(), static_cast<int>(text.size()), &statement, nullptr);
+        int code =
+            sqlite3_prepare_v2(connection->handle(), text.data(), static_cast<int>(text.size()), &statement, nullptr);
         if (code != SQLITE_OK) return false;
         do code = sqlite3_step(statement);
         while (code == SQLITE_ROW);
@@ -83,8 +86,8 @@ Engine server(const std::string& connection_string, std::vector<std::string>& te
     SQLSetEnvAttr(environment, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
     SQLAllocHandle(SQL_HANDLE_DBC, environment, &connection);
     std::u16string utf16 = utf16_from(connection_string);
-    if (!SQL_SUCCEEDED(SQLDriverConnectW(connection, nullptr, wide(utf16), static_cast<SQLSMALLINT>(utf16.size()), nullptr, 0,
-                                         nullptr, SQL_DRIVER_NOPROMPT)))
+    if (!SQL_SUCCEEDED(SQLDriverConnectW(connection, nullptr, wide(utf16), static_cast<SQLSMALLINT>(utf16.size()),
+                                         nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT)))
         throw std::runtime_error("the server does not let a session in");
     return [connection](const std::string& text) { return execute(connection, text); };
 }
