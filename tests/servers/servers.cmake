@@ -47,8 +47,8 @@ if(TARGET cuvexa AND EXISTS /usr/bin/python3)
     add_users_test(sqlite.killed_programs ${python} ${here}/kill_test.py programs ${program} --repeat 2)
     if(TARGET cuvexa_odbc)
         set(on_postgresql ${here}/with_postgresql ${python})
-        add_users_test(postgresql.demonstration ${here}/with_postgresql sh -ec
-            [["$0" init --sample --db "$CUVEXA_TEST_DB"; "$0" demo --db "$CUVEXA_TEST_DB"; "$0" audit --db "$CUVEXA_TEST_DB"]]
+        add_users_test(postgresql.demonstration ${here}/with_postgresql sh -c
+            [["$0" init --sample --db "$CUVEXA_TEST_DB" && "$0" demo --db "$CUVEXA_TEST_DB" && "$0" audit --db "$CUVEXA_TEST_DB"]]
             ${program})
         add_users_test(postgresql.many_users ${on_postgresql} ${here}/load_test.py ${program} --users 1,8 --rounds 4)
         add_users_test(postgresql.killed_programs ${on_postgresql} ${here}/kill_test.py programs ${program} --repeat 2)
