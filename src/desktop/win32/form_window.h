@@ -49,7 +49,7 @@ private:
     void add_row(const Form_row& row);
     void add(Control& control);
     HWND make_window(Control& control, int id);
-    HWND make_field(LookupTextBox& field, int id);
+    HWND make_field(int id);
     HWND make_picker(int id);
     Item* item_of(const Control* control);
     Item* item_with(int id);

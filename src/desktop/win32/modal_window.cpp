@@ -202,6 +202,9 @@ LRESULT Modal_window::handle(UINT message, WPARAM wparam, LPARAM lparam) {
         case WM_PAINT:
             paint_now();
             return 0;
+        case WM_PRINTCLIENT:
+            paint_all(reinterpret_cast<HDC>(wparam));
+            return 0;
         case WM_SIZE:
             arrange({LOWORD(lparam), HIWORD(lparam)});
             InvalidateRect(window_, nullptr, FALSE);
@@ -220,10 +223,15 @@ LRESULT Modal_window::message(UINT message, WPARAM wparam, LPARAM lparam) {
 
 void Modal_window::paint_now() {
     PAINTSTRUCT painting{};
-    const HDC dc = BeginPaint(window_, &painting);
-    looks().fill(dc, painting.rcPaint, looks().colors().form);
-    paint(dc);
+    paint_all(BeginPaint(window_, &painting));
     EndPaint(window_, &painting);
+}
+
+void Modal_window::paint_all(HDC dc) {
+    RECT inside{};
+    GetClientRect(window_, &inside);
+    looks().fill(dc, inside, looks().colors().form);
+    paint(dc);
 }
 
 // ---- Size and place ------------------------------------------------------------------------------------------------

@@ -87,6 +87,7 @@ private:
     void take_natural_size();
     void move_over_owner();
     void paint_now();
+    void paint_all(HDC dc);
     void loop();
     bool taken_as_key(const MSG& message);
     template <class Body>

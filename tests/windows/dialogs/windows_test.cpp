@@ -186,7 +186,14 @@ TEST(Win32_windows, a_refused_key_counts_as_none_and_the_keyboard_returns_to_it_
 
 TEST(Win32_windows, a_click_into_a_locked_field_leaves_the_focus_where_it_was) {
     Desk desk;
-    desk.deposit({click("txt_Bc_Descripcion"), focus_is(account), type(L"X"), text_is(account, "X"),
+    const auto read_only = [](Desk& desk, const char* name) {
+        return (GetWindowLongPtrW(desk.control(name), GWL_STYLE) & ES_READONLY) != 0;
+    };
+    desk.deposit({look([&](Desk& desk) {
+                      EXPECT_TRUE(read_only(desk, "txt_Bc_Descripcion"));
+                      EXPECT_FALSE(read_only(desk, account));
+                  }),
+                  click("txt_Bc_Descripcion"), focus_is(account), type(L"X"), text_is(account, "X"),
                   text_is("txt_Bc_Descripcion", ""), key(VK_ESCAPE)});
 }
 
@@ -494,6 +501,18 @@ TEST(Win32_windows, a_library_that_is_unloaded_leaves_nothing_and_can_come_again
         EXPECT_TRUE(FreeLibrary(library));
         EXPECT_EQ(GetModuleHandleW(L"cuvexa_windows_dialogs_library.dll"), nullptr);
     }
+}
+
+TEST(Win32_windows, a_service_without_a_desktop_is_told_so) {
+    Desk desk;
+    EXPECT_EQ(desk.toolkit->obstacle(), "");
+    const HWINSTA station = GetProcessWindowStation();
+    const HWINSTA invisible = CreateWindowStationW(nullptr, 0, WINSTA_ALL_ACCESS, nullptr);
+    ASSERT_NE(invisible, nullptr);
+    ASSERT_TRUE(SetProcessWindowStation(invisible));
+    EXPECT_EQ(desk.toolkit->obstacle(), "el programa corre donde nadie ve sus ventanas (un servicio).");
+    SetProcessWindowStation(station);
+    CloseWindowStation(invisible);
 }
 
 // ---- Failures ------------------------------------------------------------------------------------------------------
