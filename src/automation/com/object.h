@@ -1,6 +1,8 @@
 // What every object of the servers shares: counting, finding its interfaces, and keeping the library loaded.
 #pragma once
 
+#include <objbase.h>
+
 #include <atomic>
 
 #include "automation/com/pointers.h"
@@ -9,6 +11,18 @@ namespace cuvexa::com {
 
 /// Objects alive and locks held in this library; while there are any it stays loaded.
 inline std::atomic<long> objects_alive{0};
+
+/// An identifier by which objects of this library know each other. It is made anew whenever the library is loaded, so that an
+/// object of another copy, whose memory may be another, stays a stranger.
+template <class Interface>
+const IID& own_iid() {
+    static const IID id = [] {
+        IID made{};
+        CoCreateGuid(&made);
+        return made;
+    }();
+    return id;
+}
 
 /// An object with one interface, derived from IDispatch, and IUnknown. Born with one reference.
 template <class Interface = IDispatch>

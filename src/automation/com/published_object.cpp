@@ -21,7 +21,6 @@ namespace cuvexa::com {
 namespace {
 
 constexpr const char* source = "Cuvexa";
-constexpr IID iid_published = {0x6d1b4a5e, 0x83c7, 0x4f0e, {0x9a, 0x1d, 0x52, 0x70, 0xc3, 0xb8, 0x4e, 0x01}};
 
 class Published;
 
@@ -68,7 +67,7 @@ public:
     HRESULT query(REFIID iid, void** found) {
         if (!found) return E_POINTER;
         const bool own = IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IDispatch) ||
-                         IsEqualIID(iid, iid_published) || IsEqualIID(iid, ids_of(type().name).interface_id);
+                         IsEqualIID(iid, own_iid<Published>()) || IsEqualIID(iid, ids_of(type().name).interface_id);
         *found = own                                            ? static_cast<void*>(&face_)
                  : IsEqualIID(iid, IID_ISupportErrorInfo) ? static_cast<void*>(&errors_)
                                                                 : nullptr;
@@ -332,7 +331,7 @@ Pointer<IDispatch> published(Object object, std::shared_ptr<void> keeps) {
 Object object_behind(IUnknown* client_object) {
     if (!client_object) return nullptr;
     Pointer<IUnknown> own;
-    if (FAILED(client_object->QueryInterface(iid_published, own.receive_void())))
+    if (FAILED(client_object->QueryInterface(own_iid<Published>(), own.receive_void())))
         throw Result_error(DISP_E_TYPEMISMATCH, "an object of this component is expected");
     return reinterpret_cast<Face*>(own.get())->object->object();
 }

@@ -20,8 +20,6 @@ constexpr DISPID first_field = 1;
 constexpr DISPID id_leer = 0x1000;
 constexpr DISPID id_vaciar = 0x1001;
 
-constexpr IID iid_script_record = {0x6d1b4a5f, 0x83c7, 0x4f0e, {0x9a, 0x1d, 0x52, 0x70, 0xc3, 0xb8, 0x4e, 0x01}};
-
 class Script_record final : public Dispatch_object<> {
 public:
     /// `owner` keeps the record that `place` is a part of.
@@ -52,7 +50,7 @@ public:
 
 protected:
     void* find(REFIID iid) override {
-        return IsEqualIID(iid, iid_script_record) ? static_cast<IDispatch*>(this) : Dispatch_object::find(iid);
+        return IsEqualIID(iid, own_iid<Script_record>()) ? static_cast<IDispatch*>(this) : Dispatch_object::find(iid);
     }
 
 private:
@@ -130,7 +128,7 @@ Pointer<IDispatch> new_script_record(const Record_type& type) {
 
 const Record_place* script_record_behind(IUnknown* object) {
     Pointer<IDispatch> found;
-    if (!object || FAILED(object->QueryInterface(iid_script_record, found.receive_void()))) return nullptr;
+    if (!object || FAILED(object->QueryInterface(own_iid<Script_record>(), found.receive_void()))) return nullptr;
     return &static_cast<Script_record*>(found.get())->place();
 }
 
