@@ -112,7 +112,7 @@ Any Published_connection::perform(std::size_t member, WORD kind, const Call_argu
 Any Published_connection::execute(const Call_arguments& given) {
     given.expect(1, 3);
     if (!open_) throw Automation_error(error_object_closed, "La conexión está cerrada");
-    auto recordset = session_->suite().connection().execute(text_in(given.required(0)));
+    auto recordset = session_->suite().session()->GetConnection().execute(text_in(given.required(0)));
     std::unique_ptr<Row_set> rows(&dynamic_cast<Row_set&>(*recordset));
     recordset.release();
     if (given.has(1)) give_back(given[1], any(static_cast<std::int32_t>(rows->rows())));

@@ -16,6 +16,8 @@ void show(const Reported_error& report) {
                 MB_OK | MB_TASKMODAL | static_cast<UINT>(report.style));
 }
 
+thread_local Suite* other_suite = nullptr;
+
 }  // namespace
 
 std::shared_ptr<Session> Session::of_this_thread() {
@@ -31,9 +33,14 @@ std::shared_ptr<Session> Session::of_this_thread() {
     return session;
 }
 
-Embedded_suite& Session::suite() {
-    if (!suite_) suite_ = std::make_unique<Embedded_suite>(embedded_settings(), show);
-    return *suite_;
+Suite& Session::suite() {
+    if (other_suite) return *other_suite;
+    if (!own_suite_) own_suite_ = std::make_unique<Embedded_suite>(embedded_settings(), show);
+    return *own_suite_;
+}
+
+void Session::publish(Suite* suite) {
+    other_suite = suite;
 }
 
 Pointer<IDispatch> Session::connection_object(const std::shared_ptr<Session>& self) {

@@ -17,14 +17,17 @@ public:
     static std::shared_ptr<Session> of_this_thread();
 
     /// Throws as `embedded_settings` and `Embedded_suite`; the next call tries again.
-    Embedded_suite& suite();
+    Suite& suite();
+
+    /// Publishes another suite on this thread instead of the embedded one; null ends that. It must outlive what is published.
+    static void publish(Suite* suite);
 
     /// The one connection object, as long as somebody holds it. `self` keeps this session alive for it.
     static Pointer<IDispatch> connection_object(const std::shared_ptr<Session>& self);
     void connection_gone() { connection_ = nullptr; }
 
 private:
-    std::unique_ptr<Embedded_suite> suite_;
+    std::unique_ptr<Suite> own_suite_;
     Published_connection* connection_ = nullptr;
 };
 
