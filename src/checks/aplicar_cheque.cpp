@@ -1,4 +1,5 @@
 // Application of an issued check: what each line stands for happens, and the movement is confirmed.
+#include "core/due_date.h"
 #include "core/operation.h"
 #include "cuvexa/tesoreria.h"
 
@@ -145,7 +146,7 @@ void charge_customer(Operation& op, const Line& line) {
         .comment = line.concept_text,
         .reference = line.reference,
         .date = line.date,
-        .due_date = credit_days.empty() ? line.date : add_days(line.date, to_integer(credit_days)),
+        .due_date = due_date(line.date, credit_days),
         .amount = line.check_amount,
         .net_amount = line.check_amount,
         .net_price_amount = line.check_amount,

@@ -31,7 +31,8 @@ void check_not_issued(Operation& op, const tTsEncabezado& header) {
     const std::string folio = issued.text("Ch_Folio");
     op.refuse_plain_if(header.Ch_Transferencia == transfer,
                        "La transferencia electrónica {} ya fue impresa con el folio: {}", header.Ch_Referencia, folio);
-    op.refuse_plain_if(true, "El cheque {} ya fue impreso con el folio: {}", header.Ch_Referencia, folio);
+    op.refuse_plain_if(header.Ch_Transferencia != transfer, "El cheque {} ya fue impreso con el folio: {}",
+                       header.Ch_Referencia, folio);
 }
 
 void check_header(Operation& op, const tTsEncabezado& header) {

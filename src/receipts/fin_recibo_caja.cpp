@@ -1,4 +1,5 @@
 // Closing of a cash receipt: what it collected goes to payables, receivables and accounting.
+#include "core/due_date.h"
 #include "core/operation.h"
 #include "core/posting.h"
 #include "cuvexa/tesoreria.h"
@@ -35,15 +36,9 @@ struct Collected {
     std::string method_customer;  ///< who owes the money collected with the method
 };
 
-/// The date plus the credit days of a catalog row; no such row gives no days.
-Date due_date(Operation& op, Date date, const char* column, const char* key_column, const std::string& key,
-              const char* table) {
-    const std::string credit_days = op.data().LookupValue(column, key_column, key, table);
-    return credit_days.empty() ? date : add_days(date, to_integer(credit_days));
-}
-
 void create_payable(Operation& op, AccountsPayableService& payables, const std::string& folio, const Collected& row) {
-    const Date due = due_date(op, row.date, "Pv_Dias_Credito", "Pv_Cve_Proveedor", row.party, "Proveedor");
+    const Date due =
+        due_date(row.date, op.data().LookupValue("Pv_Dias_Credito", "Pv_Cve_Proveedor", row.party, "Proveedor"));
     Payable payable = payables.NewDocument();
     payable.supplier = row.party;
     payable.branch = row.branch;
@@ -76,7 +71,8 @@ void apply_receipt(Operation& op, AccountsReceivableService& receivables, const 
 
 void create_receivable(Operation& op, AccountsReceivableService& receivables, const std::string& folio,
                        const Collected& row) {
-    const Date due = due_date(op, row.date, "Cl_Dias_Credito", "Cl_Cve_Cliente", row.method_customer, "Cliente");
+    const Date due =
+        due_date(row.date, op.data().LookupValue("Cl_Dias_Credito", "Cl_Cve_Cliente", row.method_customer, "Cliente"));
     const Receivable receivable{.branch = row.branch,
                                 .customer = row.method_customer,
                                 .exchange_rate = row.rate,
