@@ -80,14 +80,15 @@ public:
 
     HRESULT type_info_count(UINT* count) {
         if (!count) return E_POINTER;
-        *count = own_type(ids_of(type().name).interface_id) ? 1 : 0;
+        *count = library_ ? 1 : 0;
         return S_OK;
     }
 
     HRESULT type_info(UINT at, ITypeInfo** info) {
         if (!info) return E_POINTER;
-        *info = at == 0 ? own_type(ids_of(type().name).interface_id).release() : nullptr;
-        return *info ? S_OK : DISP_E_BADINDEX;
+        *info = nullptr;
+        if (at != 0 || !library_) return DISP_E_BADINDEX;
+        return library_->GetTypeInfoOfGuid(ids_of(type().name).interface_id, info);
     }
 
     HRESULT identifiers(LPOLESTR* names, UINT count, DISPID* ids);
@@ -102,6 +103,8 @@ private:
     Error_support errors_{*this};
     Object object_;
     std::shared_ptr<void> keeps_;
+    // Held so that the system has it at hand whenever a record or a client asks for it.
+    Pointer<ITypeLib> library_ = own_library();
     std::atomic<long> references_{1};
 };
 
