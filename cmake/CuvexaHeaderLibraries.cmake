@@ -11,3 +11,4 @@ function(cuvexa_header_library target package folder)
 endfunction()
 
 cuvexa_header_library(nlohmann_json::nlohmann_json nlohmann_json nlohmann)
+cuvexa_header_library(CLI11::CLI11 CLI11 CLI)

@@ -1,4 +1,8 @@
 # Database servers by way of ODBC: Cuvexa::odbc.
+if(WIN32)
+    message(STATUS "Cuvexa: no database servers, because their connection has not been brought to Windows")
+    return()
+endif()
 find_package(ODBC QUIET)
 if(ODBC_FOUND)
     cuvexa_library(odbc ROOMS database ONLY "/odbc_[a-z]+[.]cpp$" USES database)

@@ -1,9 +1,10 @@
 #include "cli/command.h"
 
+#ifndef _WIN32
 #include <fcntl.h>
+#endif
 #include <unistd.h>
 
-#include <cerrno>
 #include <filesystem>
 #include <system_error>
 
@@ -21,6 +22,17 @@
 namespace cuvexa::cli {
 
 namespace {
+
+namespace fs = std::filesystem;
+
+/// Texts are UTF-8, also where the system's narrow texts are not.
+fs::path path(const std::string& text) {
+    return std::u8string(text.begin(), text.end());
+}
+std::string text(const fs::path& path) {
+    const std::u8string utf8 = path.u8string();
+    return {utf8.begin(), utf8.end()};
+}
 
 Sqlite_options engine_options(const Database_options& options, Access access) {
     Sqlite_options engine;
@@ -66,16 +78,16 @@ Date_style style_of(const Connection&) {
 // The engine would say the same of a missing file and of a folder: that it cannot open it.
 const std::string& existing_file(const std::string& file) {
     std::error_code ignored;
-    const auto status = std::filesystem::status(file, ignored);
-    if (!std::filesystem::exists(status)) {
+    const auto status = fs::status(path(file), ignored);
+    if (!fs::exists(status)) {
         throw Refused("No existe la base de datos: " + file + " (se crea con: cuvexa init --db " + file + ")");
     }
-    if (std::filesystem::is_directory(status)) throw Refused("No es una base de datos sino una carpeta: " + file);
+    if (fs::is_directory(status)) throw Refused("No es una base de datos sino una carpeta: " + file);
     return file;
 }
 
 bool stands(const std::string& file) {
-    return std::filesystem::symlink_status(file).type() != std::filesystem::file_type::not_found;
+    return fs::symlink_status(path(file)).type() != fs::file_type::not_found;
 }
 
 /// The engine would take what a deleted database left beside it for a part of the new one.
@@ -84,8 +96,8 @@ void refuse_in_place(const std::string& file) {
     for (const char* ending : {"-wal", "-journal"}) {
         if (stands(file + ending)) throw Refused("Quedan restos de otra base de datos: " + file + ending);
     }
-    const auto folder = std::filesystem::absolute(file).parent_path();
-    if (!std::filesystem::is_directory(folder)) throw Refused("No existe la carpeta: " + folder.string());
+    const auto folder = fs::absolute(path(file)).parent_path();
+    if (!fs::is_directory(folder)) throw Refused("No existe la carpeta: " + text(folder));
 }
 
 /// A file in the making, under a name of its own; gone in the end, with what the engine put beside it.
@@ -100,26 +112,31 @@ public:
 
     /// Gives it its name, unless another program has made a file of that name meanwhile.
     void become(const std::string& file) {
-        if (link(name_.c_str(), file.c_str()) == 0) return sync_folder(file);
-        const int error = errno;
+        std::error_code error;
+        fs::create_hard_link(path(name_), path(file), error);
+        if (!error) return sync_folder(file);
         refuse_in_place(file);
-        if (error != EPERM && error != ENOTSUP) throw std::system_error(error, std::generic_category(), file);
-        std::filesystem::rename(name_, file);  // a file system without links
+        if (error != std::errc::operation_not_permitted && error != std::errc::not_supported &&
+            error != std::errc::function_not_supported)
+            throw std::system_error(error, file);
+        fs::rename(path(name_), path(file));  // a file system without links
         sync_folder(file);
     }
 
 private:
     void remove() {
         std::error_code ignored;
-        for (const char* ending : {"", "-wal", "-shm", "-journal"}) std::filesystem::remove(name_ + ending, ignored);
+        for (const char* ending : {"", "-wal", "-shm", "-journal"}) fs::remove(path(name_ + ending), ignored);
     }
 
-    /// The name survives a power cut only when its folder has reached the disk.
-    static void sync_folder(const std::string& file) {
-        const int folder = open(std::filesystem::absolute(file).parent_path().c_str(), O_RDONLY | O_DIRECTORY);
+    /// The name survives a power cut only when its folder has reached the disk. Windows has no such call.
+    static void sync_folder([[maybe_unused]] const std::string& file) {
+#ifndef _WIN32
+        const int folder = open(fs::absolute(path(file)).parent_path().c_str(), O_RDONLY | O_DIRECTORY);
         if (folder < 0) return;
         fsync(folder);
         close(folder);
+#endif
     }
 
     std::string name_;
@@ -137,7 +154,7 @@ void require_this_version(Connection& connection, const std::string& file) {
 /// A trace in the database's place would damage it.
 void refuse_trace_over(const std::string& trace, const std::string& database) {
     std::error_code ignored;
-    if (!trace.empty() && std::filesystem::equivalent(trace, database, ignored)) {
+    if (!trace.empty() && fs::equivalent(path(trace), path(database), ignored)) {
         throw Refused("El rastro no puede escribirse en la base de datos: " + trace);
     }
 }
@@ -158,7 +175,7 @@ std::string Database_options::shown() const {
 }
 
 bool Database_options::stands() const {
-    if (!is_server()) return std::filesystem::exists(file);
+    if (!is_server()) return fs::exists(path(file));
     return has_schema(*open_server(*this));
 }
 
@@ -184,7 +201,7 @@ Database::Database(std::unique_ptr<Connection> engine, const std::string& file, 
     : engine_(std::move(engine)), date_style_(style_of(*engine_)) {
     if (trace.empty()) return;
     refuse_trace_over(trace, file);
-    trace_file_.open(trace, std::ios::app);
+    trace_file_.open(path(trace), std::ios::app);
     if (!trace_file_) throw Refused("No se puede escribir el rastro: " + trace);
     traced_.emplace(*engine_, trace_file_);
 }

@@ -6,6 +6,10 @@ cuvexa_windows_test(suite cuvexa_com_suite cuvexa_sqlite cuvexa_suite)
 target_link_libraries(cuvexa_windows_suite_tests PRIVATE version)
 target_compile_definitions(cuvexa_windows_suite_tests PRIVATE CUVEXA_VERSION="${PROJECT_VERSION}")
 add_dependencies(cuvexa_windows_suite_tests cuvexa_suite_dll)
+if(TARGET cuvexa)
+    add_dependencies(cuvexa_windows_suite_tests cuvexa)
+    target_compile_definitions(cuvexa_windows_suite_tests PRIVATE CUVEXA_WITH_PROGRAM)
+endif()
 set_tests_properties(windows.suite PROPERTIES ENVIRONMENT CUVEXA_WINE_PREFIX=${CMAKE_BINARY_DIR}/wine-suite)
 
 # cuvexa_windows_library(<target>): a test `windows.<target>` that the library offers the four entry points and no other, and needs
