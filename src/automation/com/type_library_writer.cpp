@@ -124,7 +124,7 @@ private:
             case Type::record:
                 return named(from, type.record->name);
             case Type::object:
-                return pointer_to(named(from, "_" + std::string(type.class_name)));
+                return pointer_to(named(from, std::string("_").append(type.class_name)));
         }
         return description;
     }
