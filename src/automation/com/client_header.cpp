@@ -17,11 +17,12 @@ namespace {
 constexpr const char* beginning = R"(// Cuvexa.dll for C++ programs that call it through its virtual table. Made by the build; do not edit.
 //
 // Every member gives a result code; its result comes last. Strings that go in remain the caller's, strings and objects that
-// come out become the caller's. After a failing code, GetErrorInfo has number, source and description. Identifiers in
-// comments are those of Invoke.
+// come out become the caller's; clear(record) gives back the strings of a record. After a failing code, GetErrorInfo has
+// source and description. Identifiers in comments are those of Invoke.
 #pragma once
 
 #include <oaidl.h>
+#include <oleauto.h>
 #include <windows.h>
 
 #include <cstddef>
@@ -54,7 +55,7 @@ std::string name_of(const Value_type& type) {
         case Type::record:
             return std::string(type.record->name);
         case Type::object:
-            return "_" + std::string(type.class_name) + "*";
+            return std::string("_").append(type.class_name) + "*";
         case Type::none:
             break;
     }
@@ -81,10 +82,20 @@ public:
         }
         out_ << "static_assert(sizeof(" << record.name << ") == ";
         by_bitness(size_of_record(record, 8), size_of_record(record, 4));
+        add_clear(record);
         out_ << "inline constexpr GUID guid_" << record.name << " = " << guid(record_id(record)) << ";\n\n";
     }
 
 private:
+    void add_clear(const Record_type& record) {
+        out_ << "inline void clear(" << record.name << "& record) {\n";
+        for (const Field& field : record.fields) {
+            if (field.type.type == Type::text) out_ << "    SysFreeString(record." << field.name << ");\n";
+            if (field.type.type == Type::record) out_ << "    clear(record." << field.name << ");\n";
+        }
+        out_ << "    record = {};\n}\n";
+    }
+
     void by_bitness(std::size_t of_64, std::size_t of_32) {
         if (of_64 == of_32) {
             out_ << of_64 << ");\n";

@@ -1,6 +1,9 @@
 #include "automation/com/late.h"
 
+#include <dispex.h>
+
 #include <algorithm>
+#include <memory>
 #include <vector>
 
 #include "automation/com/failures.h"
@@ -34,6 +37,14 @@ int number_of(const EXCEPINFO& record) {
     }
 }
 
+/// The objects of Wine's script languages answer to names in this way only.
+HRESULT identifier_by_extension(const Pointer<IDispatch>& object, const wchar_t* name, DISPID& found) {
+    const auto extended = object.as<IDispatchEx>(__uuidof(IDispatchEx));
+    if (!extended) return E_NOTIMPL;
+    const std::unique_ptr<OLECHAR, decltype(&SysFreeString)> string(SysAllocString(name), &SysFreeString);
+    return string ? extended->GetDispID(string.get(), fdexNameCaseInsensitive, &found) : E_OUTOFMEMORY;
+}
+
 }  // namespace
 
 Late_object Late_object::create(std::string_view prog_id) {
@@ -54,7 +65,8 @@ DISPID Late_object::identifier(std::string_view name) {
     std::wstring characters = wide(name);
     LPOLESTR names[] = {characters.data()};
     DISPID found = DISPID_UNKNOWN;
-    const HRESULT result = object_->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &found);
+    HRESULT result = object_->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &found);
+    if (result == E_NOTIMPL) result = identifier_by_extension(object_, names[0], found);
     if (FAILED(result)) throw_refused(result, name);
     identifiers_.emplace(name, found);
     return found;

@@ -1,6 +1,7 @@
 #include "automation/com/registration.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "automation/com/failures.h"
 #include "automation/com/registry.h"
@@ -42,24 +43,18 @@ public:
 
     /// Whether there is anything of this library's under the class.
     bool holds(const Class_entry& entry) const {
-        return is_own(entry) || Key::existing(hive_, kept_class(library_, entry)) ||
+        return is_own(entry) || !keepers(entry).empty() || Key::existing(hive_, kept_class(library_, entry)) ||
                Key::existing(hive_, kept_prog_id(library_, entry));
     }
 
     void take_back(const Class_entry& entry) const {
-        const bool own = is_own(entry);
-        const auto other = other_copy(entry);
-        if (own) {
-            remove(class_key(entry));
-            restore(kept_class(library_, entry), class_key(entry));
-        } else if (other && same_path(server_of(kept_class(*other, entry)).value_or(L""), library_)) {
-            hand_over(kept_class(library_, entry), kept_class(*other, entry));
-        }
-        if (other) {
-            hand_over(kept_prog_id(library_, entry), kept_prog_id(*other, entry));
-        } else if (own && leads_to(entry)) {
-            remove(prog_id_key(entry));
-            restore(kept_prog_id(library_, entry), prog_id_key(entry));
+        if (is_own(entry)) {
+            take_back_own(entry);
+        } else {
+            for (const std::wstring& keeper : keepers(entry)) {
+                hand_over(kept_class(library_, entry), kept_class(keeper, entry));
+                hand_over(kept_prog_id(library_, entry), kept_prog_id(keeper, entry));
+            }
         }
         remove(kept_class(library_, entry));
         remove(kept_prog_id(library_, entry));
@@ -100,6 +95,27 @@ private:
     bool leads_to(const Class_entry& entry) const {
         const auto clsid = Key::existing(hive_, prog_id_key(entry) + L"\\CLSID").text();
         return clsid && same_path(*clsid, guid_text(entry.clsid));
+    }
+
+    /// The copies that found the class as this one had registered it.
+    std::vector<std::wstring> keepers(const Class_entry& entry) const {
+        std::vector<std::wstring> found = Key::existing(hive_, kept_root).keys();
+        std::erase_if(found, [&](const std::wstring& copy) {
+            return !same_path(server_of(kept_class(copy, entry)).value_or(L""), library_);
+        });
+        return found;
+    }
+
+    void take_back_own(const Class_entry& entry) const {
+        const auto other = other_copy(entry);
+        remove(class_key(entry));
+        restore(kept_class(library_, entry), class_key(entry));
+        if (other) {
+            hand_over(kept_prog_id(library_, entry), kept_prog_id(*other, entry));
+        } else if (leads_to(entry)) {
+            remove(prog_id_key(entry));
+            restore(kept_prog_id(library_, entry), prog_id_key(entry));
+        }
     }
 
     /// The copy of the library that has the class now, for the same bitness or the other one, which has a view of its own.

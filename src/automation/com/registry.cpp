@@ -41,6 +41,16 @@ void Key::text(const std::wstring& name, const std::wstring& value) {
     check_registry(RegSetValueExW(key_, name.empty() ? nullptr : name.c_str(), 0, REG_SZ, data, bytes));
 }
 
+std::vector<std::wstring> Key::keys() const {
+    std::vector<std::wstring> names;
+    wchar_t name[256];
+    for (DWORD length = 256; key_ && RegEnumKeyExW(key_, static_cast<DWORD>(names.size()), name, &length, nullptr, nullptr,
+                                                   nullptr, nullptr) == ERROR_SUCCESS;
+         length = 256)
+        names.emplace_back(name, length);
+    return names;
+}
+
 bool Key::empty() const {
     DWORD keys = 0, values = 0;
     RegQueryInfoKeyW(key_, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr, nullptr, nullptr, nullptr);

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "automation/com/pointers.h"
 
@@ -36,6 +37,9 @@ public:
 
     /// Throws `Result_error`.
     void text(const std::wstring& name, const std::wstring& value);
+
+    /// The names of the keys in it; of no key, none.
+    std::vector<std::wstring> keys() const;
 
     /// Whether nothing is in it, neither values nor keys.
     bool empty() const;

@@ -23,7 +23,7 @@ struct Records : ::testing::Test {
     Pointer<IRecordInfo> header_info = server.record_info("tRpEncabezado");
     Pointer<IRecordInfo> line_info = server.record_info("tRpDetalle");
 
-    Client_record<Cuvexa::tRpEncabezado> header{record_named("tRpEncabezado")};
+    Client_record<Cuvexa::tRpEncabezado> header;
 
     void fill_header() {
         header->Rp_Folio = new_text("RP-9");
@@ -147,7 +147,7 @@ TEST_F(Records, are_read_by_the_system_s_own_view_of_them) {
 }
 
 TEST_F(Records, of_another_type_are_refused) {
-    Client_record<Cuvexa::tRpDetalle> line(record_named("tRpDetalle"));
+    Client_record<Cuvexa::tRpDetalle> line;
     fill_header();
     ASSERT_EQ(put(treasury, L"RpEncabezado", header.reference(header_info)).result, S_OK);
     const Outcome refused = put(treasury, L"RpEncabezado", line.reference(line_info));
@@ -166,7 +166,7 @@ TEST_F(Records, of_another_type_are_refused) {
 TEST_F(Records, that_a_member_changes_by_reference_come_back_changed) {
     const auto probe = std::make_shared<Probe>();
     const auto client = published(probe);
-    Client_record<Cuvexa::tBnMovimiento> movement(record_named("tBnMovimiento"));
+    Client_record<Cuvexa::tBnMovimiento> movement;
     movement->Bm_Folio = new_text("antes");
     movement->Cuenta.Bn_Cve_Banco = new_text("antes");
     movement->Cuenta.Mn_Cve_Moneda = new_text("MXN");
@@ -181,7 +181,7 @@ TEST_F(Records, that_a_member_changes_by_reference_come_back_changed) {
 
 TEST_F(Records, that_a_member_changes_by_value_stay_as_they_were) {
     const auto client = published(std::make_shared<Probe>());
-    Client_record<Cuvexa::tBnMovimiento> movement(record_named("tBnMovimiento"));
+    Client_record<Cuvexa::tBnMovimiento> movement;
     const auto info = server.record_info("tBnMovimiento");
     movement->Bm_Folio = new_text("antes");
     VARIANT given{};

@@ -2,12 +2,10 @@
 
 #include <atomic>
 #include <cstdlib>
-#include <cstring>
 #include <stdexcept>
 
 #include "automation/com/failures.h"
 #include "automation/com/identifiers.h"
-#include "automation/com/record_layout.h"
 #include "automation/com/registration.h"
 #include "database/script.h"
 #include "database/sqlite_connection.h"
@@ -253,18 +251,6 @@ const Record_type& record_named(std::string_view name) {
         if (type.name == name) return type;
     }
     throw std::runtime_error("no record " + std::string(name));
-}
-
-void free_texts(const Record_type& type, void* memory) {
-    for (std::size_t at = 0; at < type.fields.size(); ++at) {
-        void* member = static_cast<char*>(memory) + offset_in_record(type, at, sizeof(void*));
-        if (type.fields[at].type.type == Type::record) free_texts(*type.fields[at].type.record, member);
-        if (type.fields[at].type.type != Type::text) continue;
-        BSTR text;
-        std::memcpy(&text, member, sizeof text);
-        SysFreeString(text);
-        std::memset(member, 0, sizeof text);
-    }
 }
 
 }  // namespace cuvexa::com::testing

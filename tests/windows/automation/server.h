@@ -159,17 +159,14 @@ Any reference_bool(VARIANT_BOOL& boolean);
 Any reference_date(DATE& date);
 Any reference_object(IDispatch*& object);
 
-/// Gives back every text in the memory of a record, at any depth.
-void free_texts(const Record_type& type, void* memory);
-
 /// A record in the memory of a client: a struct of the header that the build makes, with the texts that it owns.
 template <class Record>
 class Client_record {
 public:
-    explicit Client_record(const Record_type& type) : type_(type) {}
+    Client_record() = default;
     Client_record(const Client_record&) = delete;
     Client_record& operator=(const Client_record&) = delete;
-    ~Client_record() { free_texts(type_, &record_); }
+    ~Client_record() { clear(record_); }
 
     Record* operator->() { return &record_; }
     Record* get() { return &record_; }
@@ -184,7 +181,6 @@ public:
     }
 
 private:
-    const Record_type& type_;
     Record record_{};
 };
 

@@ -48,7 +48,7 @@ struct Text {
 std::string Virtual_table::receipt(double amount) {
     VARIANT_BOOL done = VARIANT_FALSE;
     EXPECT_EQ(treasury->NuevoReciboCaja(), S_OK);
-    Client_record<Cuvexa::tRpEncabezado> header(record_named("tRpEncabezado"));
+    Client_record<Cuvexa::tRpEncabezado> header;
     header->Rp_Fecha = 45366;
     header->TipoReciboPago.Trp_Cve_Tipo_Recibo_Pago = new_string("01");
     header->Sucursal.Sc_Cve_Sucursal = new_string("MTY");
@@ -56,13 +56,13 @@ std::string Virtual_table::receipt(double amount) {
     header->Mn_Cve_Moneda = new_string("MXN");
     header->Rp_Tipo_Cambio = 1;
     EXPECT_EQ(treasury->put_RpEncabezado(header.get()), S_OK);
-    Client_record<Cuvexa::tRpDetalle> line(record_named("tRpDetalle"));
+    Client_record<Cuvexa::tRpDetalle> line;
     line->Fp_Cve_Forma_Pago.Fp_Cve_Forma_Pago = new_string("01");
     line->Rp_Importe = amount;
     EXPECT_EQ(treasury->put_RpDetalle(line.get()), S_OK);
     EXPECT_EQ(treasury->Add_Recibo_Caja_Detalle(&done), S_OK);
     EXPECT_EQ(done, VARIANT_TRUE) << error();
-    Client_record<Cuvexa::tRpEncabezado> written(record_named("tRpEncabezado"));
+    Client_record<Cuvexa::tRpEncabezado> written;
     EXPECT_EQ(treasury->get_RpEncabezado(written.get()), S_OK);
     Text folio(text_of(written->Rp_Folio));
     EXPECT_EQ(treasury->FinReciboCaja(&folio, &done), S_OK);
@@ -195,7 +195,7 @@ TEST_F(Virtual_table, reads_a_record_over_whatever_the_memory_holds) {
     ASSERT_EQ(treasury->get_RpDetalle(&line), S_OK);
     EXPECT_EQ(SysStringLen(line.Rp_ID), 0u);
     EXPECT_EQ(line.Rp_Importe, 0);
-    free_texts(record_named("tRpDetalle"), &line);
+    Cuvexa::clear(line);
 }
 
 TEST_F(Virtual_table, lets_and_gets_every_extra_under_its_own_name) {

@@ -1,6 +1,7 @@
 // Cuvexa.dll: the classes that programs create, and the four entry points of an in-process server.
 #include <array>
 #include <deque>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -9,9 +10,9 @@
 #include "automation/com/class_factory.h"
 #include "automation/com/failures.h"
 #include "automation/com/identifiers.h"
-#include "automation/com/own_library.h"
 #include "automation/com/published_object.h"
 #include "automation/com/registration.h"
+#include "automation/com/registry.h"
 #include "automation/com/script_record.h"
 #include "automation/com/server/services.h"
 #include "automation/members.h"
@@ -84,10 +85,11 @@ constexpr SYSKIND own_system = SYS_WIN64;
 constexpr SYSKIND own_system = SYS_WIN32;
 #endif
 
-HRESULT register_type_library() {
-    const auto library = own_library();
-    if (!library) return TYPE_E_CANTLOADLIBRARY;
-    std::wstring path = wide(path_of(this_module()));
+/// Registers the library inside that copy of this module.
+HRESULT register_type_library(std::wstring path) {
+    Pointer<ITypeLib> library;
+    const HRESULT loaded = LoadTypeLibEx(path.c_str(), REGKIND_NONE, library.receive());
+    if (FAILED(loaded)) return loaded;
     std::wstring folder = path.substr(0, path.rfind(L'\\'));
     if (writable_scope() == Scope::machine) return RegisterTypeLib(library.get(), path.data(), folder.data());
     return RegisterTypeLibForUser(library.get(), path.data(), folder.data());
@@ -103,9 +105,17 @@ bool is_registered_library() {
 }
 
 void unregister_type_library() {
-    if (!is_registered_library()) return;
     UnRegisterTypeLibForUser(library_id, library_major, library_minor, LOCALE_NEUTRAL, own_system);
     UnRegisterTypeLib(library_id, library_major, library_minor, LOCALE_NEUTRAL, own_system);
+}
+
+/// The copy of this module that programs get; nothing when none is registered.
+std::optional<std::wstring> registered_server() {
+    wchar_t id[40];
+    StringFromGUID2(class_ids[0].class_id, id, 40);
+    const std::wstring key = L"Software\\Classes\\CLSID\\" + std::wstring(id) + L"\\InprocServer32";
+    const auto of_user = Key::existing(HKEY_CURRENT_USER, key).text();
+    return of_user ? of_user : Key::existing(HKEY_LOCAL_MACHINE, key).text();
 }
 
 }  // namespace
@@ -125,7 +135,7 @@ STDAPI DllCanUnloadNow() {
 STDAPI DllRegisterServer() {
     return guarded("DllRegisterServer", [] {
         HRESULT result = register_server(classes(), this_module());
-        if (SUCCEEDED(result)) result = register_type_library();
+        if (SUCCEEDED(result)) result = register_type_library(wide(path_of(this_module())));
         if (FAILED(result)) unregister_server(classes(), this_module());
         return result;
     });
@@ -133,7 +143,11 @@ STDAPI DllRegisterServer() {
 
 STDAPI DllUnregisterServer() {
     return guarded("DllUnregisterServer", [] {
-        unregister_type_library();
-        return unregister_server(classes(), this_module());
+        const bool described = is_registered_library();
+        if (described) unregister_type_library();
+        const HRESULT result = unregister_server(classes(), this_module());
+        // The copy that was there before is back, and its description with it.
+        if (const auto other = registered_server(); other && described) register_type_library(*other);
+        return result;
     });
 }
