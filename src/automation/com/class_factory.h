@@ -3,7 +3,9 @@
 // The four entry points of a server are one line each:
 //
 //     const Class_entry classes[] = {…};
-//     STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** object) { return get_class_object(classes, clsid, iid, object); }
+//     STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** object) {
+//         return get_class_object(classes, clsid, iid, object);
+//     }
 //     STDAPI DllCanUnloadNow() { return can_unload(); }
 //     STDAPI DllRegisterServer() { return register_server(classes, this_module()); }
 //     STDAPI DllUnregisterServer() { return unregister_server(classes, this_module()); }

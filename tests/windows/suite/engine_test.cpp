@@ -17,8 +17,9 @@ std::string refusal(Connection& connection, const std::string& text) {
 
 TEST(Engine, is_the_release_that_the_distribution_has_with_the_options_that_matter) {
     EXPECT_STREQ(sqlite3_libversion(), "3.40.1");
-    for (const char* option : {"THREADSAFE=1", "ENABLE_MATH_FUNCTIONS", "ENABLE_COLUMN_METADATA", "MAX_VARIABLE_NUMBER=250000",
-                               "SECURE_DELETE", "SOUNDEX", "LIKE_DOESNT_MATCH_BLOBS", "USE_URI", "HAVE_ISNAN"})
+    for (const char* option :
+         {"THREADSAFE=1", "ENABLE_MATH_FUNCTIONS", "ENABLE_COLUMN_METADATA", "MAX_VARIABLE_NUMBER=250000",
+          "SECURE_DELETE", "SOUNDEX", "LIKE_DOESNT_MATCH_BLOBS", "USE_URI", "HAVE_ISNAN"})
         EXPECT_TRUE(sqlite3_compileoption_used(option)) << option;
 }
 

@@ -28,9 +28,7 @@ protected:
         return {0, "nothing"};
     }
 
-    Late_object connection() {
-        return Late_object(object_in(*session().call("GetConnection").get()));
-    }
+    Late_object connection() { return Late_object(object_in(*session().call("GetConnection").get())); }
     Late_object rows(const std::string& text) {
         return Late_object(object_in(*connection().call("Execute", text).get()));
     }
@@ -72,8 +70,9 @@ TEST_F(Published, members_are_found_by_name_whatever_the_case_and_numbered_in_th
     EXPECT_EQ(ids[1], DISPID_UNKNOWN);
     DISPPARAMS none{};
     for (const DISPID outside : {0, 10, -5})
-        EXPECT_EQ(data->Invoke(outside, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr),
-                  DISP_E_MEMBERNOTFOUND);
+        EXPECT_EQ(
+            data->Invoke(outside, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr),
+            DISP_E_MEMBERNOTFOUND);
 }
 
 TEST_F(Published, calls_with_the_wrong_arguments_are_refused) {
@@ -149,8 +148,10 @@ TEST_F(Published, the_rows_affected_come_back_by_reference) {
         Any given[3];
         given[0] = any("UPDATE Banco SET Bn_Descripcion = 'x' WHERE Bn_Cve_Banco <> 'VIEJO'");
         given[1]->vt = VT_BYREF | kind;
-        if (kind == VT_I4) given[1]->plVal = reinterpret_cast<LONG*>(&affected);
-        else given[1]->pvarVal = &variable;
+        if (kind == VT_I4)
+            given[1]->plVal = reinterpret_cast<LONG*>(&affected);
+        else
+            given[1]->pvarVal = &variable;
         given[2] = any(std::int32_t{-1});
         auto database = connection();
         Late_object none(object_in(*database.invoke("Execute", DISPATCH_METHOD, given).get()));
@@ -205,7 +206,8 @@ TEST_F(Published, the_library_can_go_when_its_last_object_went) {
 TEST_F(Published, a_class_that_is_not_the_librarys_has_no_factory) {
     Library library;
     using Get = HRESULT(WINAPI*)(REFCLSID, REFIID, void**);
-    const auto get = reinterpret_cast<Get>(reinterpret_cast<void*>(GetProcAddress(library.module(), "DllGetClassObject")));
+    const auto get =
+        reinterpret_cast<Get>(reinterpret_cast<void*>(GetProcAddress(library.module(), "DllGetClassObject")));
     void* object = &library;
     EXPECT_EQ(get(IID_IDispatch, IID_IClassFactory, &object), CLASS_E_CLASSNOTAVAILABLE);
     EXPECT_EQ(object, nullptr);

@@ -80,9 +80,8 @@ private:
 
 constexpr CLSID scripted_class = {0x0a5cf1f0, 0x7d0e, 0x4f0b, {0x8d, 0x52, 0x7e, 0x3b, 0x11, 0x2a, 0x44, 0x01}};
 Scripted* current = nullptr;
-constexpr Class_entry scripted_classes[] = {
-    {scripted_class, L"CuvexaPrueba.Guion", L"A suite that does as it is told",
-     [] { return Pointer<IDispatch>::sharing(current); }}};
+constexpr Class_entry scripted_classes[] = {{scripted_class, L"CuvexaPrueba.Guion", L"A suite that does as it is told",
+                                             [] { return Pointer<IDispatch>::sharing(current); }}};
 
 /// Every service is the one scripted object.
 class Scripted_suite : public ::testing::Test {
@@ -158,18 +157,18 @@ TEST_F(Scripted_suite, a_company_of_its_own_is_left_out) {
 TEST_F(Scripted_suite, a_record_is_an_object_with_a_property_per_field) {
     std::vector<std::string> seen;
     object->on("RegisterPayment", [&](auto given, VARIANT& result, EXCEPINFO&) {
-        for (const char* name : {"ReceivableFolio", "Amount", "Date", "ConceptText", "SourceTable", "SourceDocument",
-                                 "Reference", "Currency", "ExchangeRate", "PaymentMethod", "UpdateBalance",
-                                 "ValidateBalance", "RegisterDocument"})
+        for (const char* name :
+             {"ReceivableFolio", "Amount", "Date", "ConceptText", "SourceTable", "SourceDocument", "Reference",
+              "Currency", "ExchangeRate", "PaymentMethod", "UpdateBalance", "ValidateBalance", "RegisterDocument"})
             seen.push_back(property(*given[0], name));
         result = any(true).release();
         return S_OK;
     });
-    const Receivable_payment payment{"CXC-1", 9.5, make_date(2024, 3, 15), "Abono", "CHEQUE", "CH-2", "R", "MXN", 19.25,
-                                     "01", true, false, true};
+    const Receivable_payment payment{
+        "CXC-1", 9.5, make_date(2024, 3, 15), "Abono", "CHEQUE", "CH-2", "R", "MXN", 19.25, "01", true, false, true};
     EXPECT_TRUE(suite->new_accounts_receivable()->RegisterPayment(payment));
-    EXPECT_THAT(seen, ElementsAre("'CXC-1'", "r8:9.5", "date:2024-03-15", "'Abono'", "'CHEQUE'", "'CH-2'", "'R'", "'MXN'",
-                                  "r8:19.25", "'01'", "True", "False", "True"));
+    EXPECT_THAT(seen, ElementsAre("'CXC-1'", "r8:9.5", "date:2024-03-15", "'Abono'", "'CHEQUE'", "'CH-2'", "'R'",
+                                  "'MXN'", "r8:19.25", "'01'", "True", "False", "True"));
     EXPECT_THAT(object->calls, ElementsAre("RegisterPayment(object)"));
 }
 
@@ -284,7 +283,7 @@ TEST_F(Scripted_suite, a_service_that_is_not_registered_is_named) {
                 ::testing::StartsWith("NoHay.Contabilidad: "));
 }
 
-// ---- The connection ----------------------------------------------------------------------------------------------------
+// ---- The connection -------------------------------------------------------------------------------------------------
 
 class Scripted_connection : public Scripted_suite {
 protected:
@@ -315,8 +314,8 @@ TEST_F(Scripted_connection, statements_run_with_options_minus_one_and_rows_are_w
     rows->move_next();
     rows->close();
     EXPECT_THAT(connection->calls, ElementsAre("Execute('SELECT 'ñ' AS x', missing, i4:-1)"));
-    EXPECT_THAT(recordset->calls, ElementsAre("State()", "EOF()", "EOF()", "Fields()", "Item('x')", "EOF()", "MoveNext()",
-                                              "Close()"));
+    EXPECT_THAT(recordset->calls,
+                ElementsAre("State()", "EOF()", "EOF()", "Fields()", "Item('x')", "EOF()", "MoveNext()", "Close()"));
     EXPECT_TRUE(rows->eof()) << "closed is at the end";
 }
 
@@ -360,7 +359,8 @@ TEST_F(Scripted_connection, a_failure_is_the_databases_with_its_description) {
     EXPECT_EQ(failure_of<Database_error>([&] { database().execute("SELECT")->move_next(); }),
               "Incorrect syntax near 'O''Hara'.");
     recordset->on("EOF", [](auto, VARIANT&, EXCEPINFO&) { return E_FAIL; });
-    EXPECT_THAT(failure_of<Database_error>([&] { database().execute("SELECT")->eof(); }), ::testing::StartsWith("EOF: "));
+    EXPECT_THAT(failure_of<Database_error>([&] { database().execute("SELECT")->eof(); }),
+                ::testing::StartsWith("EOF: "));
     connection->on("Execute", [](auto, VARIANT&, EXCEPINFO&) { return E_OUTOFMEMORY; });
     EXPECT_THAT(failure_of<Database_error>([&] { database().execute("SELECT"); }), ::testing::StartsWith("Execute: "));
 }
@@ -381,7 +381,8 @@ TEST_F(Scripted_connection, the_suite_is_asked_for_its_connection_each_time) {
     EXPECT_THAT(connection->calls, ElementsAre("Execute('UPDATE 1', missing, i4:-1)"));
     EXPECT_THAT(other->calls, ElementsAre("Execute('UPDATE 2', missing, i4:-1)"));
     object->gives("GetConnection", any(Pointer<IDispatch>()));
-    EXPECT_THAT(failure_of<Database_error>([&] { database().execute("UPDATE 3"); }), HasSubstr("Object variable not set"));
+    EXPECT_THAT(failure_of<Database_error>([&] { database().execute("UPDATE 3"); }),
+                HasSubstr("Object variable not set"));
 }
 
 }  // namespace

@@ -61,7 +61,8 @@ TEST_F(Services, the_session_answers_alike) {
         journal.push_back(shown(session->GetParameter("NO_EXISTE", 0, "", "por omisión")));
         journal.push_back(shown(session->GetConnection().execute("SELECT COUNT(*) AS n FROM Banco")->field("n")));
     });
-    EXPECT_THAT(noted, ElementsAre("CAJA1", "ÑANDÚ", "True", "4:niño y \"señor\"", ::testing::_, "4:por omisión", "2:3"));
+    EXPECT_THAT(noted,
+                ElementsAre("CAJA1", "ÑANDÚ", "True", "4:niño y \"señor\"", ::testing::_, "4:por omisión", "2:3"));
 }
 
 TEST_F(Services, data_answers_alike) {
@@ -70,8 +71,10 @@ TEST_F(Services, data_answers_alike) {
         const auto data = suite.data();
         journal.push_back(data->LookupValue("Mn_Descripcion", "Mn_Cve_Moneda", "MXN", "Moneda"));
         journal.push_back("[" + data->LookupValue("Mn_Descripcion", "Mn_Cve_Moneda", "EUR", "Moneda") + "]");
-        journal.push_back("[" + data->LookupValue("Cl_Dias_Credito", "Cl_Cve_Cliente", "CL01", "CLIENTE",
-                                                  "Tc_Cve_Tipo_Cliente = 'DE'") + "]");
+        journal.push_back(
+            "[" +
+            data->LookupValue("Cl_Dias_Credito", "Cl_Cve_Cliente", "CL01", "CLIENTE", "Tc_Cve_Tipo_Cliente = 'DE'") +
+            "]");
         journal.push_back(shown(data->GetServerDate()));
         journal.push_back(data->GetNextFolio("MTY", "RECIBO_PAGO"));
         journal.push_back(data->GetNextFolio("MTY", "RECIBO_PAGO"));
@@ -99,7 +102,8 @@ TEST_F(Services, payment_methods_and_document_payments_answer_alike) {
     const Journal noted = played([](Suite& suite, Journal& journal) {
         const auto methods = suite.payment_methods();
         const auto line = [&](const char* method, const char* number, const char* bank) {
-            const bool fine = methods->ValidatePaymentLine(method, number, bank, 100.5, "RECIBO_PAGO", "RP-1", "R", "C");
+            const bool fine =
+                methods->ValidatePaymentLine(method, number, bank, 100.5, "RECIBO_PAGO", "RP-1", "R", "C");
             journal.push_back(shown(fine) + methods->LastError());
         };
         line("01", "", "");
@@ -155,8 +159,8 @@ TEST_F(Services, payables_answer_alike) {
         answered(payables->CreateSupplierAdvance(advance, folio));
         journal.push_back(folio);
 
-        Payment_line line{today(), "CXP-MTY-00000001", "CH-1", "1001", "02", 12.34, 1, "MXN",
-                          "Banco de la Sierra", "0901000001", "SIERRA"};
+        Payment_line line{today(), "CXP-MTY-00000001",   "CH-1",       "1001",  "02", 12.34, 1,
+                          "MXN",   "Banco de la Sierra", "0901000001", "SIERRA"};
         answered(payables->AddPaymentLine(line));
         answered(payables->ApplyPayments());
         line.amount = 0;
@@ -181,8 +185,9 @@ TEST_F(Services, receivables_answer_alike) {
     const Journal noted = played([](Suite& suite, Journal& journal) {
         const auto receivables = suite.new_accounts_receivable();
         const auto answered = [&](bool answer) { journal.push_back(shown(answer) + receivables->LastError()); };
-        Receivable owed{"MTY", "CL01", 1, "MXN", "Cheque", "CH-1", "Comentario", "R-1", today(), add_days(today(), 30),
-                        500, 500, 500, 500};
+        Receivable owed{"MTY",  "CL01",       1,     "MXN",   "Cheque",
+                        "CH-1", "Comentario", "R-1", today(), add_days(today(), 30),
+                        500,    500,          500,   500};
         answered(receivables->CreateReceivable(owed));
         owed.customer = "CL99";
         answered(receivables->CreateReceivable(owed));
@@ -192,8 +197,8 @@ TEST_F(Services, receivables_answer_alike) {
         answered(receivables->ApplyReceipt(receipt));
         answered(receivables->CancelDocumentAdvances("RECIBO_PAGO", "RP-1"));
         answered(receivables->ApplyCustomerDocument("NO-EXISTE"));
-        Receivable_payment payment{"CXC-MTY-00000004", 9, today(), "Abono", "CHEQUE", "CH-2", "R-3", "MXN", 1, "01",
-                                   true, false, false};
+        Receivable_payment payment{
+            "CXC-MTY-00000004", 9, today(), "Abono", "CHEQUE", "CH-2", "R-3", "MXN", 1, "01", true, false, false};
         answered(receivables->RegisterPayment(payment));
         payment.receivable_folio = "NO-EXISTE";
         answered(receivables->RegisterPayment(payment));
@@ -224,8 +229,8 @@ TEST_F(Services, accounting_answers_alike) {
         answered(accounting->PostDocument("BANCO_MOVIMIENTO", "BM-IN"));
         answered(accounting->PostDocument("BANCO_MOVIMIENTO", "NO-EXISTE"));
         answered(accounting->ValidateVoucherCancellation("BANCO_MOVIMIENTO", "BM-IN"));
-        journal.push_back(shown(
-            suite.session()->GetConnection().execute("SELECT Em_Cve_Empresa AS e FROM Poliza")->field("e")));
+        journal.push_back(
+            shown(suite.session()->GetConnection().execute("SELECT Em_Cve_Empresa AS e FROM Poliza")->field("e")));
     });
     EXPECT_EQ(noted[0] + noted[1] + noted[2] + noted[3], "TrueFalseTrueTrue");
     EXPECT_THAT(noted[4], ::testing::StartsWith("False"));
@@ -253,14 +258,18 @@ TEST_F(Services, the_objects_of_a_thread_share_one_session_and_another_thread_ha
     std::string elsewhere;
     std::thread([&] {
         const Apartment apartment;
-        elsewhere = to_text(make_automation_suite({})
-                                ->session()
-                                ->GetConnection()
-                                .execute("SELECT COUNT(*) AS n FROM Folio_Serie WHERE Fs_Codigo = 'CHEQUE' AND Fs_Sucursal = 'MTY'")
-                                ->field("n"));
+        elsewhere = to_text(
+            make_automation_suite({})
+                ->session()
+                ->GetConnection()
+                .execute("SELECT COUNT(*) AS n FROM Folio_Serie WHERE Fs_Codigo = 'CHEQUE' AND Fs_Sucursal = 'MTY'")
+                ->field("n"));
     }).join();
-    const std::string here = to_text(
-        suite->session()->GetConnection().execute("SELECT COUNT(*) AS n FROM Folio_Serie WHERE Fs_Codigo = 'CHEQUE' AND Fs_Sucursal = 'MTY'")->field("n"));
+    const std::string here =
+        to_text(suite->session()
+                    ->GetConnection()
+                    .execute("SELECT COUNT(*) AS n FROM Folio_Serie WHERE Fs_Codigo = 'CHEQUE' AND Fs_Sucursal = 'MTY'")
+                    ->field("n"));
     suite->session()->GetConnection().execute("COMMIT TRANSACTION");
     EXPECT_EQ(here, "1") << "the data service writes on the session's connection";
     EXPECT_EQ(elsewhere, "0") << "and another thread does not see it before it is committed";

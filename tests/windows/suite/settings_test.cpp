@@ -112,12 +112,14 @@ TEST_F(Settings, what_is_no_database_of_this_version_is_refused) {
     DeleteFileW(wide(file).c_str());
     make_sample_company(file);
     Sqlite_connection(file).execute("UPDATE Esquema_Suite SET Eq_Version = 77");
-    EXPECT_THAT(refusal(), ::testing::StartsWith("La versión del esquema de la base de datos es 77 y la de este programa es 1"));
+    EXPECT_THAT(refusal(),
+                ::testing::StartsWith("La versión del esquema de la base de datos es 77 y la de este programa es 1"));
 }
 
 TEST_F(Settings, a_server_is_refused_without_showing_its_password) {
     const Variable named("CUVEXA_DB", "Driver=X;Server=s;PWD=secreto");
-    EXPECT_THAT(refusal(), ::testing::StartsWith("La base de datos tiene que ser un archivo, no un servidor: Driver=X"));
+    EXPECT_THAT(refusal(),
+                ::testing::StartsWith("La base de datos tiene que ser un archivo, no un servidor: Driver=X"));
     EXPECT_THAT(refusal(), ::testing::Not(HasSubstr("secreto")));
 }
 
@@ -126,12 +128,14 @@ TEST_F(Settings, a_machine_with_nothing_gets_the_sample_company_to_try_things_on
     {
         const auto suite = make_embedded_suite({});
         EXPECT_TRUE(stands(file));
-        EXPECT_EQ(suite->data()->LookupValue("Mn_Descripcion", "Mn_Cve_Moneda", "USD", "Moneda"), "Dólar estadounidense");
+        EXPECT_EQ(suite->data()->LookupValue("Mn_Descripcion", "Mn_Cve_Moneda", "USD", "Moneda"),
+                  "Dólar estadounidense");
         EXPECT_EQ(suite->data()->GetNextFolio("MTY", "CHEQUE"), "CH-MTY-00000001");
     }
     EXPECT_EQ(make_embedded_suite({})->data()->GetNextFolio("MTY", "CHEQUE"), "CH-MTY-00000002") << "it is kept";
     std::size_t files = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(wide(folder / "local\\Cuvexa"))) files += entry.exists();
+    for (const auto& entry : std::filesystem::directory_iterator(wide(folder / "local\\Cuvexa")))
+        files += entry.exists();
     EXPECT_EQ(files, 1u) << "and nothing else is left beside it";
 }
 

@@ -59,8 +59,7 @@ protected:
         Outgoing outgoing[] = {Outgoing(arguments)..., Outgoing(Any())};
         Any given[sizeof...(arguments) + 1];
         for (std::size_t i = 0; i < sizeof...(arguments); ++i) given[i] = std::move(outgoing[i].argument());
-        Any result =
-            object_.invoke(name, DISPATCH_METHOD | DISPATCH_PROPERTYGET, {given, sizeof...(arguments)});
+        Any result = object_.invoke(name, DISPATCH_METHOD | DISPATCH_PROPERTYGET, {given, sizeof...(arguments)});
         for (const Outgoing& argument : outgoing) argument.give_back();
         return result;
     }
@@ -82,7 +81,8 @@ public:
         connection_.use(object_in(*ask("GetConnection").get()));
         return connection_;
     }
-    Value GetParameter(const std::string& name, int flag, const std::string& type, const std::string& fallback) override {
+    Value GetParameter(const std::string& name, int flag, const std::string& type,
+                       const std::string& fallback) override {
         return call<Value>("GetParameter", name, static_cast<std::int16_t>(flag), type, fallback);
     }
     std::string GetUserName() override { return call<std::string>("GetUserName"); }

@@ -1,6 +1,6 @@
-// What travels between this component and a suite that is reached through automation: the operations of every service, and the
-// fields of the records. Both sides – the calls on a suite, and the reference suite's own objects – are made from these
-// lists; docs/suite-automation.md lists the same.
+// What travels between this component and a suite that is reached through automation: the operations of every service,
+// and the fields of the records. Both sides – the calls on a suite, and the reference suite's own objects – are made
+// from these lists; docs/suite-automation.md lists the same.
 #pragma once
 
 #include <string>
@@ -11,7 +11,7 @@
 
 namespace cuvexa::com {
 
-// ---- Records: objects with a property per field ------------------------------------------------------------------------
+// ---- Records: objects with a property per field ---------------------------------------------------------------------
 
 /// A field under the name that it has as a property.
 template <class Record, class Type>
@@ -71,16 +71,11 @@ inline constexpr auto fields<Payment_line> = std::tuple{
 
 template <>
 inline constexpr auto fields<Receipt_application> = std::tuple{
-    Field{"Customer", &Receipt_application::customer},
-    Field{"DocumentCode", &Receipt_application::document_code},
-    Field{"Folio", &Receipt_application::folio},
-    Field{"Date", &Receipt_application::date},
-    Field{"Reference", &Receipt_application::reference},
-    Field{"Comment", &Receipt_application::comment},
-    Field{"Branch", &Receipt_application::branch},
-    Field{"Amount", &Receipt_application::amount},
-    Field{"Currency", &Receipt_application::currency},
-    Field{"ExchangeRate", &Receipt_application::exchange_rate},
+    Field{"Customer", &Receipt_application::customer},   Field{"DocumentCode", &Receipt_application::document_code},
+    Field{"Folio", &Receipt_application::folio},         Field{"Date", &Receipt_application::date},
+    Field{"Reference", &Receipt_application::reference}, Field{"Comment", &Receipt_application::comment},
+    Field{"Branch", &Receipt_application::branch},       Field{"Amount", &Receipt_application::amount},
+    Field{"Currency", &Receipt_application::currency},   Field{"ExchangeRate", &Receipt_application::exchange_rate},
 };
 
 template <>
@@ -119,9 +114,10 @@ inline constexpr auto fields<Receivable_payment> = std::tuple{
 };
 
 template <class Type>
-concept Record = std::tuple_size_v<std::remove_const_t<decltype(fields<Type>)>> > 0;
+concept Record = std::tuple_size_v<std::remove_const_t<decltype(fields<Type>)>> >
+0;
 
-// ---- Operations: their arguments in order ------------------------------------------------------------------------------
+// ---- Operations: their arguments in order ---------------------------------------------------------------------------
 
 /// An argument by reference that the component passes as an empty text and does not look at afterwards.
 struct Slot {};
@@ -153,7 +149,8 @@ inline constexpr auto operations<SessionServices> = std::tuple{
 };
 
 inline std::string look_up(DataServices& data, const std::string& column, const std::string& key_column,
-                           const std::string& key, Slot, Slot, const std::string& table, const Optional_text& condition) {
+                           const std::string& key, Slot, Slot, const std::string& table,
+                           const Optional_text& condition) {
     return data.LookupValue(column, key_column, key, table, condition.text);
 }
 

@@ -72,11 +72,11 @@ void remove_database(const std::string& file) {
     for (const char* ending : {"", "-wal", "-shm", "-journal"}) fs::remove(path(file + ending), ignored);
 }
 
-/// Makes the sample company under a name of its own, so that nobody meets it half done. When another program was faster, its
-/// file stays.
+/// Makes the sample company under a name of its own, so that nobody meets it half done. When another program was
+/// faster, its file stays.
 void make_sample_company(const std::string& file) {
-    const std::string draft = file + ".nueva-" + std::to_string(GetCurrentProcessId()) + "-" +
-                              std::to_string(GetCurrentThreadId());
+    const std::string draft =
+        file + ".nueva-" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(GetCurrentThreadId());
     std::error_code ignored;
     for (const char* ending : {"-wal", "-journal"}) {
         if (fs::exists(path(file + ending), ignored) && !fs::exists(path(file), ignored)) {
@@ -88,7 +88,8 @@ void make_sample_company(const std::string& file) {
     fill_with_sample_company(draft);
     const bool moved = MoveFileExW(wide(draft).c_str(), wide(file).c_str(), MOVEFILE_WRITE_THROUGH);
     remove_database(draft);
-    if (!moved && !fs::exists(path(file), ignored)) throw Database_error("No es posible crear la base de datos: " + file);
+    if (!moved && !fs::exists(path(file), ignored))
+        throw Database_error("No es posible crear la base de datos: " + file);
 }
 
 const std::string& standing_file(const Embedded_settings& settings) {
@@ -101,7 +102,8 @@ const std::string& standing_file(const Embedded_settings& settings) {
     if (!fs::exists(path(file), ignored)) {
         throw Database_error("No existe la base de datos: " + file + " (se crea con: cuvexa init --db " + file + ")");
     }
-    if (fs::is_directory(path(file), ignored)) throw Database_error("No es una base de datos sino una carpeta: " + file);
+    if (fs::is_directory(path(file), ignored))
+        throw Database_error("No es una base de datos sino una carpeta: " + file);
     if (!settings.trace.empty() && fs::equivalent(path(settings.trace), path(file), ignored)) {
         throw Database_error("El rastro no puede escribirse en la base de datos: " + settings.trace);
     }
@@ -128,13 +130,15 @@ Embedded_settings embedded_settings() {
     settings.trace = environment(L"CUVEXA_TRACE");
     if (const std::string name = environment(L"CUVEXA_SYNCHRONOUS"); !name.empty()) settings.synchronous = name;
     if (const std::string wait = environment(L"CUVEXA_WAIT"); !wait.empty()) settings.wait_s = seconds(wait);
-    if (const std::string date = environment(L"CUVEXA_SERVER_DATE"); !date.empty()) settings.server_date = fixed_date(date);
+    if (const std::string date = environment(L"CUVEXA_SERVER_DATE"); !date.empty())
+        settings.server_date = fixed_date(date);
     for (const std::string& user : {windows_user(), environment(L"CUVEXA_USER")})
         if (!user.empty()) settings.user = user;
     return settings;
 }
 
-Embedded_suite::Embedded_suite(const Embedded_settings& settings, std::function<void(const Reported_error&)> report_error)
+Embedded_suite::Embedded_suite(const Embedded_settings& settings,
+                               std::function<void(const Reported_error&)> report_error)
     : engine_(standing_file(settings), engine_options(settings)) {
     require_this_version(engine_, settings.database);
     if (!settings.trace.empty()) {

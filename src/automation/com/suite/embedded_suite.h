@@ -15,25 +15,26 @@
 namespace cuvexa::com {
 
 struct Embedded_settings {
-    std::string database;         ///< the file
-    bool try_out = false;         ///< nobody named the file: it is made, with the sample company, when it is not there
-    std::string trace;            ///< one JSON object per statement is appended to this file
+    std::string database;  ///< the file
+    bool try_out = false;  ///< nobody named the file: it is made, with the sample company, when it is not there
+    std::string trace;     ///< one JSON object per statement is appended to this file
     std::string synchronous = "full";
     double wait_s = 10;           ///< how long a statement waits for another program
     std::string user = "CUVEXA";  ///< written to the audit columns
     std::optional<Date> server_date;
 };
 
-/// From the environment (CUVEXA_DB, CUVEXA_TRACE, CUVEXA_SYNCHRONOUS, CUVEXA_WAIT, CUVEXA_USER, CUVEXA_SERVER_DATE); the
-/// file also from the value `BaseDeDatos` of the key `Software\Cuvexa`, and otherwise `Cuvexa\empresa.db` in the local
-/// application data of the user; the user is the one of Windows unless the environment names another. Throws
+/// From the environment (CUVEXA_DB, CUVEXA_TRACE, CUVEXA_SYNCHRONOUS, CUVEXA_WAIT, CUVEXA_USER, CUVEXA_SERVER_DATE);
+/// the file also from the value `BaseDeDatos` of the key `Software\Cuvexa`, and otherwise `Cuvexa\empresa.db` in the
+/// local application data of the user; the user is the one of Windows unless the environment names another. Throws
 /// `Database_error` with a Spanish text for a setting that cannot be read.
 Embedded_settings embedded_settings();
 
 /// The reference suite with the database that it works on; its services must not outlive it.
 class Embedded_suite final : public Suite {
 public:
-    /// Throws `Database_error`, in Spanish, when the file is missing, is no database of this version, or cannot be opened.
+    /// Throws `Database_error`, in Spanish, when the file is missing, is no database of this version, or cannot be
+    /// opened.
     Embedded_suite(const Embedded_settings& settings, std::function<void(const Reported_error&)> report_error);
 
     Connection& connection() { return traced_ ? static_cast<Connection&>(*traced_) : engine_; }

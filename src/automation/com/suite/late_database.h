@@ -8,8 +8,8 @@
 
 namespace cuvexa::com {
 
-/// Runs statements with `Execute` and options −1, and walks the recordsets it gives. Every failure comes out as `Database_error`
-/// with the object's description.
+/// Runs statements with `Execute` and options −1, and walks the recordsets it gives. Every failure comes out as
+/// `Database_error` with the object's description.
 class Late_connection final : public Connection {
 public:
     /// The object behind it from now on.

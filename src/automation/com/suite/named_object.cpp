@@ -37,7 +37,8 @@ void put_by_reference(VARIANT& argument, VARIANT& value) {
 }  // namespace
 
 void Call_arguments::expect(std::size_t least, std::size_t most) const {
-    if (given_ && given_->cNamedArgs > 0 && given_->rgdispidNamedArgs[0] != DISPID_PROPERTYPUT) check(DISP_E_NONAMEDARGS);
+    if (given_ && given_->cNamedArgs > 0 && given_->rgdispidNamedArgs[0] != DISPID_PROPERTYPUT)
+        check(DISP_E_NONAMEDARGS);
     if (count() < least || count() > most) check(DISP_E_BADPARAMCOUNT);
 }
 

@@ -16,8 +16,8 @@ struct Suite_objects {
     std::string accounting = "CuvexaSuite.AccountingService";
 };
 
-/// As the key `Software\Cuvexa\Servicios` says, the current user's before everybody's; a service that it does not name keeps its
-/// default. The values carry the names of the services ("SessionServices", …).
+/// As the key `Software\Cuvexa\Servicios` says, the current user's before everybody's; a service that it does not name
+/// keeps its default. The values carry the names of the services ("SessionServices", …).
 Suite_objects suite_objects_from_registry();
 
 /// Whether a suite is there: the class of its session object is registered for programs of this bitness.

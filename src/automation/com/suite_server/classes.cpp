@@ -11,7 +11,8 @@ constexpr CLSID class_id(unsigned long number) {
 }
 
 constexpr Class_entry classes[] = {
-    {class_id(1), L"CuvexaSuite.SessionServices", L"Cuvexa reference suite: session", Published_service<SessionServices>::made},
+    {class_id(1), L"CuvexaSuite.SessionServices", L"Cuvexa reference suite: session",
+     Published_service<SessionServices>::made},
     {class_id(2), L"CuvexaSuite.DataServices", L"Cuvexa reference suite: data", Published_service<DataServices>::made},
     {class_id(3), L"CuvexaSuite.PaymentMethodService", L"Cuvexa reference suite: payment methods",
      Published_service<PaymentMethodService>::made},

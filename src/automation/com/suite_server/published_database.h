@@ -9,7 +9,8 @@
 
 namespace cuvexa::com {
 
-/// Execute(CommandText, [RecordsAffected], [Options]), Close, State. Closing it closes this object, not the services' database.
+/// Execute(CommandText, [RecordsAffected], [Options]), Close, State. Closing it closes this object, not the services'
+/// database.
 class Published_connection final : public Named_object {
 public:
     explicit Published_connection(std::shared_ptr<Session> session) : session_(std::move(session)) {}

@@ -39,7 +39,8 @@ public:
 template <class Service, class... Parameters>
 class Operation_call {
 public:
-    Operation_call(const std::shared_ptr<Session>& session, const Call_arguments& given) : session_(session), given_(given) {
+    Operation_call(const std::shared_ptr<Session>& session, const Call_arguments& given)
+        : session_(session), given_(given) {
         constexpr std::size_t optional = (std::is_same_v<std::remove_cvref_t<Parameters>, Optional_text> + ... + 0);
         given.expect(sizeof...(Parameters) - optional, sizeof...(Parameters));
     }
@@ -81,13 +82,13 @@ private:
 };
 
 template <class Service, class Result, class... Parameters>
-Operation_call<Service, Parameters...> call_of(Result (Service::*)(Parameters...), const std::shared_ptr<Session>& session,
-                                               const Call_arguments& given) {
+Operation_call<Service, Parameters...> call_of(Result (Service::*)(Parameters...),
+                                               const std::shared_ptr<Session>& session, const Call_arguments& given) {
     return {session, given};
 }
 template <class Service, class Result, class... Parameters>
-Operation_call<Service, Parameters...> call_of(Result (*)(Service&, Parameters...), const std::shared_ptr<Session>& session,
-                                               const Call_arguments& given) {
+Operation_call<Service, Parameters...> call_of(Result (*)(Service&, Parameters...),
+                                               const std::shared_ptr<Session>& session, const Call_arguments& given) {
     return {session, given};
 }
 

@@ -10,8 +10,8 @@ namespace cuvexa::com {
 
 class Published_connection;
 
-/// Lives as long as one of the thread's objects. The database is opened when it is first needed, so that what is wrong with
-/// it is told by the call that needed it.
+/// Lives as long as one of the thread's objects. The database is opened when it is first needed, so that what is wrong
+/// with it is told by the call that needed it.
 class Session {
 public:
     static std::shared_ptr<Session> of_this_thread();
@@ -19,7 +19,8 @@ public:
     /// Throws as `embedded_settings` and `Embedded_suite`; the next call tries again.
     Suite& suite();
 
-    /// Publishes another suite on this thread instead of the embedded one; null ends that. It must outlive what is published.
+    /// Publishes another suite on this thread instead of the embedded one; null ends that. It must outlive what is
+    /// published.
     static void publish(Suite* suite);
 
     /// The one connection object, as long as somebody holds it. `self` keeps this session alive for it.
