@@ -11,13 +11,3 @@ if(TARGET cuvexa)
     target_compile_definitions(cuvexa_windows_suite_tests PRIVATE CUVEXA_WITH_PROGRAM)
 endif()
 set_tests_properties(windows.suite PROPERTIES ENVIRONMENT CUVEXA_WINE_PREFIX=${CMAKE_BINARY_DIR}/wine-suite)
-
-# cuvexa_windows_library(<target>): a test `windows.<target>` that the library offers the four entry points and no other,
-# and needs no libraries but the system's.
-function(cuvexa_windows_library target)
-    add_test(NAME windows.${target}
-        COMMAND ${CMAKE_COMMAND} -DLIBRARY=$<TARGET_FILE:${target}> -DOBJDUMP=${CMAKE_OBJDUMP}
-            -P ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/library.cmake)
-    set_tests_properties(windows.${target} PROPERTIES LABELS windows)
-endfunction()
-cuvexa_windows_library(cuvexa_suite_dll)
