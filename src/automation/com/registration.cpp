@@ -118,7 +118,8 @@ private:
         }
     }
 
-    /// The copy of the library that has the class now, for the same bitness or the other one, which has a view of its own.
+    /// The copy of the library that has the class now, for the same bitness or the other one, which has a view of its
+    /// own.
     std::optional<std::wstring> other_copy(const Class_entry& entry) const {
         for (const REGSAM view : {KEY_WOW64_64KEY, KEY_WOW64_32KEY}) {
             const auto server = server_of(class_key(entry), view);
@@ -194,7 +195,8 @@ void take_back(std::span<const Class_entry> classes, HMODULE module, Scope scope
 
 Scope writable_scope() {
     HKEY key = nullptr;
-    const LSTATUS answer = RegOpenKeyExW(HKEY_LOCAL_MACHINE, L"Software\\Classes\\CLSID", 0, KEY_READ | KEY_WRITE, &key);
+    const LSTATUS answer =
+        RegOpenKeyExW(HKEY_LOCAL_MACHINE, L"Software\\Classes\\CLSID", 0, KEY_READ | KEY_WRITE, &key);
     if (answer != ERROR_SUCCESS) return Scope::user;
     RegCloseKey(key);
     return Scope::machine;

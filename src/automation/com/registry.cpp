@@ -16,8 +16,8 @@ Key Key::existing(HKEY parent, const std::wstring& path, REGSAM view) {
 
 Key Key::made(HKEY parent, const std::wstring& path, REGSAM view) {
     Key made;
-    check_registry(RegCreateKeyExW(parent, path.c_str(), 0, nullptr, 0, KEY_READ | KEY_WRITE | view, nullptr, &made.key_,
-                                   nullptr));
+    check_registry(RegCreateKeyExW(parent, path.c_str(), 0, nullptr, 0, KEY_READ | KEY_WRITE | view, nullptr,
+                                   &made.key_, nullptr));
     return made;
 }
 
@@ -25,7 +25,8 @@ std::optional<std::wstring> Key::text(const std::wstring& name) const {
     if (!key_) return std::nullopt;
     DWORD bytes = 0;
     constexpr DWORD kinds = RRF_RT_REG_SZ;  // one with variables in it comes expanded
-    if (RegGetValueW(key_, nullptr, name.c_str(), kinds, nullptr, nullptr, &bytes) != ERROR_SUCCESS) return std::nullopt;
+    if (RegGetValueW(key_, nullptr, name.c_str(), kinds, nullptr, nullptr, &bytes) != ERROR_SUCCESS)
+        return std::nullopt;
     std::wstring value(bytes / sizeof(wchar_t) + 1, L'\0');
     bytes = static_cast<DWORD>(value.size() * sizeof(wchar_t));
     if (RegGetValueW(key_, nullptr, name.c_str(), kinds, nullptr, value.data(), &bytes) != ERROR_SUCCESS)
@@ -44,8 +45,8 @@ void Key::text(const std::wstring& name, const std::wstring& value) {
 std::vector<std::wstring> Key::keys() const {
     std::vector<std::wstring> names;
     wchar_t name[256];
-    for (DWORD length = 256; key_ && RegEnumKeyExW(key_, static_cast<DWORD>(names.size()), name, &length, nullptr, nullptr,
-                                                   nullptr, nullptr) == ERROR_SUCCESS;
+    for (DWORD length = 256; key_ && RegEnumKeyExW(key_, static_cast<DWORD>(names.size()), name, &length, nullptr,
+                                                   nullptr, nullptr, nullptr) == ERROR_SUCCESS;
          length = 256)
         names.emplace_back(name, length);
     return names;
@@ -53,7 +54,8 @@ std::vector<std::wstring> Key::keys() const {
 
 bool Key::empty() const {
     DWORD keys = 0, values = 0;
-    RegQueryInfoKeyW(key_, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr, nullptr, nullptr, nullptr);
+    RegQueryInfoKeyW(key_, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr, nullptr, nullptr,
+                     nullptr);
     return keys == 0 && values == 0;
 }
 
