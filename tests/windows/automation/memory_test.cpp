@@ -7,10 +7,15 @@
 #include "windows/automation/probe.h"
 #include "windows/automation/server.h"
 
-extern "C" void STDAPICALLTYPE SetOaNoCache();
-
 namespace cuvexa::com::testing {
 namespace {
+
+/// Strings that are given back are kept by the system for the next one, unless it is told not to.
+void keep_no_strings() {
+    const auto function = GetProcAddress(GetModuleHandleW(L"oleaut32.dll"), "SetOaNoCache");
+    ASSERT_TRUE(function);
+    reinterpret_cast<void(STDAPICALLTYPE*)()>(reinterpret_cast<void*>(function))();
+}
 
 /// Counts the blocks of the system's task memory, where strings live. The system asks it about every block that it saw
 /// made, so it is there until the program ends.
@@ -18,7 +23,7 @@ class Block_count final : public IMallocSpy {
 public:
     static const Block_count& of_process() {
         static Block_count* const count = [] {
-            SetOaNoCache();
+            keep_no_strings();
             auto* made = new Block_count;
             EXPECT_EQ(CoRegisterMallocSpy(made), S_OK);
             return made;
