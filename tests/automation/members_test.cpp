@@ -11,30 +11,10 @@
 #include <string>
 #include <vector>
 
+#include "automation/type_text.h"
+
 namespace cuvexa {
 namespace {
-
-std::string type_text(const Value_type& type) {
-    switch (type.type) {
-        case Type::none:
-            return "none";
-        case Type::boolean:
-            return "Boolean";
-        case Type::integer16:
-            return "Integer";
-        case Type::real:
-            return "Double";
-        case Type::text:
-            return "String";
-        case Type::date:
-            return "Date";
-        case Type::record:
-            return std::string(type.record->name);
-        case Type::object:
-            return std::string(type.class_name);
-    }
-    return {};
-}
 
 /// As in "60030020 method GetSaldo(ref Bc_Cve_Banco_Cuenta String, opt ref SoloFirme Boolean) Double".
 std::string signature(const Member& member) {

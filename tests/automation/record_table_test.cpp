@@ -7,25 +7,10 @@
 #include <string>
 #include <vector>
 
+#include "automation/type_text.h"
+
 namespace cuvexa {
 namespace {
-
-std::string type_text(const Value_type& type) {
-    switch (type.type) {
-        case Type::boolean:
-            return "Boolean";
-        case Type::real:
-            return "Double";
-        case Type::text:
-            return "String";
-        case Type::date:
-            return "Date";
-        case Type::record:
-            return std::string(type.record->name);
-        default:
-            return "not a field type";
-    }
-}
 
 std::vector<std::string> fields_of(std::string_view name) {
     std::vector<std::string> fields;

@@ -8,25 +8,9 @@
 namespace cuvexa::com {
 namespace {
 
-class Class_factory : public IClassFactory {
+class Class_factory final : public Counted_object<IClassFactory> {
 public:
-    explicit Class_factory(const Class_entry& entry) : entry_(entry) { ++objects_alive; }
-    virtual ~Class_factory() { --objects_alive; }
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
-        if (!object) return E_POINTER;
-        const bool known = IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IClassFactory);
-        *object = known ? static_cast<IClassFactory*>(this) : nullptr;
-        if (!known) return E_NOINTERFACE;
-        AddRef();
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return static_cast<ULONG>(++references_); }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const long left = --references_;
-        if (left == 0) delete this;
-        return static_cast<ULONG>(left);
-    }
+    explicit Class_factory(const Class_entry& entry) : entry_(entry) {}
 
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid, void** object) override {
         if (!object) return E_POINTER;
@@ -39,9 +23,14 @@ public:
         return S_OK;
     }
 
+protected:
+    void* find(REFIID iid) override {
+        const bool known = IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IClassFactory);
+        return known ? static_cast<IClassFactory*>(this) : nullptr;
+    }
+
 private:
     const Class_entry& entry_;
-    std::atomic<long> references_{1};
 };
 
 }  // namespace

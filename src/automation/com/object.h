@@ -24,13 +24,13 @@ const IID& own_iid() {
     return id;
 }
 
-/// An object with one interface, derived from IDispatch, and IUnknown. Born with one reference.
-template <class Interface = IDispatch>
-class Dispatch_object : public Interface {
+/// A counted object with one interface. Born with one reference.
+template <class Interface>
+class Counted_object : public Interface {
 public:
-    Dispatch_object() { ++objects_alive; }
-    Dispatch_object(const Dispatch_object&) = delete;
-    Dispatch_object& operator=(const Dispatch_object&) = delete;
+    Counted_object() { ++objects_alive; }
+    Counted_object(const Counted_object&) = delete;
+    Counted_object& operator=(const Counted_object&) = delete;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
         if (!object) return E_POINTER;
@@ -46,6 +46,20 @@ public:
         return static_cast<ULONG>(left);
     }
 
+protected:
+    virtual ~Counted_object() { --objects_alive; }
+
+    /// The interface, not counted; null when there is none.
+    virtual void* find(REFIID iid) = 0;
+
+private:
+    std::atomic<long> references_{1};
+};
+
+/// An object whose members clients call by number.
+template <class Interface = IDispatch>
+class Dispatch_object : public Counted_object<Interface> {
+public:
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
         if (!count) return E_POINTER;
         *count = 0;
@@ -57,16 +71,10 @@ public:
     }
 
 protected:
-    virtual ~Dispatch_object() { --objects_alive; }
-
-    /// The interface, not counted; null when there is none.
-    virtual void* find(REFIID iid) {
+    void* find(REFIID iid) override {
         const bool known = IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IDispatch);
         return known ? static_cast<IDispatch*>(this) : nullptr;
     }
-
-private:
-    std::atomic<long> references_{1};
 };
 
 }  // namespace cuvexa::com
