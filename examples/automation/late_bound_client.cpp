@@ -1,8 +1,8 @@
-// A cash receipt by late binding: captured, closed, deposited, and cancelled again, by names alone. No header of the component
-// and no type library is needed, only the system's own libraries (ole32, oleaut32).
+// A cash receipt by late binding: captured, closed, deposited, and cancelled again, by names alone. No header of the
+// component and no type library is needed, only the system's own libraries (ole32, oleaut32).
 //
-// Works on the suite that is registered on this machine, or on the reference suite with the sample company, whose keys are
-// used here. Set CUVEXA_DB to choose another database.
+// Works on the suite that is registered on this machine, or on the reference suite with the sample company, whose keys
+// are used here. Set CUVEXA_DB to choose another database.
 #include <oaidl.h>
 #include <oleauto.h>
 #include <windows.h>
@@ -18,7 +18,8 @@ namespace {
 
 std::string utf8(BSTR text) {
     const int length = static_cast<int>(SysStringLen(text));
-    std::string result(static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, text, length, nullptr, 0, nullptr, nullptr)), 0);
+    std::string result(
+        static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, text, length, nullptr, 0, nullptr, nullptr)), 0);
     WideCharToMultiByte(CP_UTF8, 0, text, length, result.data(), static_cast<int>(result.size()), nullptr, nullptr);
     return result;
 }
@@ -60,7 +61,8 @@ public:
     explicit Object(const wchar_t* prog_id) {
         CLSID clsid;
         if (FAILED(CLSIDFromProgID(prog_id, &clsid)) ||
-            FAILED(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, reinterpret_cast<void**>(&object_))))
+            FAILED(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
+                                    reinterpret_cast<void**>(&object_))))
             fail("The class cannot be created");
     }
     explicit Object(const Any& value) : object_(value.value().pdispVal) { object_->AddRef(); }
@@ -83,13 +85,16 @@ private:
         if (FAILED(object_->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id))) fail("A name is not known");
         // Arguments are handed over last one first, and the value of a put has a name.
         std::vector<VARIANT> reversed;
-        for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument) reversed.push_back(*argument->get());
+        for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument)
+            reversed.push_back(*argument->get());
         DISPID put = DISPID_PROPERTYPUT;
         const bool puts = kind == DISPATCH_PROPERTYPUT;
-        DISPPARAMS parameters{reversed.data(), puts ? &put : nullptr, static_cast<UINT>(reversed.size()), puts ? 1u : 0u};
+        DISPPARAMS parameters{reversed.data(), puts ? &put : nullptr, static_cast<UINT>(reversed.size()),
+                              puts ? 1u : 0u};
         Any result;
         EXCEPINFO failure{};
-        const HRESULT outcome = object_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, kind, &parameters, result.get(), &failure, nullptr);
+        const HRESULT outcome =
+            object_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, kind, &parameters, result.get(), &failure, nullptr);
         if (FAILED(outcome)) fail("A call failed: " + utf8(failure.bstrDescription));
         return result;
     }
@@ -127,7 +132,8 @@ void begin_receipt(const Object& treasury) {
     treasury.put(L"RpEncabezado", header.get());
 }
 
-void add_line(const Object& treasury, const wchar_t* method, const wchar_t* reference, double amount, const char* what) {
+void add_line(const Object& treasury, const wchar_t* method, const wchar_t* reference, double amount,
+              const char* what) {
     const Object line(L"Cuvexa.tRpDetalle");
     Object(line.get(L"Fp_Cve_Forma_Pago")).put(L"Fp_Cve_Forma_Pago", method);
     line.put(L"Rp_Cheque", reference);
@@ -151,10 +157,11 @@ void run() {
     header.call(L"Leer", {treasury.get(), L"RpEncabezado"});
     const Any folio = header.get(L"Rp_Folio");
     expect(treasury, treasury.call(L"FinReciboCaja", {folio}), "Receipt closed");
-    expect(treasury, treasury.call(L"Genera_Deposito", {L"SRR-MXN", folio, today(), true, today(), L"From a C++ client"}),
+    expect(treasury,
+           treasury.call(L"Genera_Deposito", {L"SRR-MXN", folio, today(), true, today(), L"From a C++ client"}),
            "Deposited");
-    std::printf("Receipt %s, deposit %s, balance %.2f\n", folio.text().c_str(), treasury.get(L"Dp_Folio").text().c_str(),
-                balance(treasury));
+    std::printf("Receipt %s, deposit %s, balance %.2f\n", folio.text().c_str(),
+                treasury.get(L"Dp_Folio").text().c_str(), balance(treasury));
 
     const Any again = treasury.call(L"Genera_Deposito", {L"SRR-MXN", folio, today(), true, today()});
     if (again.value().boolVal) std::exit(1);

@@ -1,8 +1,8 @@
 // A cash receipt through the virtual table of Cuvexa.dll: captured, closed, deposited, and cancelled again.
 //
-// Needs Cuvexa.h, which the build of the library makes, and the system's own libraries (ole32, oleaut32). Works on the suite
-// that is registered on this machine, or on the reference suite with the sample company, whose keys are used here. Set
-// CUVEXA_DB to choose another database.
+// Needs Cuvexa.h, which the build of the library makes, and the system's own libraries (ole32, oleaut32). Works on the
+// suite that is registered on this machine, or on the reference suite with the sample company, whose keys are used
+// here. Set CUVEXA_DB to choose another database.
 #include <Cuvexa.h>
 
 #include <cstdio>
@@ -14,7 +14,8 @@ namespace {
 
 std::string utf8(BSTR text) {
     const int length = static_cast<int>(SysStringLen(text));
-    std::string result(static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, text, length, nullptr, 0, nullptr, nullptr)), 0);
+    std::string result(
+        static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, text, length, nullptr, 0, nullptr, nullptr)), 0);
     WideCharToMultiByte(CP_UTF8, 0, text, length, result.data(), static_cast<int>(result.size()), nullptr, nullptr);
     return result;
 }
@@ -104,7 +105,8 @@ void begin_receipt(const Treasury& treasury) {
     check(treasury->put_RpEncabezado(&header));
 }
 
-void add_line(const Treasury& treasury, const wchar_t* method, const wchar_t* reference, double amount, const char* what) {
+void add_line(const Treasury& treasury, const wchar_t* method, const wchar_t* reference, double amount,
+              const char* what) {
     const Text key(method), number(reference);
     Cuvexa::tRpDetalle line{};
     line.Fp_Cve_Forma_Pago.Fp_Cve_Forma_Pago = key.get();
@@ -142,7 +144,8 @@ void run() {
     DATE date = today();
     check(treasury->FinReciboCaja(folio.by_reference(), &done));
     treasury.expect(done, "Receipt closed");
-    check(treasury->Genera_Deposito(account.by_reference(), folio.by_reference(), &date, &firm, &date, comment.get(), &done));
+    check(treasury->Genera_Deposito(account.by_reference(), folio.by_reference(), &date, &firm, &date, comment.get(),
+                                    &done));
     treasury.expect(done, "Deposited");
     check(treasury->get_Dp_Folio(deposit.receive()));
     std::printf("Receipt %s, deposit %s, balance %.2f\n", folio.utf8().c_str(), deposit.utf8().c_str(),

@@ -62,7 +62,8 @@ TEST_F(Dispatch, runs_a_call_of_which_a_script_leaves_open_whether_it_reads_or_c
 }
 
 TEST_F(Dispatch, lets_a_property_by_either_way_of_putting) {
-    for (const WORD kind : {DISPATCH_PROPERTYPUT, DISPATCH_PROPERTYPUTREF, DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF}) {
+    for (const WORD kind :
+         {DISPATCH_PROPERTYPUT, DISPATCH_PROPERTYPUTREF, DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF}) {
         const std::string value = "cuenta ñ “" + std::to_string(kind) + "” 😀";
         EXPECT_EQ(put(treasury, L"Ch_Banco_Destino", any(value), kind).result, S_OK);
         EXPECT_EQ(text(get(treasury, L"Ch_Banco_Destino")), value);
@@ -70,8 +71,9 @@ TEST_F(Dispatch, lets_a_property_by_either_way_of_putting) {
     // The data member as well; also without the name that puts usually carry.
     EXPECT_EQ(put(treasury, L"FolioMovimiento", any("BM-1")).result, S_OK);
     EXPECT_EQ(text(get(treasury, L"FolioMovimiento")), "BM-1");
-    EXPECT_EQ(invoke(treasury, identifier(treasury, L"FolioMovimiento"), DISPATCH_PROPERTYPUT, arguments(any("BM-2"))).result,
-              S_OK);
+    EXPECT_EQ(
+        invoke(treasury, identifier(treasury, L"FolioMovimiento"), DISPATCH_PROPERTYPUT, arguments(any("BM-2"))).result,
+        S_OK);
     EXPECT_EQ(text(get(treasury, L"FolioMovimiento")), "BM-2");
 }
 
@@ -83,17 +85,17 @@ TEST_F(Dispatch, refuses_a_put_without_a_value) {
 
 TEST_F(Dispatch, works_without_a_place_for_result_exception_and_wrong_argument) {
     DISPPARAMS none{};
-    EXPECT_EQ(treasury->Invoke(identifier(treasury, L"Error"), IID_NULL, 0, DISPATCH_PROPERTYGET, &none, nullptr, nullptr,
-                               nullptr),
+    EXPECT_EQ(treasury->Invoke(identifier(treasury, L"Error"), IID_NULL, 0, DISPATCH_PROPERTYGET, &none, nullptr,
+                               nullptr, nullptr),
               S_OK);
     EXPECT_EQ(treasury->Invoke(identifier(treasury, L"RpDetalle2"), IID_NULL, 0, DISPATCH_PROPERTYGET, &none, nullptr,
                                nullptr, nullptr),
               DISP_E_EXCEPTION);
-    EXPECT_EQ(treasury->Invoke(identifier(treasury, L"Error"), IID_IUnknown, 0, DISPATCH_PROPERTYGET, &none, nullptr, nullptr,
-                               nullptr),
+    EXPECT_EQ(treasury->Invoke(identifier(treasury, L"Error"), IID_IUnknown, 0, DISPATCH_PROPERTYGET, &none, nullptr,
+                               nullptr, nullptr),
               DISP_E_UNKNOWNINTERFACE);
-    EXPECT_EQ(treasury->Invoke(identifier(treasury, L"Error"), IID_NULL, 0, DISPATCH_PROPERTYGET, nullptr, nullptr, nullptr,
-                               nullptr),
+    EXPECT_EQ(treasury->Invoke(identifier(treasury, L"Error"), IID_NULL, 0, DISPATCH_PROPERTYGET, nullptr, nullptr,
+                               nullptr, nullptr),
               E_INVALIDARG);
 }
 
@@ -274,9 +276,9 @@ TEST_F(Arguments_of_calls, what_a_member_changes_goes_back_in_the_exact_type) {
     VARIANT_BOOL boolean = VARIANT_FALSE;
     DATE date = 3;
     BSTR text = new_string("antes");
-    ASSERT_TRUE(truth(call(client, L"Change_all",
-                           arguments(reference(whole), reference(real), reference_bool(boolean), reference_date(date),
-                                     reference(text)))));
+    ASSERT_TRUE(truth(call(
+        client, L"Change_all",
+        arguments(reference(whole), reference(real), reference_bool(boolean), reference_date(date), reference(text)))));
     EXPECT_EQ(whole, -321);
     EXPECT_EQ(real, 12.25);
     EXPECT_EQ(boolean, VARIANT_TRUE);
@@ -287,8 +289,9 @@ TEST_F(Arguments_of_calls, what_a_member_changes_goes_back_in_the_exact_type) {
 
 TEST_F(Arguments_of_calls, what_a_member_changes_replaces_what_a_variable_of_a_script_holds) {
     Any whole = any("1"), real = any(std::int16_t{2}), boolean = any(false), date, text = any(std::int32_t{5});
-    ASSERT_TRUE(truth(call(client, L"Change_all",
-                           arguments(reference(whole), reference(real), reference(boolean), reference(date), reference(text)))));
+    ASSERT_TRUE(truth(
+        call(client, L"Change_all",
+             arguments(reference(whole), reference(real), reference(boolean), reference(date), reference(text)))));
     EXPECT_EQ(whole->vt, VT_I2);
     EXPECT_EQ(whole->iVal, -321);
     EXPECT_EQ(real->vt, VT_R8);
@@ -305,8 +308,9 @@ TEST_F(Arguments_of_calls, what_a_member_changes_converts_to_another_number_that
     std::int32_t whole = 1, real = 2;
     double boolean = 0, date = 3;
     BSTR text = nullptr;
-    ASSERT_TRUE(truth(call(client, L"Change_all",
-                           arguments(reference(whole), reference(real), reference(boolean), reference(date), reference(text)))));
+    ASSERT_TRUE(truth(
+        call(client, L"Change_all",
+             arguments(reference(whole), reference(real), reference(boolean), reference(date), reference(text)))));
     EXPECT_EQ(whole, -321);
     EXPECT_EQ(real, 12);
     EXPECT_EQ(boolean, -1);
@@ -322,7 +326,8 @@ TEST_F(Arguments_of_calls, arguments_by_value_stay_as_they_were) {
 }
 
 TEST_F(Arguments_of_calls, names_and_places_mix) {
-    EXPECT_TRUE(truth(call(client, L"Take_optional", arguments(Given(2, any("z")), Given(0, any("x")), Given(1, any(3.0))))));
+    EXPECT_TRUE(
+        truth(call(client, L"Take_optional", arguments(Given(2, any("z")), Given(0, any("x")), Given(1, any(3.0))))));
     EXPECT_EQ(probe->seen, (std::vector<Variant>{std::string("x"), std::int16_t{3}, std::string("z")}));
     EXPECT_TRUE(truth(call(client, L"Take_optional", arguments(any("a"), Given(2, any("c"))))));
     EXPECT_EQ(probe->seen, (std::vector<Variant>{std::string("a"), std::int16_t{7}, std::string("c")}));
@@ -355,7 +360,8 @@ TEST_F(Arguments_of_calls, too_many_unknown_or_repeated_ones_are_refused) {
 TEST_F(Arguments_of_calls, the_place_of_a_refused_one_is_told_as_the_caller_counts) {
     // Handed over last one first: "b" is the second of three.
     EXPECT_EQ(call(client, L"Take_optional", arguments(any("a"), any("b"), any("c"))).wrong, 1u);
-    const Outcome first = call(client, L"Change_all", arguments(any("uno"), any(2.0), any(true), any(Date{3}), any("e")));
+    const Outcome first =
+        call(client, L"Change_all", arguments(any("uno"), any(2.0), any(true), any(Date{3}), any("e")));
     EXPECT_EQ(first.result, DISP_E_TYPEMISMATCH);
     EXPECT_EQ(first.wrong, 4u);
     // Of named ones the place among what was handed over.

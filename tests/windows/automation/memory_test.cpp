@@ -1,4 +1,5 @@
-// What comes out belongs to the caller, once: after any number of rounds there is as much of the system's memory in use as before.
+// What comes out belongs to the caller, once: after any number of rounds there is as much of the system's memory in use
+// as before.
 #include <Cuvexa.h>
 
 #include <atomic>
@@ -122,10 +123,11 @@ TEST_F(Memory, of_changed_arguments_is_given_back_and_what_stood_there_with_it) 
         DATE date = 3;
         Any text = any("antes");
         ASSERT_TRUE(truth(call(client, L"Change_all",
-                               arguments(reference(whole), reference(real), reference_bool(boolean), reference_date(date),
-                                         reference(text)))));
+                               arguments(reference(whole), reference(real), reference_bool(boolean),
+                                         reference_date(date), reference(text)))));
         BSTR string = new_string("antes");
-        call(client, L"Change_all", arguments(any(std::int16_t{1}), any(2.0), any(true), any(Date{3}), reference(string)));
+        call(client, L"Change_all",
+             arguments(any(std::int16_t{1}), any(2.0), any(true), any(Date{3}), reference(string)));
         SysFreeString(string);
         Client_record<Cuvexa::tBnMovimiento> movement;
         movement->Bm_Folio = new_string("antes");

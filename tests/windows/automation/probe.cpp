@@ -50,7 +50,8 @@ public:
 };
 
 std::vector<Member> members() {
-    constexpr Value_type integer{Type::integer16}, real{Type::real}, boolean{Type::boolean}, date{Type::date}, text{Type::text};
+    constexpr Value_type integer{Type::integer16}, real{Type::real}, boolean{Type::boolean}, date{Type::date},
+        text{Type::text};
     const Value_type movement = value_type<tBnMovimiento>();
     const Value_type object{Type::object, nullptr, "clsRpDetalle"};
     Table table;
@@ -75,11 +76,16 @@ std::vector<Member> members() {
                optional("Third", text, std::string("left out"))},
               note);
     table.add("Throw_int", {}, [](Automation_object&, Arguments) -> Variant { throw 7; });
-    table.add("Throw_exception", {}, [](Automation_object&, Arguments) -> Variant { throw std::logic_error("la lógica"); });
+    table.add("Throw_exception", {},
+              [](Automation_object&, Arguments) -> Variant { throw std::logic_error("la lógica"); });
     table.add("Throw_automation_error", {},
               [](Automation_object&, Arguments) -> Variant { throw Automation_error(1004, "el número 1004"); });
     table.add("Throw_bad_alloc", {}, [](Automation_object&, Arguments) -> Variant { throw std::bad_alloc(); });
-    table.add("Throw_odd_text", {}, [](Automation_object&, Arguments) -> Variant { throw std::runtime_error("a\xFF" "b"); });
+    table.add("Throw_odd_text", {}, [](Automation_object&, Arguments) -> Variant {
+        throw std::runtime_error(
+            "a\xFF"
+            "b");
+    });
     table.add("Change_all",
               {by_reference("a", integer), by_reference("b", real), by_reference("c", boolean), by_reference("d", date),
                by_reference("e", text)},

@@ -1,5 +1,5 @@
-// A class of the tests' own, published as the server publishes its classes: what arrives at a member and what becomes of what
-// it gives, for every type and passing; and members that throw.
+// A class of the tests' own, published as the server publishes its classes: what arrives at a member and what becomes
+// of what it gives, for every type and passing; and members that throw.
 #pragma once
 
 #include <stdexcept>

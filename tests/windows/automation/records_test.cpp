@@ -1,5 +1,5 @@
-// Records on their way in and out: as the system's record variants, as the server's script objects, as any object with such
-// properties.
+// Records on their way in and out: as the system's record variants, as the server's script objects, as any object with
+// such properties.
 #include <Cuvexa.h>
 
 #include <map>
@@ -120,7 +120,8 @@ TEST_F(Records, whose_texts_were_never_set_carry_empty_ones) {
     ASSERT_EQ(put(treasury, L"RpEncabezado", header.reference(header_info)).result, S_OK);
     const Outcome outcome = get(treasury, L"RpEncabezado");
     const auto& found = record_in<Cuvexa::tRpEncabezado>(outcome);
-    for (const BSTR text : {found.Rp_Folio, found.Rp_Comentario, found.Sucursal.Sc_Cve_Sucursal, found.Rp_Deposito_ID}) {
+    for (const BSTR text :
+         {found.Rp_Folio, found.Rp_Comentario, found.Sucursal.Sc_Cve_Sucursal, found.Rp_Deposito_ID}) {
         ASSERT_TRUE(text);
         EXPECT_EQ(SysStringLen(text), 0u);
     }
@@ -171,7 +172,8 @@ TEST_F(Records, that_a_member_changes_by_reference_come_back_changed) {
     movement->Cuenta.Bn_Cve_Banco = new_text("antes");
     movement->Cuenta.Mn_Cve_Moneda = new_text("MXN");
     movement->Bm_Importe = 12.5;
-    ASSERT_TRUE(truth(call(client, L"Take_movement", arguments(movement.reference(server.record_info("tBnMovimiento"))))));
+    ASSERT_TRUE(
+        truth(call(client, L"Take_movement", arguments(movement.reference(server.record_info("tBnMovimiento"))))));
     EXPECT_EQ(text_of(movement->Bm_Folio), "F-1 “ñ”");
     EXPECT_EQ(text_of(movement->Cuenta.Bn_Cve_Banco), "BX");
     EXPECT_EQ(text_of(movement->Cuenta.Mn_Cve_Moneda), "MXN");
@@ -189,8 +191,8 @@ TEST_F(Records, that_a_member_changes_by_value_stay_as_they_were) {
     given.pRecInfo = info.get();
     given.pvRecord = movement.get();
     DISPPARAMS parameters{&given, nullptr, 1, 0};
-    ASSERT_EQ(client->Invoke(identifier(client, L"Take_movement"), IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr, nullptr,
-                             nullptr),
+    ASSERT_EQ(client->Invoke(identifier(client, L"Take_movement"), IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr,
+                             nullptr, nullptr),
               S_OK);
     EXPECT_EQ(text_of(movement->Bm_Folio), "antes");
     EXPECT_EQ(movement->EnFirme, VARIANT_FALSE);
@@ -304,8 +306,8 @@ public:
         ids[0] = static_cast<DISPID>(place(names[0]));
         return static_cast<std::size_t>(ids[0]) < names_.size() ? S_OK : DISP_E_UNKNOWNNAME;
     }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* parameters, VARIANT* value, EXCEPINFO*,
-                                     UINT*) override {
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* parameters, VARIANT* value,
+                                     EXCEPINFO*, UINT*) override {
         auto& held = values_.at(static_cast<std::size_t>(id));
         if (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF))
             return VariantCopyInd(held.get(), &parameters->rgvarg[0]);
@@ -321,7 +323,8 @@ private:
     }
     std::size_t place(const std::wstring& name) const {
         std::size_t at = 0;
-        while (at < names_.size() && CompareStringOrdinal(names_[at].c_str(), -1, name.c_str(), -1, TRUE) != CSTR_EQUAL) ++at;
+        while (at < names_.size() && CompareStringOrdinal(names_[at].c_str(), -1, name.c_str(), -1, TRUE) != CSTR_EQUAL)
+            ++at;
         return at;
     }
 
@@ -361,7 +364,8 @@ TEST_F(Records, that_are_such_objects_take_back_what_a_member_changed) {
     EXPECT_EQ(account->text(L"Bn_Cve_Banco"), "BX");
 }
 
-// The probe is published by this program, which is to the objects of Cuvexa.dll what another copy of the library would be.
+// The probe is published by this program, which is to the objects of Cuvexa.dll what another copy of the library would
+// be.
 TEST_F(Records, of_another_copy_of_the_library_are_objects_like_any_other) {
     const auto client = published(std::make_shared<Probe>());
     const auto script = server.create("tBnMovimiento");

@@ -141,7 +141,8 @@ Outcome invoke(const Pointer<IDispatch>& object, DISPID id, WORD kind, std::vect
     for (auto argument = given.rbegin(); argument != given.rend(); ++argument) {
         if (argument->name == DISPID_UNKNOWN) handed.push_back(*argument->value.get());
     }
-    DISPPARAMS parameters{handed.data(), names.data(), static_cast<UINT>(handed.size()), static_cast<UINT>(names.size())};
+    DISPPARAMS parameters{handed.data(), names.data(), static_cast<UINT>(handed.size()),
+                          static_cast<UINT>(names.size())};
     Outcome outcome;
     EXCEPINFO record{};
     outcome.wrong = 99;

@@ -100,8 +100,9 @@ TEST_F(Throwing, a_call_that_needs_a_place_for_its_result_says_so_and_does_not_r
 }
 
 TEST_F(Throwing, changed_arguments_reach_callers_of_the_virtual_table) {
-    const auto change = reinterpret_cast<HRESULT(STDMETHODCALLTYPE*)(IDispatch*, short*, double*, VARIANT_BOOL*, DATE*, BSTR*,
-                                                                     VARIANT_BOOL*)>(function_of(client.get(), change_all));
+    const auto change =
+        reinterpret_cast<HRESULT(STDMETHODCALLTYPE*)(IDispatch*, short*, double*, VARIANT_BOOL*, DATE*, BSTR*,
+                                                     VARIANT_BOOL*)>(function_of(client.get(), change_all));
     short whole = 1;
     double real = 2;
     VARIANT_BOOL boolean = VARIANT_FALSE;

@@ -165,7 +165,9 @@ std::string expected_signature(const Member& member) {
         line += parameter.by_reference ? " in out" : " in";
         if (parameter.optional) {
             line += " optional default ";
-            line += parameter.type.type == Type::text ? "''" : parameter.type.type == Type::boolean ? "bool 0" : "int16 0";
+            line += parameter.type.type == Type::text      ? "''"
+                    : parameter.type.type == Type::boolean ? "bool 0"
+                                                           : "int16 0";
         }
         line += "; ";
     }
@@ -196,7 +198,8 @@ std::string signature(const Pointer<ITypeInfo>& type, const Function& function) 
         const USHORT flags = element.paramdesc.wParamFlags;
         line += described(type, element.tdesc);
         const std::size_t name = static_cast<std::size_t>(at) + 1;
-        if (!(flags & PARAMFLAG_FRETVAL) && name < names.size() && function->invkind == INVOKE_FUNC) line += " " + names[name];
+        if (!(flags & PARAMFLAG_FRETVAL) && name < names.size() && function->invkind == INVOKE_FUNC)
+            line += " " + names[name];
         if (flags & PARAMFLAG_FIN) line += " in";
         if (flags & PARAMFLAG_FOUT) line += " out";
         if (flags & PARAMFLAG_FOPT) line += " optional";
@@ -249,7 +252,8 @@ TEST_P(Type_library, carries_the_name_identifier_and_version_of_the_component) {
 
 TEST_P(Type_library, holds_the_records_in_their_order_then_the_interfaces_then_the_classes_and_nothing_else) {
     std::vector<std::string> expected, found;
-    for (const Record_type& record : record_types) expected.push_back(std::string(record.name) + " " + std::to_string(TKIND_RECORD));
+    for (const Record_type& record : record_types)
+        expected.push_back(std::string(record.name) + " " + std::to_string(TKIND_RECORD));
     for (const Automation_class& type : automation_classes())
         expected.push_back(std::string(type.interface_name) + " " + std::to_string(TKIND_DISPATCH));
     for (const Automation_class& type : automation_classes())
@@ -269,7 +273,8 @@ TEST_P(Type_library, lays_every_record_out_in_the_published_order_on_4_byte_boun
         const auto type = read.record(record);
         const Attributes attributes(type);
         EXPECT_EQ(attributes->typekind, TKIND_RECORD) << record.name;
-        EXPECT_EQ(attributes->cbSizeInstance, bytes_in_record({Type::record, &record}, read.pointer_size())) << record.name;
+        EXPECT_EQ(attributes->cbSizeInstance, bytes_in_record({Type::record, &record}, read.pointer_size()))
+            << record.name;
         EXPECT_EQ(attributes->cbAlignment, 4) << record.name;
         ASSERT_EQ(attributes->cVars, record.fields.size()) << record.name;
         std::size_t offset = 0;
@@ -316,8 +321,8 @@ TEST_P(Type_library, gives_no_two_members_of_a_kind_one_identifier) {
     }
 }
 
-// Wine counts the places of functions in pointers of the process that reads, whatever the library was written for; the size of
-// the table it gives as it is written.
+// Wine counts the places of functions in pointers of the process that reads, whatever the library was written for; the
+// size of the table it gives as it is written.
 TEST_P(Type_library, puts_the_members_behind_those_of_dispatch_without_a_gap) {
     for (const Automation_class& type : automation_classes()) {
         const auto table = read.virtual_table(type);
@@ -341,8 +346,8 @@ TEST_P(Type_library, shows_dual_interfaces_that_extend_IDispatch) {
         const Attributes attributes(table);
         EXPECT_EQ(attributes->typekind, TKIND_INTERFACE) << type.name;
         EXPECT_TRUE(IsEqualGUID(attributes->guid, ids.interface_id)) << type.name;
-        constexpr WORD flags = TYPEFLAG_FDUAL | TYPEFLAG_FOLEAUTOMATION | TYPEFLAG_FDISPATCHABLE | TYPEFLAG_FNONEXTENSIBLE |
-                               TYPEFLAG_FHIDDEN;
+        constexpr WORD flags = TYPEFLAG_FDUAL | TYPEFLAG_FOLEAUTOMATION | TYPEFLAG_FDISPATCHABLE |
+                               TYPEFLAG_FNONEXTENSIBLE | TYPEFLAG_FHIDDEN;
         EXPECT_EQ(attributes->wTypeFlags, flags) << type.name;
         EXPECT_EQ(attributes->cImplTypes, 1) << type.name;
         HREFTYPE handle;
@@ -409,13 +414,14 @@ TEST(Type_library_of_this_bitness, keeps_the_numbers_that_clients_were_built_aga
               "date* Bm_Fecha_Firme in out; text sComentario in optional default ''; bool* out result; ");
 }
 
-/// The places of an interface's functions as they stand in the file, where no reader scales them, and the size of its table.
-/// Types stand there in the order of the library.
+/// The places of an interface's functions as they stand in the file, where no reader scales them, and the size of its
+/// table. Types stand there in the order of the library.
 std::vector<unsigned> table_places(const std::wstring& path, std::size_t type) {
     std::ifstream file(std::filesystem::path(path), std::ios::binary);
     const std::string bytes(std::istreambuf_iterator<char>(file), {});
     const auto word = [&](std::size_t at) {
-        return static_cast<unsigned>(static_cast<unsigned char>(bytes.at(at)) | static_cast<unsigned char>(bytes.at(at + 1)) << 8);
+        return static_cast<unsigned>(static_cast<unsigned char>(bytes.at(at)) |
+                                     static_cast<unsigned char>(bytes.at(at + 1)) << 8);
     };
     const auto number = [&](std::size_t at) { return word(at) | word(at + 2) << 16; };
     const std::size_t places = 0x54 + (number(0x14) & 0x100 ? 4 : 0);

@@ -31,7 +31,8 @@ struct User_registration : ::testing::Test {
     const std::wstring root = L"Software\\Cuvexa-" + std::to_wstring(GetCurrentProcessId());
     Apartment apartment;
     Library library;
-    Stand_in machine{HKEY_LOCAL_MACHINE, root + L"-machine"};  // nobody may make classes here: there is no place for them
+    Stand_in machine{HKEY_LOCAL_MACHINE,
+                     root + L"-machine"};  // nobody may make classes here: there is no place for them
     Stand_in classes{HKEY_CLASSES_ROOT, root + L"-classes"};
     Stand_in user{HKEY_CURRENT_USER, root + L"-user"};  // last, because the others are made under it
 
@@ -47,8 +48,8 @@ TEST_F(User_registration, writes_for_the_user_alone_and_takes_all_of_it_back) {
     const std::wstring before = L"Software\\Classes\\Other";
     Key::made(user.get(), before).text({}, L"what was there");
     ASSERT_EQ(library.register_server(), S_OK);
-    const Key server = Key::existing(
-        user.get(), L"Software\\Classes\\CLSID\\{6D1B4A53-83C7-4F0E-9A1D-5270C3B84E01}\\InprocServer32");
+    const Key server =
+        Key::existing(user.get(), L"Software\\Classes\\CLSID\\{6D1B4A53-83C7-4F0E-9A1D-5270C3B84E01}\\InprocServer32");
     EXPECT_EQ(server.text().value_or(L""), library.path());
     EXPECT_EQ(server.text(L"ThreadingModel").value_or(L""), L"Apartment");
     EXPECT_EQ(Key::existing(user.get(), L"Software\\Classes\\Cuvexa.Tesoreria\\CLSID").text().value_or(L""),

@@ -72,9 +72,10 @@ std::string Virtual_table::receipt(double amount) {
 
 TEST_F(Virtual_table, captures_deposits_and_cancels_with_records) {
     const std::string written = receipt(1500);
-    EXPECT_THAT(server.company.rows("SELECT Rp_Comentario, Rp_Importe FROM Recibo_Pago WHERE Rp_Folio = '" + written + "'",
-                                    {"Rp_Comentario", "Rp_Importe"}),
-                ElementsAre("Acción ñ 😀 \"x\"|1500"));
+    EXPECT_THAT(
+        server.company.rows("SELECT Rp_Comentario, Rp_Importe FROM Recibo_Pago WHERE Rp_Folio = '" + written + "'",
+                            {"Rp_Comentario", "Rp_Importe"}),
+        ElementsAre("Acción ñ 😀 \"x\"|1500"));
     Text folio(written), account("SRR-MXN"), comment("por tabla");
     DATE date = 45366;
     VARIANT_BOOL firm = VARIANT_TRUE, done = VARIANT_FALSE;
@@ -115,7 +116,8 @@ TEST_F(Virtual_table, takes_a_null_string_for_an_empty_text) {
 }
 
 TEST_F(Virtual_table, keeps_text_as_it_is) {
-    for (const std::string_view text : {std::string_view("ñandú 😀 'x' \"y\""), std::string_view("a\0b", 3), std::string_view()}) {
+    for (const std::string_view text :
+         {std::string_view("ñandú 😀 'x' \"y\""), std::string_view("a\0b", 3), std::string_view()}) {
         Text given(text);
         ASSERT_EQ(treasury->put_Ch_Banco_Destino(&given), S_OK);
         String back;
@@ -177,8 +179,9 @@ TEST_F(Virtual_table, keeps_the_extras_by_reference_and_counts_them) {
     Text seller("VN01");
     ASSERT_EQ(extras->put_Rp_Vendedor(&seller), S_OK);
     const std::string folio = receipt(5);
-    EXPECT_THAT(server.company.rows("SELECT Rp_Vendedor FROM Recibo_Pago WHERE Rp_Folio = '" + folio + "'", {"Rp_Vendedor"}),
-                ElementsAre("VN01"));
+    EXPECT_THAT(
+        server.company.rows("SELECT Rp_Vendedor FROM Recibo_Pago WHERE Rp_Folio = '" + folio + "'", {"Rp_Vendedor"}),
+        ElementsAre("VN01"));
     given = nullptr;
     ASSERT_EQ(treasury->put_RpDetalle2(&given), S_OK);
     extras->AddRef();
@@ -203,9 +206,12 @@ TEST_F(Virtual_table, lets_and_gets_every_extra_under_its_own_name) {
     using E = Cuvexa::_clsRpDetalle;
     using Put = HRESULT (STDMETHODCALLTYPE E::*)(BSTR*);
     const std::pair<Put, Put> properties[] = {
-        {&E::put_Rp_Cve_Banco, &E::get_Rp_Cve_Banco},       {&E::put_Rp_Vendedor, &E::get_Rp_Vendedor},
-        {&E::put_Rp_Comisionista, &E::get_Rp_Comisionista}, {&E::put_Rp_Promotor, &E::get_Rp_Promotor},
-        {&E::put_Rp_Chofer, &E::get_Rp_Chofer},             {&E::put_Rp_Cobratario, &E::get_Rp_Cobratario},
+        {&E::put_Rp_Cve_Banco, &E::get_Rp_Cve_Banco},
+        {&E::put_Rp_Vendedor, &E::get_Rp_Vendedor},
+        {&E::put_Rp_Comisionista, &E::get_Rp_Comisionista},
+        {&E::put_Rp_Promotor, &E::get_Rp_Promotor},
+        {&E::put_Rp_Chofer, &E::get_Rp_Chofer},
+        {&E::put_Rp_Cobratario, &E::get_Rp_Cobratario},
     };
     for (std::size_t at = 0; at < std::size(properties); ++at) {
         Text text("valor " + std::to_string(at));
@@ -216,7 +222,8 @@ TEST_F(Virtual_table, lets_and_gets_every_extra_under_its_own_name) {
         ASSERT_EQ((extras.get()->*properties[at].second)(text.receive()), S_OK);
         EXPECT_EQ(text.text(), "valor " + std::to_string(at));
     }
-    const wchar_t* names[] = {L"Rp_Cve_Banco", L"Rp_Vendedor", L"Rp_Comisionista", L"Rp_Promotor", L"Rp_Chofer", L"Rp_Cobratario"};
+    const wchar_t* names[] = {L"Rp_Cve_Banco", L"Rp_Vendedor", L"Rp_Comisionista",
+                              L"Rp_Promotor",  L"Rp_Chofer",   L"Rp_Cobratario"};
     const auto late = extras.as<IDispatch>(IID_IDispatch);
     for (std::size_t at = 0; at < std::size(names); ++at)
         EXPECT_EQ(text(get(late, names[at])), "valor " + std::to_string(at));
