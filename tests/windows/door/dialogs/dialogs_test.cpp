@@ -19,22 +19,23 @@ using com::any;
 using com::Any;
 using com::Late_object;
 
+struct Search {
+    const wchar_t* title;
+    HWND found = nullptr;
+};
+
+BOOL CALLBACK look_at(HWND window, LPARAM argument) {
+    auto& search = *reinterpret_cast<Search*>(argument);
+    wchar_t text[100] = L"";
+    GetWindowTextW(window, text, 100);
+    if (IsWindowVisible(window) && std::wstring(text) == search.title) search.found = window;
+    return search.found == nullptr;
+}
+
 /// The visible window of this thread with that title.
 HWND window_titled(const wchar_t* title) {
-    struct Search {
-        const wchar_t* title;
-        HWND found = nullptr;
-    } search{title};
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM argument) -> BOOL {
-            auto& sought = *reinterpret_cast<Search*>(argument);
-            wchar_t text[100] = L"";
-            GetWindowTextW(window, text, 100);
-            if (IsWindowVisible(window) && std::wstring(text) == sought.title) sought.found = window;
-            return sought.found == nullptr;
-        },
-        reinterpret_cast<LPARAM>(&search));
+    Search search{title};
+    EnumThreadWindows(GetCurrentThreadId(), look_at, reinterpret_cast<LPARAM>(&search));
     return search.found;
 }
 
@@ -43,7 +44,7 @@ class User {
 public:
     User(const wchar_t* dialog, std::vector<std::function<void(HWND)>> steps) : dialog_(dialog), steps_(std::move(steps)) {
         current = this;
-        timer_ = SetTimer(nullptr, 0, 30, [](HWND, UINT, UINT_PTR, DWORD) { current->act(); });
+        timer_ = SetTimer(nullptr, 0, 30, time_came);
     }
     ~User() {
         KillTimer(nullptr, timer_);
@@ -52,6 +53,8 @@ public:
     bool done() const { return next_ == steps_.size(); }
 
 private:
+    static void CALLBACK time_came(HWND, UINT, UINT_PTR, DWORD) { current->act(); }
+
     void act() {
         const HWND window = window_titled(dialog_);
         const HWND focus = GetFocus();
