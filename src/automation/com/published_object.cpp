@@ -222,7 +222,7 @@ HRESULT Published::call(std::size_t at, void** given) {
         const Member& member = type().members[at];
         const std::size_t count = member.parameters.size();
         void* result = member.result.type == Type::none ? nullptr : given[count];
-        if (member.result.type != Type::none && !result) return E_POINTER;
+        if (member.result.type != Type::none && !result) throw Result_error(E_POINTER, "the place of the result is null");
         std::vector<Variant> arguments;
         for (std::size_t place = 0; place < count; ++place)
             arguments.push_back(argument_at(member.parameters[place], given[place]));

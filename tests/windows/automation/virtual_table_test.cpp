@@ -145,6 +145,9 @@ TEST_F(Virtual_table, refuses_null_where_a_value_is_needed_and_says_which) {
     info->GetDescription(description.receive());
     EXPECT_THAT(description.text(), HasSubstr("Rp_Folio"));
     EXPECT_EQ(treasury->FinReciboCaja(&account, nullptr), E_POINTER);
+    ASSERT_EQ(GetErrorInfo(0, info.receive()), S_OK);
+    info->GetDescription(description.receive());
+    EXPECT_THAT(description.text(), HasSubstr("result"));
     EXPECT_EQ(treasury->GetSaldo(nullptr, nullptr, nullptr), E_POINTER);
     EXPECT_EQ(treasury->get_Error(nullptr), E_POINTER);
     EXPECT_EQ(treasury->get_RpEncabezado(nullptr), E_POINTER);
