@@ -36,8 +36,13 @@ void serve(const Rpc_options& options) {
     module.dialog_toolkit(windows);
     std::ios::sync_with_stdio(false);
     std::cin.tie(nullptr);
-    const Around_call as_a_whole = [&](std::string_view, const std::function<bool()>& call) {
-        unit_of_work(database.connection(), call);
+    const Around_call as_a_whole = [&](std::string_view member, const std::function<bool()>& call) {
+        // A dialog waits for a person, and nobody else could write meanwhile.
+        if (member.starts_with("PedirDatos")) {
+            call();
+        } else {
+            unit_of_work(database.connection(), call);
+        }
     };
     serve_json_rpc(std::cin, std::cout, object_factory(module), options.atomic ? as_a_whole : Around_call());
 }

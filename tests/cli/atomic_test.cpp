@@ -1,6 +1,8 @@
 // cuvexa rpc --atomic: a call that gives False leaves nothing behind; without it, what was done stays.
 #include <sqlite3.h>
 
+#include <cstdlib>
+
 #include "cli/program.h"
 #include "database/sqlite_connection.h"
 
@@ -109,6 +111,16 @@ TEST_F(Cli_atomic, a_call_that_cannot_begin_is_an_error_and_the_session_goes_on)
         EXPECT_TRUE(answer.contains("error")) << answer;
     }
     EXPECT_EQ(deposit(session, receipt), true) << session.get("Error");
+}
+
+TEST_F(Cli_atomic, a_dialog_keeps_nobody_waiting) {
+    for (const char* display : {"DISPLAY", "WAYLAND_DISPLAY"}) unsetenv(display);  // it says so and opens no window
+    Rpc_session session(folder, options(true));
+    session.ask("create", {{"class", "Tesoreria"}});
+    Sqlite_connection other((folder / "company.db").string());
+    other.execute("BEGIN TRANSACTION");
+    EXPECT_EQ(session.call("PedirDatosDeposito", {"2024-03-15", "MXN"}), "");
+    EXPECT_NE(session.get("Error"), "");
 }
 
 }  // namespace
