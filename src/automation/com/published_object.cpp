@@ -180,6 +180,7 @@ HRESULT Published::identifiers(LPOLESTR* names, UINT count, DISPID* ids) {
 }
 
 HRESULT Published::invoke(DISPID id, LCID locale, WORD kind, DISPPARAMS& parameters, VARIANT* result, UINT* wrong) {
+    const auto keep = Pointer<IDispatch>::sharing(face());  // the caller's last reference may go during the call
     const Member& member = meant(type(), id, kind);
     const std::vector<VARIANT*> places = places_of(member, parameters);
     std::vector<Variant> arguments;
@@ -218,6 +219,7 @@ Variant argument_at(const Parameter& parameter, void* const& given) {
 }
 
 HRESULT Published::call(std::size_t at, void** given) {
+    const auto keep = Pointer<IDispatch>::sharing(face());
     return guarded(source, [&]() -> HRESULT {
         const Member& member = type().members[at];
         const std::size_t count = member.parameters.size();

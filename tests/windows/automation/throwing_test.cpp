@@ -117,5 +117,51 @@ TEST_F(Throwing, changed_arguments_reach_callers_of_the_virtual_table) {
     SysFreeString(text);
 }
 
+// ---- The last reference goes while a member runs -------------------------------------------------------------------
+
+struct Leaving final : Automation_object {
+    const Automation_class& type() const override;
+};
+
+Pointer<IDispatch> only_reference;
+std::weak_ptr<Leaving> leaving;
+bool alive_afterwards = false;
+
+const Automation_class& Leaving::type() const {
+    static const Automation_class leaving_class = [] {
+        Member leave;
+        leave.name = "Leave";
+        leave.identifier = 1;
+        leave.run = [](Automation_object&, std::span<Variant>) {
+            only_reference = nullptr;
+            alive_afterwards = !leaving.expired();
+            return Variant();
+        };
+        return Automation_class{"Leaving", "_Leaving", {leave}, nullptr};
+    }();
+    return leaving_class;
+}
+
+TEST(Leaving_object, lives_until_its_member_has_run) {
+    const Apartment apartment;
+    const auto use = [](auto&& call_it) {
+        auto object = std::make_shared<Leaving>();
+        leaving = object;
+        alive_afterwards = false;
+        only_reference = published(std::move(object));
+        call_it(only_reference.get());
+        EXPECT_TRUE(alive_afterwards);
+        EXPECT_TRUE(leaving.expired());
+    };
+    use([](IDispatch* client) {
+        DISPPARAMS none{};
+        EXPECT_EQ(client->Invoke(1, IID_NULL, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr), S_OK);
+    });
+    use([](IDispatch* client) {
+        using Leave = HRESULT(STDMETHODCALLTYPE*)(IDispatch*);
+        EXPECT_EQ(reinterpret_cast<Leave>(function_of(client, Probe_member{}))(client), S_OK);
+    });
+}
+
 }  // namespace
 }  // namespace cuvexa::com::testing
