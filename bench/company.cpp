@@ -51,29 +51,34 @@ void write_database(const std::filesystem::path& file, std::int64_t receipts) {
                        "Rp_Importe, Es_Cve_Estado) SELECT printf('OLD-%010d', i), l, '2024-02-10', 'MTY', '01', 'MXN', "
                        "1, printf('OLD-%09d', (i + 9) / 10), '0001', '01', 100.25, 'DP' "
                        "FROM n, (SELECT '0001' AS l UNION ALL SELECT '0002')");
-    run_bare(rows, "INSERT INTO Deposito_Pago(Dp_Folio, Dp_Id, Dp_Fecha, Sc_Cve_Sucursal, Mn_Cve_Moneda, "
-                   "Dp_Tipo_Cambio, Bc_Cve_Banco_Cuenta, Dp_Importe, Es_Cve_Estado) SELECT Rp_Folio_Deposito, '0001', "
-                   "'2024-02-10', 'MTY', 'MXN', 1, 'SRR-MXN', SUM(Rp_Importe), 'AC' "
-                   "FROM Recibo_Pago GROUP BY Rp_Folio_Deposito");
+    run_bare(rows,
+             "INSERT INTO Deposito_Pago(Dp_Folio, Dp_Id, Dp_Fecha, Sc_Cve_Sucursal, Mn_Cve_Moneda, "
+             "Dp_Tipo_Cambio, Bc_Cve_Banco_Cuenta, Dp_Importe, Es_Cve_Estado) SELECT Rp_Folio_Deposito, '0001', "
+             "'2024-02-10', 'MTY', 'MXN', 1, 'SRR-MXN', SUM(Rp_Importe), 'AC' "
+             "FROM Recibo_Pago GROUP BY Rp_Folio_Deposito");
     run_bare(rows, numbers_up_to(receipts / 10) +
                        "INSERT INTO Cheque(Ch_Folio, Tc_Cve_Tipo_Cheque, Ch_Transferencia, Ch_Fecha, "
                        "Bc_Cve_Banco_Cuenta, Sc_Cve_Sucursal, Ch_Importe, Ch_Tipo_Cambio, Ch_Referencia, "
                        "Es_Cve_Estado) SELECT printf('OLD-%010d', i), '0001', 'NO', '2024-02-10', 'SRR-MXN', 'MTY', "
                        "200, 1, printf('OLD-%d', i), 'AP' FROM n");
-    run_bare(rows, "INSERT INTO Cheque_x_Aplicar(Ch_Folio, Cxa_ID, Mn_Cve_Moneda, Cxa_Tipo_Cambio, Cxa_Importe, "
-                   "Es_Cve_Estado) SELECT Ch_Folio, l, 'MXN', 1, 100, 'AP' "
-                   "FROM Cheque, (SELECT '0001' AS l UNION ALL SELECT '0002') WHERE Ch_Folio LIKE 'OLD-%'");
-    run_bare(rows, "INSERT INTO Banco_Movimiento(Bm_Folio, Bc_Cve_Banco_Cuenta, Bm_Tabla, Bm_Documento, "
-                   "Bm_Documento_ID, Bm_Fecha, Bm_Fecha_Firme, Bt_Cve_Banco_Tipo_Movimiento, Bm_Importe, "
-                   "Mn_Cve_Moneda, Bm_Tipo_Cambio, Es_Cve_Estado) "
-                   "SELECT Dp_Folio, 'SRR-MXN', 'DEPOSITO_PAGO', Dp_Folio, Dp_Id, '2024-02-10', '2024-02-10', 'DEP', "
-                   "Dp_Importe, 'MXN', 1, 'FI' FROM Deposito_Pago UNION ALL "
-                   "SELECT Ch_Folio, 'SRR-MXN', 'CHEQUE', Ch_Folio, '', '2024-02-10', '2024-02-10', 'CHQ', "
-                   "-Ch_Importe, 'MXN', 1, 'FI' FROM Cheque WHERE Ch_Folio LIKE 'OLD-%'");
-    run_bare(rows, "UPDATE Banco_Cuenta SET Bc_Saldo = (SELECT SUM(Bm_Importe) FROM Banco_Movimiento) "
-                   "WHERE Bc_Cve_Banco_Cuenta = 'SRR-MXN'");
-    run_bare(rows, "UPDATE Banco SET Bn_Saldo = (SELECT SUM(Bm_Importe) FROM Banco_Movimiento) "
-                   "WHERE Bn_Cve_Banco = 'SIERRA'");
+    run_bare(rows,
+             "INSERT INTO Cheque_x_Aplicar(Ch_Folio, Cxa_ID, Mn_Cve_Moneda, Cxa_Tipo_Cambio, Cxa_Importe, "
+             "Es_Cve_Estado) SELECT Ch_Folio, l, 'MXN', 1, 100, 'AP' "
+             "FROM Cheque, (SELECT '0001' AS l UNION ALL SELECT '0002') WHERE Ch_Folio LIKE 'OLD-%'");
+    run_bare(rows,
+             "INSERT INTO Banco_Movimiento(Bm_Folio, Bc_Cve_Banco_Cuenta, Bm_Tabla, Bm_Documento, "
+             "Bm_Documento_ID, Bm_Fecha, Bm_Fecha_Firme, Bt_Cve_Banco_Tipo_Movimiento, Bm_Importe, "
+             "Mn_Cve_Moneda, Bm_Tipo_Cambio, Es_Cve_Estado) "
+             "SELECT Dp_Folio, 'SRR-MXN', 'DEPOSITO_PAGO', Dp_Folio, Dp_Id, '2024-02-10', '2024-02-10', 'DEP', "
+             "Dp_Importe, 'MXN', 1, 'FI' FROM Deposito_Pago UNION ALL "
+             "SELECT Ch_Folio, 'SRR-MXN', 'CHEQUE', Ch_Folio, '', '2024-02-10', '2024-02-10', 'CHQ', "
+             "-Ch_Importe, 'MXN', 1, 'FI' FROM Cheque WHERE Ch_Folio LIKE 'OLD-%'");
+    run_bare(rows,
+             "UPDATE Banco_Cuenta SET Bc_Saldo = (SELECT SUM(Bm_Importe) FROM Banco_Movimiento) "
+             "WHERE Bc_Cve_Banco_Cuenta = 'SRR-MXN'");
+    run_bare(rows,
+             "UPDATE Banco SET Bn_Saldo = (SELECT SUM(Bm_Importe) FROM Banco_Movimiento) "
+             "WHERE Bn_Cve_Banco = 'SIERRA'");
     transaction.commit();
 }
 

@@ -13,13 +13,13 @@ class Dialog_toolkit;
 
 /// System parameters read once, at start-up, and kept for the life of the module.
 struct Cached_parameters {
-    bool TES_REDONDEA_IMPORTE_CHEQUE = false;         ///< cached only: check amounts are never rounded
-    std::string TES_FORMA_PAGO_CHEQUE;                ///< payment method of a paper check
-    std::string TES_FORMA_PAGO_TRANSFERENCIA;         ///< payment method of an electronic transfer
-    std::string TES_MOVIMIENTO_DEPOSITO;              ///< cached only: deposits read it afresh
-    std::string FIN_MONEDA_LOCAL;                     ///< local currency; cached only
-    bool GEN_FORZAR_TIEMPO_REAL = false;              ///< documents must carry today's date
-    bool TES_AUTORIZAR_SOLICITUD_CHEQUE = false;      ///< check requests wait for authorization
+    bool TES_REDONDEA_IMPORTE_CHEQUE = false;     ///< cached only: check amounts are never rounded
+    std::string TES_FORMA_PAGO_CHEQUE;            ///< payment method of a paper check
+    std::string TES_FORMA_PAGO_TRANSFERENCIA;     ///< payment method of an electronic transfer
+    std::string TES_MOVIMIENTO_DEPOSITO;          ///< cached only: deposits read it afresh
+    std::string FIN_MONEDA_LOCAL;                 ///< local currency; cached only
+    bool GEN_FORZAR_TIEMPO_REAL = false;          ///< documents must carry today's date
+    bool TES_AUTORIZAR_SOLICITUD_CHEQUE = false;  ///< check requests wait for authorization
 };
 
 /// What a loaded component holds for one thread. Instances of `Tesoreria` refer to it and must not outlive it. Not for use

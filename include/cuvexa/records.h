@@ -10,19 +10,19 @@ namespace cuvexa {
 
 /// Branch, as the suite publishes it: thirteen members, of which this component reads and writes only the key.
 struct tSucursalGeneral {
-    std::string Sc_Cve_Sucursal;      ///< branch key
-    std::string Sc_Descripcion;       ///< name
-    std::string Em_Cve_Empresa;       ///< company
-    std::string Sc_Centro_Costo;      ///< cost centre
-    std::string Sc_Cuenta_Contable;   ///< ledger account
-    std::string Sc_Servidor_Id;       ///< server that owns the branch
-    std::string Sc_Calle;             ///< street
-    std::string Sc_Colonia;           ///< quarter
-    std::string Sc_Ciudad;            ///< town
-    std::string Sc_Entidad;           ///< state of the republic
-    std::string Sc_Codigo_Postal;     ///< postal code
-    std::string Sc_Telefono;          ///< telephone
-    std::string Es_Cve_Estado;        ///< state code
+    std::string Sc_Cve_Sucursal;     ///< branch key
+    std::string Sc_Descripcion;      ///< name
+    std::string Em_Cve_Empresa;      ///< company
+    std::string Sc_Centro_Costo;     ///< cost centre
+    std::string Sc_Cuenta_Contable;  ///< ledger account
+    std::string Sc_Servidor_Id;      ///< server that owns the branch
+    std::string Sc_Calle;            ///< street
+    std::string Sc_Colonia;          ///< quarter
+    std::string Sc_Ciudad;           ///< town
+    std::string Sc_Entidad;          ///< state of the republic
+    std::string Sc_Codigo_Postal;    ///< postal code
+    std::string Sc_Telefono;         ///< telephone
+    std::string Es_Cve_Estado;       ///< state code
     bool operator==(const tSucursalGeneral&) const = default;
 };
 
@@ -168,10 +168,10 @@ struct tBnMovimiento {
     std::string Bm_Referencia;                 ///< bank reference
     std::string Bm_Comentario;                 ///< comment
     tCuenta Cuenta;                            ///< account; all but the key is written back
-    double Bm_Importe = 0;                     ///< amount in the account's currency, positive; outflows come back negated
-    double Bm_Tipo_Cambio = 0;                 ///< exchange rate stored with the movement
-    bool EnFirme = false;                      ///< True: firm ('FI'); False: in transit ('TR')
-    std::string Bm_Documento_ID;               ///< line of the source document
+    double Bm_Importe = 0;        ///< amount in the account's currency, positive; outflows come back negated
+    double Bm_Tipo_Cambio = 0;    ///< exchange rate stored with the movement
+    bool EnFirme = false;         ///< True: firm ('FI'); False: in transit ('TR')
+    std::string Bm_Documento_ID;  ///< line of the source document
     bool operator==(const tBnMovimiento&) const = default;
 };
 

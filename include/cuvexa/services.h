@@ -25,7 +25,8 @@ public:
 
     /// The value of a system parameter. `flag` is always 0. `type` is "B" for a Boolean parameter, empty otherwise;
     /// `fallback` is what an absent parameter is worth ("0" for a Boolean one).
-    virtual Value GetParameter(const std::string& name, int flag, const std::string& type, const std::string& fallback) = 0;
+    virtual Value GetParameter(const std::string& name, int flag, const std::string& type,
+                               const std::string& fallback) = 0;
 
     /// Login of the current user, written to the audit columns.
     virtual std::string GetUserName() = 0;
@@ -37,8 +38,8 @@ public:
     virtual bool IsReplicaServer() = 0;
 
     /// Shows the suite's error dialog. `style` 16 is a critical icon; `code` is "ERR-ID:" and seven digits.
-    virtual void ReportError(const std::string& description, int style, const std::string& routine, const std::string& title,
-                             const std::string& project, const std::string& code) = 0;
+    virtual void ReportError(const std::string& description, int style, const std::string& routine,
+                             const std::string& title, const std::string& project, const std::string& code) = 0;
 };
 
 /// Catalogs, dates, numbering and document registration over the same database.
@@ -82,9 +83,10 @@ public:
     virtual ~PaymentMethodService() = default;
 
     /// Whether a payment line is acceptable for its method.
-    virtual bool ValidatePaymentLine(const std::string& payment_method, const std::string& reference_number, const std::string& bank,
-                                     double amount, const std::string& document_code, const std::string& folio,
-                                     const std::string& reference, const std::string& comment) = 0;
+    virtual bool ValidatePaymentLine(const std::string& payment_method, const std::string& reference_number,
+                                     const std::string& bank, double amount, const std::string& document_code,
+                                     const std::string& folio, const std::string& reference,
+                                     const std::string& comment) = 0;
 
     /// Releases a payment line when its document is cancelled.
     virtual bool ReleasePaymentLine(const std::string& payment_method, const std::string& reference_number,
@@ -225,9 +227,9 @@ struct Receivable_payment {
     std::string currency;
     double exchange_rate = 0;
     std::string payment_method;
-    bool update_balance = true;       ///< move the receivable's balance
-    bool validate_balance = true;     ///< refuse more than the balance, to the whole unit
-    bool register_document = true;    ///< register the payment as a document
+    bool update_balance = true;     ///< move the receivable's balance
+    bool validate_balance = true;   ///< refuse more than the balance, to the whole unit
+    bool register_document = true;  ///< register the payment as a document
 };
 
 /// Accounts receivable. A new object serves one use.
@@ -274,7 +276,8 @@ public:
     virtual bool IsPostingEnabled(const std::string& document_code) = 0;
 
     /// Generates the journal voucher of a document; `company` empty: the document's own.
-    virtual bool PostDocument(const std::string& document_code, const std::string& folio, const std::string& company = {}) = 0;
+    virtual bool PostDocument(const std::string& document_code, const std::string& folio,
+                              const std::string& company = {}) = 0;
 
     /// Whether the automatic voucher of a document lets the document be cancelled.
     virtual bool ValidateVoucherCancellation(const std::string& document_code, const std::string& folio) = 0;

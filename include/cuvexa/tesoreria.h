@@ -21,12 +21,12 @@ namespace cuvexa {
 /// Extra values of a cash-receipt line. Held by reference: what the caller changes here is what the next line writes.
 class clsRpDetalle {
 public:
-    std::string Rp_Cve_Banco;    ///< bank key, checked against the catalog when not empty
-    std::string Rp_Vendedor;     ///< seller key, required when the receipt type asks for a seller
-    std::string Rp_Comisionista; ///< commission agent
-    std::string Rp_Promotor;     ///< promoter
-    std::string Rp_Chofer;       ///< driver
-    std::string Rp_Cobratario;   ///< collector
+    std::string Rp_Cve_Banco;     ///< bank key, checked against the catalog when not empty
+    std::string Rp_Vendedor;      ///< seller key, required when the receipt type asks for a seller
+    std::string Rp_Comisionista;  ///< commission agent
+    std::string Rp_Promotor;      ///< promoter
+    std::string Rp_Chofer;        ///< driver
+    std::string Rp_Cobratario;    ///< collector
 };
 
 class Tesoreria {
@@ -214,8 +214,8 @@ public:
     /// Refusals, in order, all tagged but those of the movement: account unknown or inactive; same day; no receipt in a state to
     /// deposit; no folio; what `Registra_Movimiento_Banco` refuses (as it is); accounting; registration.
     /// Left half done by a failure: lines, movements and marks of the earlier groups, the current line, the consumed folio.
-    bool Genera_Deposito(const std::string& Bc_Cve_Banco_Cuenta, const std::string& Rp_Folio, Date Dp_Fecha, bool Bm_Firme,
-                         Date Bm_Fecha_Firme, const std::string& sComentario = {});
+    bool Genera_Deposito(const std::string& Bc_Cve_Banco_Cuenta, const std::string& Rp_Folio, Date Dp_Fecha,
+                         bool Bm_Firme, Date Bm_Fecha_Firme, const std::string& sComentario = {});
 
     /// The balance of a bank account in its own currency: the sum of its movements that are not cancelled, in transit ones
     /// included; 0 when there is none. The running balance of the account is not read. 0 with a text in `Error` for an

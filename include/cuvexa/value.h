@@ -13,7 +13,9 @@ namespace cuvexa {
 using Value = std::variant<std::monostate, bool, std::int64_t, double, std::string, Date>;
 
 /// True when the value is a database NULL (or was never set).
-inline bool is_null(const Value& value) noexcept { return std::holds_alternative<std::monostate>(value); }
+inline bool is_null(const Value& value) noexcept {
+    return std::holds_alternative<std::monostate>(value);
+}
 
 /// The value as text. A NULL is the empty text; numbers take the form of `number_text`; dates their ISO form.
 std::string to_text(const Value& value);

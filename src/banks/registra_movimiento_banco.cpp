@@ -97,7 +97,8 @@ bool Tesoreria::Registra_Movimiento_Banco(tBnMovimiento& Datos) {
         insert_movement(op, folio, Datos, user, stamp);
         move_balances(op, Datos, user, stamp);
         tag_without_blank.relay_unless(Contabiliza_Banco_Movimiento(folio, "", ""));
-        tag_without_blank.relay_unless(op.data().RegisterDocument(code, folio), [&] { return op.data().LastErrorText(); });
+        tag_without_blank.relay_unless(op.data().RegisterDocument(code, folio),
+                                       [&] { return op.data().LastErrorText(); });
     });
 }
 

@@ -136,21 +136,20 @@ void charge_customer(Operation& op, const Line& line) {
     const std::string credit_days =
         op.data().LookupValue("Cl_Dias_Credito", "Cl_Cve_Cliente", line.beneficiary, "CLIENTE",
                               line.asks_for == "04" ? "Tc_Cve_Tipo_Cliente = 'DE'" : "");
-    const Receivable receivable{
-        .branch = line.branch,
-        .customer = line.beneficiary,
-        .exchange_rate = line.check_rate,
-        .currency = line.account_currency,
-        .source_table = source_table,
-        .source_document = line.check_folio,
-        .comment = line.concept_text,
-        .reference = line.reference,
-        .date = line.date,
-        .due_date = due_date(line.date, credit_days),
-        .amount = line.check_amount,
-        .net_amount = line.check_amount,
-        .net_price_amount = line.check_amount,
-        .balance = line.check_amount};
+    const Receivable receivable{.branch = line.branch,
+                                .customer = line.beneficiary,
+                                .exchange_rate = line.check_rate,
+                                .currency = line.account_currency,
+                                .source_table = source_table,
+                                .source_document = line.check_folio,
+                                .comment = line.concept_text,
+                                .reference = line.reference,
+                                .date = line.date,
+                                .due_date = due_date(line.date, credit_days),
+                                .amount = line.check_amount,
+                                .net_amount = line.check_amount,
+                                .net_price_amount = line.check_amount,
+                                .balance = line.check_amount};
     const auto receivables = op.module().suite().new_accounts_receivable();
     op.relay_unless(receivables->CreateReceivable(receivable), [&] { return receivables->LastError(); });
 }

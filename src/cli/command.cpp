@@ -61,7 +61,8 @@ void prepare_server(Connection& connection) {
 
 Date_style style_of(const Connection& connection) {
     const auto* server = dynamic_cast<const Odbc_connection*>(&connection);
-    return server != nullptr && server->server_kind() == Server_kind::sql_server ? Date_style::neutral : Date_style::iso;
+    return server != nullptr && server->server_kind() == Server_kind::sql_server ? Date_style::neutral
+                                                                                 : Date_style::iso;
 }
 #else
 std::unique_ptr<Connection> open_server(const Database_options& options) {
@@ -180,7 +181,9 @@ bool Database_options::stands() const {
 }
 
 void Database_options::add_to(CLI::App& command, bool db_required) {
-    command.add_option("--db", file, "Database file, or the ODBC connection string of a server (password: CUVEXA_PASSWORD)")
+    command
+        .add_option("--db", file,
+                    "Database file, or the ODBC connection string of a server (password: CUVEXA_PASSWORD)")
         ->required(db_required)
         ->type_name("FILE");
     command.add_option("--trace", trace, "Append one JSON object per statement to this file")->type_name("FILE");

@@ -48,7 +48,8 @@ void demonstrate(const Database_options& options) {
     if (options.file.empty()) {
         std::cout << "\nLa base de datos estuvo en memoria. Para conservarla: cuvexa demo --db demo.db\n";
     } else {
-        std::cout << "\nPara ver lo que quedó: cuvexa show checks --db " << (options.is_server() ? '"' + options.shown() + '"' : options.file) << '\n';
+        std::cout << "\nPara ver lo que quedó: cuvexa show checks --db "
+                  << (options.is_server() ? '"' + options.shown() + '"' : options.file) << '\n';
     }
 }
 

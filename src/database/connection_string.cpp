@@ -35,7 +35,8 @@ std::vector<Connection_attribute> connection_attributes(std::string_view text) {
         const std::size_t equals = text.find('=', at);
         if (equals == std::string_view::npos) break;
         const std::size_t end = end_of_value(text, equals + 1);
-        attributes.push_back({trimmed(text.substr(at, equals - at)), trimmed(text.substr(equals + 1, end - equals - 1))});
+        attributes.push_back(
+            {trimmed(text.substr(at, equals - at)), trimmed(text.substr(equals + 1, end - equals - 1))});
         at = end + 1;
     }
     return attributes;

@@ -156,7 +156,8 @@ void insert_line(Operation& op, const Deposit& deposit, const std::string& line_
         "   Fecha_Ult_Modif) "
         "VALUES('{}', '{}', '{}', '{}', '{}', {}, '{}', {}, '', '{}', '{}', '{}', '{}', '{}', '{}', '{}')",
         deposit.folio, line_id, op.data().SqlDate(deposit.date), group.branch, group.currency, group.rate,
-        deposit.account, group.amount, deposit.comment, group.bank, group.check, user, deposit.stamp, user, deposit.stamp);
+        deposit.account, group.amount, deposit.comment, group.bank, group.check, user, deposit.stamp, user,
+        deposit.stamp);
 }
 
 tBnMovimiento movement_of(const Deposit& deposit, const std::string& line_id, const Group& group) {
@@ -192,7 +193,8 @@ void mark_receipts(Operation& op, const Deposit& deposit, const std::string& lin
         "   Recibo_Pago.Fp_Cve_Forma_Pago = '{}' AND "
         "   (CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN '' ELSE Rp_Banco END) = '{}' AND "
         "   (CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN '' ELSE Rp_Cheque END) = '{}' ",
-        deposit.folio, line_id, op.data().SqlDate(deposit.date), deposit.receipts, group.method, group.bank, group.check);
+        deposit.folio, line_id, op.data().SqlDate(deposit.date), deposit.receipts, group.method, group.bank,
+        group.check);
 }
 
 }  // namespace

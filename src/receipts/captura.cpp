@@ -25,8 +25,8 @@ void Tesoreria::NuevoReciboCaja() {
 }
 
 void Tesoreria::RpEncabezado(const tRpEncabezado& value) {
-    branch_server_id_ = module_.data().LookupValue("Sc_Servidor_Id", "Sc_Cve_Sucursal", value.Sucursal.Sc_Cve_Sucursal,
-                                                   "Sucursal");
+    branch_server_id_ =
+        module_.data().LookupValue("Sc_Servidor_Id", "Sc_Cve_Sucursal", value.Sucursal.Sc_Cve_Sucursal, "Sucursal");
     receipt_ = value;
     fill(module_.statement(), "SELECT * FROM Tipo_Recibo_Pago WHERE Trp_Cve_Tipo_Recibo_Pago = '{}' ",
          value.TipoReciboPago.Trp_Cve_Tipo_Recibo_Pago);
@@ -128,8 +128,8 @@ bool Tesoreria::Inserta_Recibo_Pago() {
             op.data().SqlDate(receipt_.Rp_Fecha_Deposito), receipt_.Rp_Folio_Deposito, receipt_.Rp_Deposito_ID,
             receipt_line_.Fp_Cve_Forma_Pago.Fp_Cve_Forma_Pago, receipt_line_.Rp_Banco, receipt_line_.Rp_Cheque,
             receipt_line_.Rp_Cuenta_Bancaria, receipt_line_.Rp_Importe, extras.Rp_Cve_Banco, extras.Rp_Vendedor,
-            extras.Rp_Comisionista, extras.Rp_Promotor, extras.Rp_Chofer, extras.Rp_Cobratario, user, receipt_stamp_, user,
-            receipt_stamp_);
+            extras.Rp_Comisionista, extras.Rp_Promotor, extras.Rp_Chofer, extras.Rp_Cobratario, user, receipt_stamp_,
+            user, receipt_stamp_);
     });
 }
 

@@ -55,7 +55,8 @@ void create_payable(Operation& op, AccountsPayableService& payables, const std::
     op.relay_unless(payables.CreatePayable(payable), [&] { return payables.LastError(); });
 }
 
-void apply_receipt(Operation& op, AccountsReceivableService& receivables, const std::string& folio, const Collected& row) {
+void apply_receipt(Operation& op, AccountsReceivableService& receivables, const std::string& folio,
+                   const Collected& row) {
     const Receipt_application receipt{.customer = row.party,
                                       .document_code = code,
                                       .folio = folio,

@@ -4,7 +4,9 @@
 
 namespace cuvexa {
 
-void Tesoreria::RpDetalle2(std::shared_ptr<clsRpDetalle> value) { receipt_line_extras_ = std::move(value); }
+void Tesoreria::RpDetalle2(std::shared_ptr<clsRpDetalle> value) {
+    receipt_line_extras_ = std::move(value);
+}
 
 std::shared_ptr<clsRpDetalle> Tesoreria::RpDetalle2() const {
     // Callers rely on this failure: the property never gave the object back.

@@ -69,8 +69,7 @@ public:
     std::string check, expense;
 };
 
-// ---- Application
-// ----------------------------------------------------------------------------------------------------------
+// ---- Application ----------------------------------------------------------------------------------------------------
 
 TEST(Advance_application, pays_the_expense_and_uses_up_the_advance) {
     Expense_company company;
@@ -227,8 +226,7 @@ TEST(Advance_application, reads_the_payment_method_at_the_moment) {
     EXPECT_EQ(company.on.receivable_payments[0].payment_method, "01");
 }
 
-// ---- Refusals
-// -------------------------------------------------------------------------------------------------------------
+// ---- Refusals -------------------------------------------------------------------------------------------------------
 
 void expect_refused(Expense_company& company, const std::string& message, const std::string& left) {
     EXPECT_FALSE(company.apply());
@@ -432,8 +430,7 @@ TEST(Advance_application, each_failing_service_call_stops_it) {
     }
 }
 
-// ---- Undoing
-// --------------------------------------------------------------------------------------------------------------
+// ---- Undoing --------------------------------------------------------------------------------------------------------
 
 class Advance_undoing : public ::testing::Test {
 protected:

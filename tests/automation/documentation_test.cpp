@@ -9,6 +9,7 @@
 
 #include "automation/members.h"
 #include "automation/type_text.h"
+#include "support/places.h"
 
 namespace cuvexa::testing {
 namespace {
@@ -47,7 +48,7 @@ std::vector<std::string> shown_members(const Automation_class& type) {
 }
 
 TEST(Documentation, lists_every_member_in_the_published_order) {
-    std::ifstream file(CUVEXA_SOURCE_DIR "/docs/automation.md");
+    std::ifstream file(tests::in_source("docs/automation.md"));
     const std::string text(std::istreambuf_iterator<char>(file), {});
     std::size_t at = 0;
     for (const Automation_class& type : automation_classes()) {
@@ -60,7 +61,7 @@ TEST(Documentation, lists_every_member_in_the_published_order) {
 }
 
 TEST(Documentation, names_every_record) {
-    std::ifstream file(CUVEXA_SOURCE_DIR "/docs/automation.md");
+    std::ifstream file(tests::in_source("docs/automation.md"));
     const std::string text(std::istreambuf_iterator<char>(file), {});
     for (const Record_type& record : record_types)
         EXPECT_NE(text.find("`" + std::string(record.name) + "`"), std::string::npos) << record.name;

@@ -14,6 +14,7 @@
 #include "automation/made_up_class.h"
 #include "automation/members.h"
 #include "cuvexa/tesoreria.h"
+#include "support/places.h"
 
 namespace cuvexa {
 namespace {
@@ -538,7 +539,7 @@ TEST_F(Json_rpc, a_failure_of_what_stands_around_is_a_run_time_error) {
 // ---- The manual ----------------------------------------------------------------------------------------------------
 
 TEST_F(Json_rpc, the_conversation_of_the_manual_is_the_real_one) {
-    std::ifstream manual(CUVEXA_SOURCE_DIR "/docs/json-rpc.md");
+    std::ifstream manual(tests::in_source("docs/json-rpc.md"));
     std::string requests;
     std::vector<std::string> expected;
     for (std::string line; std::getline(manual, line);) {

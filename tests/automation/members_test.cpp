@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "automation/type_text.h"
+#include "support/places.h"
 
 namespace cuvexa {
 namespace {
@@ -154,7 +155,7 @@ TEST(Member_table, optional_parameters_are_worth_false_zero_or_the_empty_text) {
 }
 
 TEST(Member_table, every_row_is_bound_to_the_cpp_member_of_its_name) {
-    std::ifstream file(CUVEXA_SOURCE_DIR "/src/automation/members.cpp");
+    std::ifstream file(tests::in_source("src/automation/members.cpp"));
     const std::string source{std::istreambuf_iterator<char>(file), {}};
     const std::regex row(R"re((?:method|get|let)\("(\w+)", 0x[0-9A-F]{8}, &[TD]::(\w+))re");
     int rows = 0;

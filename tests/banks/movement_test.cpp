@@ -27,8 +27,7 @@ protected:
     tBnMovimiento movement = Company::movement();
 };
 
-// ---- What a movement writes
-// ----------------------------------------------------------------------------------------------
+// ---- What a movement writes -----------------------------------------------------------------------------------------
 
 TEST_F(Bank_movement, an_inflow_writes_its_row_moves_both_balances_and_is_registered) {
     movement.Bm_Fecha_Firme = make_date(2024, 3, 18);
@@ -181,8 +180,7 @@ TEST_F(Bank_movement, the_caller_may_write_the_folio_of_the_last_movement) {
     EXPECT_EQ(company.treasury().FolioMovimiento, "apuntado");
 }
 
-// ---- Dates
-// ---------------------------------------------------------------------------------------------------------------
+// ---- Dates ----------------------------------------------------------------------------------------------------------
 
 const std::string not_today = tag +
                               "No es posible realizar esta operación, la fecha del documento no es del día actual\r\n"
@@ -205,8 +203,7 @@ TEST_F(Bank_movement, out_of_real_time_a_movement_of_the_past_is_accepted_in_a_c
     EXPECT_TRUE(record()) << error();
 }
 
-// ---- The refusals, in their order
-// ----------------------------------------------------------------------------------------
+// ---- The refusals, in their order -----------------------------------------------------------------------------------
 
 tBnMovimiento passed;  // what the call of these tests gets
 
@@ -280,8 +277,7 @@ TEST_F(Bank_movement, a_later_failure_keeps_the_folio_and_the_changed_record) {
     EXPECT_EQ(company.scalar("SELECT count(*) FROM Banco_Movimiento"), "1");
 }
 
-// ---- Accounting
-// ----------------------------------------------------------------------------------------------------------
+// ---- Accounting -----------------------------------------------------------------------------------------------------
 
 TEST_F(Bank_movement, without_automatic_posting_accounting_is_only_asked) {
     ASSERT_TRUE(record());
@@ -318,8 +314,7 @@ TEST_F(Bank_movement, a_voucher_that_succeeds_with_a_text_is_a_failure_all_the_s
     EXPECT_EQ(company.scalar("SELECT count(*) FROM Documento_Registrado"), "0");
 }
 
-// ---- Failures in turn
-// ----------------------------------------------------------------------------------------------------
+// ---- Failures in turn -----------------------------------------------------------------------------------------------
 
 TEST(Bank_movement_failures, each_statement_that_fails_leaves_what_came_before_it) {
     const std::string failure = obstructed::statement_failure;
@@ -354,8 +349,7 @@ TEST(Bank_movement_failures, each_service_call_that_fails_leaves_what_came_befor
                                 " [~Banco ~Banco_Cuenta +Banco_Movimiento +Folio_Serie +Poliza +Poliza_Detalle]"));
 }
 
-// ---- Hostile values
-// ------------------------------------------------------------------------------------------------------
+// ---- Hostile values -------------------------------------------------------------------------------------------------
 
 TEST_F(Bank_movement, numbers_that_are_none_write_no_row) {
     for (const double amount : {std::nan(""), infinity, -infinity}) {

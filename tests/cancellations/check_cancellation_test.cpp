@@ -78,8 +78,7 @@ protected:
         "~ Cheque_x_Aplicar C-1/0002: Es_Cve_Estado AP -> AC"};
 };
 
-// ---- Undoing an application
-// ---------------------------------------------------------------------------------------------
+// ---- Undoing an application -----------------------------------------------------------------------------------------
 
 TEST_F(Issued_check, whose_application_is_undone_can_be_applied_again) {
     applied_check("T06");
@@ -310,8 +309,7 @@ TEST_P(Application_failure, leaves_what_the_statements_before_it_wrote) {
 
 INSTANTIATE_TEST_SUITE_P(At_each_statement, Application_failure, ::testing::Range<std::size_t>(1, 7));
 
-// ---- Cancelling a check
-// -------------------------------------------------------------------------------------------------
+// ---- Cancelling a check ---------------------------------------------------------------------------------------------
 
 class Check_to_cancel : public Issued_check {
 protected:

@@ -34,8 +34,7 @@ protected:
     }
 };
 
-// ---- By folio
-// -----------------------------------------------------------------------------------------------------------
+// ---- By folio -------------------------------------------------------------------------------------------------------
 
 TEST_F(Registered_movements, an_outflow_that_is_cancelled_comes_back_into_both_balances) {
     EXPECT_THAT(
@@ -162,8 +161,7 @@ TEST_P(Movement_failure, of_a_document_leaves_the_balances_already_moved) {
 
 INSTANTIATE_TEST_SUITE_P(At_each_statement, Movement_failure, ::testing::Range<std::size_t>(1, 5));
 
-// ---- By document
-// --------------------------------------------------------------------------------------------------------
+// ---- By document ----------------------------------------------------------------------------------------------------
 
 TEST_F(Registered_movements, all_those_of_a_document_are_cancelled) {
     EXPECT_THAT(

@@ -238,8 +238,7 @@ TEST_F(Closed_receipt, keeps_its_applied_payments_unless_told_otherwise_whatever
     EXPECT_TRUE(cancel(false, true)) << treasury().Error();
 }
 
-// ---- Its deposit
-// --------------------------------------------------------------------------------------------------------
+// ---- Its deposit ----------------------------------------------------------------------------------------------------
 
 TEST_F(Closed_receipt, takes_its_deposit_along_when_it_is_alone_in_it) {
     deposit();

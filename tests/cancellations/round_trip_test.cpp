@@ -58,8 +58,8 @@ std::string check_folio(Company& company) {
 }
 
 bool close_receipt(Company& company, const tRpEncabezado& header) {
-    const std::string folio = company.capture_receipt(
-        {Company::receipt_line(150), Company::receipt_line(80, "02", "SIERRA", "778")}, header);
+    const std::string folio =
+        company.capture_receipt({Company::receipt_line(150), Company::receipt_line(80, "02", "SIERRA", "778")}, header);
     return company.treasury().FinReciboCaja(folio);
 }
 

@@ -49,8 +49,7 @@ protected:
     Date date = make_date(2024, 3, 20, 15, 45, 0);
 };
 
-// ---- Refusals, in step order
-// ----------------------------------------------------------------------------------------------
+// ---- Refusals, in step order ----------------------------------------------------------------------------------------
 
 TEST_F(Check_application, refuses_a_check_that_does_not_exist) {
     expect_refused("NADA", "No se encontró el cheque o transferencia especificados");
@@ -80,8 +79,7 @@ TEST_F(Check_application, finds_no_line_when_the_account_or_its_bank_is_gone) {
     expect_refused(folio, "No se encontró el detalle del cheque:" + folio);
 }
 
-// ---- Statements and columns
-// -----------------------------------------------------------------------------------------------
+// ---- Statements and columns -----------------------------------------------------------------------------------------
 
 TEST_F(Check_application, runs_its_statements_in_order) {
     const std::string folio = issue("0000", "", {line});
@@ -188,8 +186,7 @@ TEST_F(Check_application, what_accounting_refuses_stands_behind_both_tags_and_th
     expect_refused(folio, "Imposible aplicar un cheque con estado: AP");
 }
 
-// ---- "01": payments of payables
-// -------------------------------------------------------------------------------------------
+// ---- "01": payments of payables -------------------------------------------------------------------------------------
 
 TEST_F(Check_application, pays_the_payable_of_each_line) {
     header.Ch_Tipo_Cambio = 2;
@@ -303,8 +300,7 @@ TEST_F(Check_application, what_payables_refuse_stops_at_that_line_and_the_rest_c
     }
 }
 
-// ---- "03" and "04": receivables
-// -------------------------------------------------------------------------------------------
+// ---- "03" and "04": receivables -------------------------------------------------------------------------------------
 
 TEST_F(Check_application, charges_the_whole_check_to_the_customer_once_per_line) {
     header.Ch_Tipo_Cambio = 2;
@@ -361,8 +357,7 @@ TEST_F(Check_application, what_receivables_refuse_stops_the_line) {
     }
 }
 
-// ---- "05": supplier advances
-// ----------------------------------------------------------------------------------------------
+// ---- "05": supplier advances ----------------------------------------------------------------------------------------
 
 TEST_F(Check_application, creates_a_supplier_advance_whose_folio_the_line_takes) {
     header.Ch_Tipo_Cambio = 2;
@@ -395,8 +390,7 @@ TEST_F(Check_application, a_refused_supplier_advance_stops_the_line) {
     expect_refused(folio, "No se puede anticipar");
 }
 
-// ---- Failures
-// -------------------------------------------------------------------------------------------------------------
+// ---- Failures -------------------------------------------------------------------------------------------------------
 
 TEST_F(Check_application, each_failing_statement_leaves_exactly_what_was_done_before_it) {
     const std::vector<std::vector<std::string>> expected = {
@@ -465,8 +459,7 @@ TEST_F(Check_application, a_quote_in_the_folio_is_a_failure_in_the_databases_wor
     EXPECT_THAT(company.changes_with_audit(), IsEmpty());
 }
 
-// ---- Closing
-// --------------------------------------------------------------------------------------------------------------
+// ---- Closing --------------------------------------------------------------------------------------------------------
 
 class Check_closing : public Check_application {
 protected:

@@ -118,8 +118,7 @@ TEST_F(Check_capture, a_folio_starts_at_line_one_also_after_the_lines_of_a_recei
     EXPECT_EQ(company.treasury().Detalle().Ch_ID, "0001");
 }
 
-// ---- Refusals, in step order
-// ----------------------------------------------------------------------------------------------
+// ---- Refusals, in step order ----------------------------------------------------------------------------------------
 
 class Check_capture_steps : public Check_capture {
 protected:
@@ -304,8 +303,7 @@ TEST_F(Check_capture, the_catalog_does_not_ask_a_type_zero_for_its_beneficiary_w
     EXPECT_TRUE(add()) << error();
 }
 
-// ---- Numbers already issued
-// -----------------------------------------------------------------------------------------------
+// ---- Numbers already issued -----------------------------------------------------------------------------------------
 
 TEST_F(Check_capture, a_transfer_issued_before_is_told_in_its_own_words) {
     header.Ch_Transferencia = "SI";
@@ -334,8 +332,7 @@ TEST_F(Check_capture, a_check_that_waits_for_authorization_keeps_its_number) {
     expect_refused("El cheque 1001 ya fue impreso con el folio: BEFORE");
 }
 
-// ---- Failures
-// -------------------------------------------------------------------------------------------------------------
+// ---- Failures -------------------------------------------------------------------------------------------------------
 
 TEST_F(Check_capture, each_failing_statement_leaves_what_was_written_before_it) {
     company.mark();

@@ -82,8 +82,7 @@ protected:
     tTsDetalle line = Company::check_line(400, "");
 };
 
-// ---- The row of the check
-// -------------------------------------------------------------------------------------------------
+// ---- The row of the check -------------------------------------------------------------------------------------------
 
 TEST_F(Check_creation, writes_the_check_with_every_column) {
     header.Ch_Fecha = make_date(2024, 3, 14, 9, 30, 0);
@@ -165,8 +164,7 @@ TEST_F(Check_creation, a_header_without_rate_is_a_failure_of_the_sum) {
     EXPECT_THAT(company.changes(), IsEmpty());
 }
 
-// ---- What each member does
-// ------------------------------------------------------------------------------------------------
+// ---- What each member does ------------------------------------------------------------------------------------------
 
 class Check_purpose : public Check_creation, public ::testing::WithParamInterface<Purpose> {
 protected:
@@ -378,8 +376,7 @@ INSTANTIATE_TEST_SUITE_P(Some, Check_with_its_own_line,
 INSTANTIATE_TEST_SUITE_P(Some, Check_with_movement, purposes_with([](const Purpose& each) { return each.movement; }),
                          member_of);
 
-// ---- What is particular to one
-// --------------------------------------------------------------------------------------------
+// ---- What is particular to one --------------------------------------------------------------------------------------
 
 TEST_F(Check_creation, a_transfer_between_own_accounts_needs_a_folio) {
     company.treasury().Encabezado(header);

@@ -108,8 +108,8 @@ private:
     void take_back() {
         const std::string folio = any_check();
         const bool whole = chance(0.5);
-        const bool done = whole ? company.treasury().Cancelar_Cheque(folio)
-                                : company.treasury().Cancelar_Aplicacion_Cheque(folio);
+        const bool done =
+            whole ? company.treasury().Cancelar_Cheque(folio) : company.treasury().Cancelar_Aplicacion_Cheque(folio);
         told(whole ? "Cancelar_Cheque" : "Cancelar_Aplicacion_Cheque", done);
         if (!done) half_undone += ", '" + folio + "'";
     }

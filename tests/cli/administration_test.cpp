@@ -1,5 +1,6 @@
 // cuvexa parameter and cuvexa suite.
 #include "cli/program.h"
+#include "support/places.h"
 
 namespace cuvexa::tests {
 namespace {
@@ -92,8 +93,7 @@ TEST_F(Cli_suite, a_series_of_folios_is_shown_moved_closed_and_opened) {
 }
 
 TEST_F(Cli_suite, a_posted_document_may_not_be_cancelled) {
-    output_of("rpc --db company.db --server-date 2024-03-15",
-              read_file(CUVEXA_SOURCE_DIR "/examples/first_session.jsonl"));
+    output_of("rpc --db company.db --server-date 2024-03-15", read_file(in_source("examples/first_session.jsonl")));
     output_of("suite --db company.db posted DEPOSITO_PAGO DP-MTY-00000001");
     Rpc_session session(folder, {"--db", "company.db", "--server-date", "2024-03-15"});
     session.ask("create", {{"class", "Tesoreria"}});

@@ -104,10 +104,9 @@ TEST_F(Cli_atomic, a_call_that_cannot_begin_is_an_error_and_the_session_goes_on)
     {
         Sqlite_connection other((folder / "company.db").string());
         other.execute("BEGIN TRANSACTION");
-        const auto answer = session.ask(
-            "call", {{"object", 1},
-                     {"member", "Genera_Deposito"},
-                     {"args", {"SRR-MXN", receipt, "2024-03-15", true, "2024-03-15"}}});
+        const auto answer = session.ask("call", {{"object", 1},
+                                                 {"member", "Genera_Deposito"},
+                                                 {"args", {"SRR-MXN", receipt, "2024-03-15", true, "2024-03-15"}}});
         EXPECT_TRUE(answer.contains("error")) << answer;
     }
     EXPECT_EQ(deposit(session, receipt), true) << session.get("Error");

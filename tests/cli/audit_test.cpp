@@ -60,12 +60,12 @@ TEST_F(Cli_audit, gives_the_findings_to_programs_as_an_array) {
     EXPECT_EQ(outcome.err, "Diferencias encontradas: 2\n");
     const auto findings = nlohmann::json::parse(outcome.out);
     ASSERT_EQ(findings.size(), 2u);
-    EXPECT_EQ(findings[0], (nlohmann::json{
-                               {"check", "saldo-de-cuenta"},
-                               {"document", "Cuenta bancaria SRR-MXN"},
-                               {"figures", "saldo de la cuenta 5.25, suma de sus movimientos vivos 0.00"},
-                               {"remedy",
-                                "Corrija Bc_Saldo a la suma de los movimientos vivos y después el saldo del banco."}}));
+    EXPECT_EQ(findings[0],
+              (nlohmann::json{
+                  {"check", "saldo-de-cuenta"},
+                  {"document", "Cuenta bancaria SRR-MXN"},
+                  {"figures", "saldo de la cuenta 5.25, suma de sus movimientos vivos 0.00"},
+                  {"remedy", "Corrija Bc_Saldo a la suma de los movimientos vivos y después el saldo del banco."}}));
     EXPECT_EQ(findings[1]["check"], "saldo-de-banco");
 }
 

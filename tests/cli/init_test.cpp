@@ -8,6 +8,7 @@
 #include "cli/program.h"
 #include "cuvexa/unit_of_work.h"
 #include "database/sqlite_connection.h"
+#include "support/places.h"
 
 namespace cuvexa::tests {
 namespace {
@@ -86,7 +87,7 @@ TEST_F(Cli_init, names_the_folder_that_is_missing) {
 TEST_F(Cli_init, leaves_nothing_behind_when_the_disk_is_full) {
     std::filesystem::create_directory(folder / "small");
     const std::string limited = "cd '" + folder.string() + "/small' && bash -c \"trap '' XFSZ; ulimit -f 64; exec '" +
-                                CUVEXA_BINARY_DIR "/bin/cuvexa' init --db company.db --sample\" >/dev/null 2>../.err";
+                                in_build("bin/cuvexa") + "' init --db company.db --sample\" >/dev/null 2>../.err";
     const int status = std::system(limited.c_str());
     EXPECT_EQ(WEXITSTATUS(status), 1);
     EXPECT_THAT(names_in(folder / "small"), IsEmpty());
@@ -160,10 +161,10 @@ TEST_F(Cli_databases, that_may_not_be_written_are_read_but_not_changed) {
     std::filesystem::permissions(folder, std::filesystem::perms(0777));
     std::string as_somebody;
     if (geteuid() == 0) {
-        std::filesystem::copy_file(CUVEXA_BINARY_DIR "/bin/cuvexa", folder / "cuvexa");
+        std::filesystem::copy_file(in_build("bin/cuvexa"), folder / "cuvexa");
         as_somebody = "setpriv --reuid=65534 --regid=65534 --clear-groups ./cuvexa";
     } else {
-        as_somebody = "'" CUVEXA_BINARY_DIR "/bin/cuvexa'";
+        as_somebody = "'" + in_build("bin/cuvexa") + "'";
     }
     const auto status_of = [&](const std::string& arguments) {
         const std::string line = "cd '" + folder.string() + "' && " + as_somebody + " " + arguments + " >.out 2>.err";

@@ -1,4 +1,5 @@
 #include "cli/program.h"
+#include "support/places.h"
 
 #include <fcntl.h>
 #include <signal.h>
@@ -14,7 +15,7 @@ namespace cuvexa::tests {
 
 namespace {
 
-const std::string program_path = CUVEXA_BINARY_DIR "/bin/cuvexa";
+const std::string program_path = in_build("bin/cuvexa");
 
 }  // namespace
 

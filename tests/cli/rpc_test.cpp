@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "database/sqlite_connection.h"
+#include "support/places.h"
 
 namespace cuvexa::tests {
 namespace {
@@ -39,7 +40,7 @@ protected:
 
 TEST_F(Cli_rpc, the_first_session_of_the_documentation_runs) {
     const auto answers = json_lines(output_of("rpc --db company.db --server-date 2024-03-15",
-                                              read_file(CUVEXA_SOURCE_DIR "/examples/first_session.jsonl")));
+                                              read_file(in_source("examples/first_session.jsonl"))));
     ASSERT_EQ(answers.size(), 15u);
     for (std::size_t i = 0; i < answers.size(); ++i) {
         EXPECT_EQ(answers[i]["id"], i + 1);

@@ -1,5 +1,6 @@
 // Wrong use: exit code 2 and one line.
 #include "cli/program.h"
+#include "support/places.h"
 
 #include <algorithm>
 
@@ -61,8 +62,8 @@ TEST_F(Cli_use, help_and_version_are_asked_for) {
 
 TEST_F(Cli_use, a_result_that_cannot_be_written_is_a_failure) {
     make_company();
-    const std::string line = "cd '" + folder.string() +
-                             "' && '" CUVEXA_BINARY_DIR "/bin/cuvexa' show accounts --db company.db >/dev/full 2>.err";
+    const std::string line = "cd '" + folder.string() + "' && '" + in_build("bin/cuvexa") +
+                             "' show accounts --db company.db >/dev/full 2>.err";
     EXPECT_NE(std::system(line.c_str()), 0);
     EXPECT_EQ(read_file(folder / ".err"), "No se pudo escribir el resultado\n");
 }

@@ -138,8 +138,7 @@ TEST_F(Frame, the_server_stamp_is_date_and_time) {
     EXPECT_TRUE(run([](Operation& op) { EXPECT_EQ(op.server_stamp(), "2024-03-15 10:20:30"); }));
 }
 
-// ---- Reports of trapped accessors
-// ----------------------------------------------------------------------------------------
+// ---- Reports of trapped accessors -----------------------------------------------------------------------------------
 
 TEST_F(Frame, a_report_carries_description_icon_routine_no_title_project_and_code) {
     company.mark();
@@ -151,8 +150,7 @@ TEST_F(Frame, a_report_carries_description_icon_routine_no_title_project_and_cod
     EXPECT_EQ(company.on.reports_in_full.size(), 1u);
 }
 
-// ---- Shared validations
-// --------------------------------------------------------------------------------------------------
+// ---- Shared validations ---------------------------------------------------------------------------------------------
 
 TEST_F(Frame, each_shared_validation_is_said_with_or_without_the_tag) {
     company.set_parameter("GEN_FORZAR_TIEMPO_REAL", "1");

@@ -5,6 +5,7 @@
 
 #include "database/script.h"
 #include "fixture.h"
+#include "support/places.h"
 
 namespace cuvexa::test {
 namespace {
@@ -13,7 +14,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 std::string file(const std::string& name) {
-    std::ifstream in(CUVEXA_SOURCE_DIR + std::string("/schema/") + name);
+    std::ifstream in(tests::in_source("schema/" + name));
     std::stringstream content;
     content << in.rdbuf();
     return content.str();

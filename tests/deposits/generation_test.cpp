@@ -62,8 +62,7 @@ protected:
     Company company;
 };
 
-// ---- What a deposit writes
-// -----------------------------------------------------------------------------------------------
+// ---- What a deposit writes ------------------------------------------------------------------------------------------
 
 TEST_F(Deposit_generation, cash_of_two_receipts_folds_into_one_line_and_one_movement) {
     capture({cash(100)});
@@ -237,8 +236,7 @@ TEST_F(Deposit_generation, only_blanks_are_taken_out_of_the_list) {
     EXPECT_EQ(error(), tag + "No se encontró el recibo de caja o el estado no permite realizar deposito:'A\tB','C'");
 }
 
-// ---- Grouping
-// ------------------------------------------------------------------------------------------------------------
+// ---- Grouping -------------------------------------------------------------------------------------------------------
 
 TEST_F(Deposit_generation,
        each_check_is_a_line_cards_fold_by_reference_and_lines_come_in_the_order_of_method_bank_and_check) {
@@ -348,8 +346,7 @@ TEST_F(Deposit_generation, a_receipt_in_capture_is_not_renumbered) {
     EXPECT_EQ(company.treasury().RpDetalle().Rp_ID, "0002");
 }
 
-// ---- States and dates
-// ----------------------------------------------------------------------------------------------------
+// ---- States and dates -----------------------------------------------------------------------------------------------
 
 TEST_F(Deposit_generation, an_active_line_becomes_deposited_and_an_applied_one_applied_and_deposited) {
     capture({cash(1)});
@@ -395,8 +392,7 @@ TEST_F(Deposit_generation, the_movement_type_is_read_at_the_moment_of_use) {
     EXPECT_EQ(company.scalar("SELECT Bt_Cve_Banco_Tipo_Movimiento FROM Banco_Movimiento"), "INT");
 }
 
-// ---- The refusals, in their order
-// ----------------------------------------------------------------------------------------
+// ---- The refusals, in their order -----------------------------------------------------------------------------------
 
 const Preparation prepare = [](Company& company) {
     company.set_parameter("GEN_FORZAR_TIEMPO_REAL", "1");
@@ -515,8 +511,7 @@ TEST_F(Deposit_generation, the_folio_is_kept_after_a_later_failure) {
     EXPECT_EQ(company.treasury().FolioMovimiento, "BM-00000001");
 }
 
-// ---- Accounting
-// ----------------------------------------------------------------------------------------------------------
+// ---- Accounting -----------------------------------------------------------------------------------------------------
 
 TEST_F(Deposit_generation, the_deposit_is_handed_to_accounting_and_registered_once_after_its_movements) {
     capture({cash(100), check(50, "Sierra", "1")});
@@ -549,8 +544,7 @@ TEST_F(Deposit_generation, a_voucher_that_succeeds_with_a_text_is_a_failure_all_
     EXPECT_EQ(company.scalar("SELECT count(*) FROM Documento_Registrado WHERE Dr_Codigo = 'DEPOSITO_PAGO'"), "0");
 }
 
-// ---- Failures in turn
-// ----------------------------------------------------------------------------------------------------
+// ---- Failures in turn -----------------------------------------------------------------------------------------------
 
 TEST(Deposit_generation_failures, each_statement_that_fails_leaves_what_came_before_it) {
     const std::string own = " => " + tag + obstructed::statement_failure;
@@ -613,8 +607,7 @@ TEST(Deposit_generation_failures, each_service_call_that_fails_is_reported_under
     EXPECT_EQ(lines, expected);
 }
 
-// ---- Hostile values
-// ------------------------------------------------------------------------------------------------------
+// ---- Hostile values -------------------------------------------------------------------------------------------------
 
 TEST_F(Deposit_generation, a_date_that_is_none_writes_no_line) {
     capture({cash(1)});

@@ -23,6 +23,7 @@
 #include "database/sqlite_connection.h"
 #include "suite/reference_suite.h"
 #include "support/company.h"
+#include "support/places.h"
 
 namespace cuvexa::testing {
 namespace {
@@ -37,7 +38,7 @@ std::string missing_program() {
     for (const auto* program : {"Xvfb", "xdotool", "import"}) {
         if (!on_path(program)) return program;
     }
-    return fs::exists(CUVEXA_BINARY_DIR "/bin/cuvexa") ? "" : "cuvexa";
+    return fs::exists(tests::in_build("bin/cuvexa")) ? "" : "cuvexa";
 }
 
 /// A display that nobody else uses, of the size of a small office screen.
@@ -170,8 +171,8 @@ protected:
 
     fs::path out() const { return folder_ / "out"; }
 
-    const std::string program_ = CUVEXA_BINARY_DIR "/bin/cuvexa";
-    const fs::path pictures_ = CUVEXA_BINARY_DIR "/screenshots";
+    const std::string program_ = tests::in_build("bin/cuvexa");
+    const fs::path pictures_ = tests::in_build("screenshots");
     fs::path folder_;
     fs::path database_;
     std::unique_ptr<X_server> server_;

@@ -13,6 +13,8 @@
 #include <string>
 #include <vector>
 
+#include "support/places.h"
+
 namespace cuvexa {
 namespace {
 
@@ -26,7 +28,7 @@ struct Source {
 };
 
 std::vector<Source> sources_under(const std::string& folder) {
-    const fs::path root = CUVEXA_SOURCE_DIR;
+    const fs::path root = tests::in_source("");
     std::vector<Source> sources;
     for (const auto& entry : fs::recursive_directory_iterator(root / folder)) {
         const std::string extension = entry.path().extension().string();
@@ -58,8 +60,7 @@ std::vector<std::string> includes_of(const Source& source) {
     return found;
 }
 
-// ---- Who may include whom
-// ------------------------------------------------------------------------------------------------
+// ---- Who may include whom -------------------------------------------------------------------------------------------
 
 const std::set<std::string> subsystems = {"receipts", "checks", "banks", "deposits", "requests", "advances", "dialogs"};
 const std::set<std::string> free_of_third_parties = {"include/cuvexa", "core",     "receipts", "checks",  "banks",
@@ -154,8 +155,7 @@ TEST(House, windows_is_seen_by_its_own_rooms_alone) {
     EXPECT_FALSE(is_windows_header("<string>"));
 }
 
-// ---- Who may catch
-// -------------------------------------------------------------------------------------------------------
+// ---- Who may catch --------------------------------------------------------------------------------------------------
 
 TEST(House, failures_are_caught_at_the_boundaries_alone) {
     const std::set<std::string> boundaries = {
@@ -180,8 +180,7 @@ TEST(House, failures_are_caught_at_the_boundaries_alone) {
     EXPECT_THAT(unused, IsEmpty()) << "a boundary that no longer catches can leave the list";
 }
 
-// ---- Numbers and texts
-// ---------------------------------------------------------------------------------------------------
+// ---- Numbers and texts ----------------------------------------------------------------------------------------------
 
 TEST(House, subsystems_leave_numbers_to_the_one_conversion_and_never_format_by_locale) {
     static const std::regex conversion(
@@ -204,12 +203,11 @@ TEST(House, no_operation_opens_a_transaction) {
     EXPECT_THAT(found, IsEmpty());
 }
 
-// ---- One class, every member
-// --------------------------------------------------------------------------------------------
+// ---- One class, every member ----------------------------------------------------------------------------------------
 
 std::string text_of(const std::string& path) {
     std::stringstream text;
-    text << std::ifstream(fs::path(CUVEXA_SOURCE_DIR) / path, std::ios::binary).rdbuf();
+    text << std::ifstream(tests::in_source(path), std::ios::binary).rdbuf();
     return text.str();
 }
 
@@ -273,8 +271,7 @@ TEST(House, the_public_members_of_the_class_stand_in_the_published_order) {
     }
 }
 
-// ---- Texts that callers read
-// ---------------------------------------------------------------------------------------------
+// ---- Texts that callers read ----------------------------------------------------------------------------------------
 
 TEST(House, each_source_tag_is_written_in_one_place_under_the_name_of_its_member) {
     static const std::regex tag("\"(Cuvexa\\.dll - )(\\w+)\\(\\)( ?)\"");

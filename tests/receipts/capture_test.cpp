@@ -32,8 +32,7 @@ protected:
     Company company;
 };
 
-// ---- Starting a receipt
-// --------------------------------------------------------------------------------------------------
+// ---- Starting a receipt ---------------------------------------------------------------------------------------------
 
 tRpEncabezado full_header() {
     tRpEncabezado header = Company::receipt_header();
@@ -98,8 +97,7 @@ TEST_F(Receipt_capture, a_new_receipt_runs_no_statement_and_asks_no_service) {
     EXPECT_THAT(company.on.asked, IsEmpty());
 }
 
-// ---- The header
-// ----------------------------------------------------------------------------------------------------------
+// ---- The header -----------------------------------------------------------------------------------------------------
 
 TEST_F(Receipt_capture, a_header_let_reads_the_receipt_type) {
     company.mark();
@@ -193,8 +191,7 @@ TEST_F(Receipt_capture, the_caller_s_own_folio_skips_the_checks_of_the_first_lin
     EXPECT_EQ(company.scalar("SELECT Rp_Folio FROM Recibo_Pago"), "DEL-CLIENTE");
 }
 
-// ---- A line
-// --------------------------------------------------------------------------------------------------------------
+// ---- A line ---------------------------------------------------------------------------------------------------------
 
 tRpEncabezado header_with_everything() {
     tRpEncabezado header = full_header();
@@ -340,8 +337,7 @@ TEST_F(Receipt_capture, a_success_after_a_refusal_leaves_no_error) {
     EXPECT_EQ(treasury().Error(), "");
 }
 
-// ---- The refusals, in their order
-// ----------------------------------------------------------------------------------------
+// ---- The refusals, in their order -----------------------------------------------------------------------------------
 
 const std::string not_today = tag +
                               "No es posible realizar esta operación, la fecha del documento no es del día actual\r\n"
@@ -552,8 +548,7 @@ TEST_F(Receipt_capture, another_receipt_type_takes_any_seller) {
     EXPECT_TRUE(add()) << treasury().Error();
 }
 
-// ---- The payment-method service
-// ------------------------------------------------------------------------------------------
+// ---- The payment-method service -------------------------------------------------------------------------------------
 
 TEST_F(Receipt_capture, the_payment_method_service_is_asked_only_when_told_and_gets_the_whole_line) {
     start();
@@ -613,8 +608,7 @@ TEST_F(Receipt_capture, after_line_32767_the_counter_overflows_and_nothing_is_wr
     EXPECT_TRUE(add()) << "a new receipt starts again";
 }
 
-// ---- Folio and first line
-// ------------------------------------------------------------------------------------------------
+// ---- Folio and first line -------------------------------------------------------------------------------------------
 
 TEST_F(Receipt_capture, a_first_line_that_is_refused_after_the_folio_keeps_it) {
     start();
@@ -646,8 +640,7 @@ TEST_F(Receipt_capture, a_closed_series_gives_no_folio_and_the_next_line_asks_ag
     EXPECT_EQ(treasury().RpEncabezado().Rp_Folio, "RP-MTY-00000008");
 }
 
-// ---- The extras
-// ----------------------------------------------------------------------------------------------------------
+// ---- The extras -----------------------------------------------------------------------------------------------------
 
 TEST_F(Receipt_capture, a_line_without_extras_writes_six_empty_texts) {
     start();
@@ -710,8 +703,7 @@ TEST_F(Receipt_capture, the_extras_are_never_handed_back) {
     EXPECT_EQ(treasury().Error(), "");
 }
 
-// ---- Failures and hostile values
-// -----------------------------------------------------------------------------------------
+// ---- Failures and hostile values ------------------------------------------------------------------------------------
 
 void prepare_line(Company& company) {
     tRpEncabezado header = Company::receipt_header();

@@ -76,8 +76,7 @@ protected:
     Company company;
 };
 
-// ---- By receipt type
-// -----------------------------------------------------------------------------------------------------
+// ---- By receipt type ------------------------------------------------------------------------------------------------
 
 TEST_F(Receipt_closing, a_plain_receipt_is_registered_and_stays_active) {
     capture("01", "", {cash(100)});
@@ -188,8 +187,7 @@ TEST_F(Receipt_closing, a_header_changed_between_lines_makes_rows_of_its_own) {
     EXPECT_EQ(company.on.applications.size(), 2u);
 }
 
-// ---- Statements
-// ----------------------------------------------------------------------------------------------------------
+// ---- Statements -----------------------------------------------------------------------------------------------------
 
 TEST_F(Receipt_closing, the_statements_of_a_closing) {
     capture("04", "PV01", {cash(100), check(40)});
@@ -240,8 +238,7 @@ TEST_F(Receipt_closing, the_statements_of_a_closing) {
                             mark, mark));
 }
 
-// ---- The refusals, in their order
-// ----------------------------------------------------------------------------------------
+// ---- The refusals, in their order -----------------------------------------------------------------------------------
 
 const Preparation prepare_payable = [](Company& company) {
     company.post_automatically("RECIBO_PAGO");
@@ -326,8 +323,7 @@ TEST_F(Receipt_closing, closing_again_repeats_every_row) {
     EXPECT_EQ(company.scalar("SELECT Dr_Veces FROM Documento_Registrado WHERE Dr_Documento = 'RP-MTY-00000001'"), "1");
 }
 
-// ---- Accounting
-// ----------------------------------------------------------------------------------------------------------
+// ---- Accounting -----------------------------------------------------------------------------------------------------
 
 TEST_F(Receipt_closing, with_automatic_posting_the_receipt_is_handed_to_accounting_before_its_registration) {
     company.post_automatically("RECIBO_PAGO");
@@ -355,8 +351,7 @@ TEST_F(Receipt_closing, a_voucher_that_succeeds_with_a_text_is_a_failure_all_the
     EXPECT_EQ(company.scalar("SELECT count(*) FROM Documento_Registrado"), "0");
 }
 
-// ---- Failures in turn
-// ----------------------------------------------------------------------------------------------------
+// ---- Failures in turn -----------------------------------------------------------------------------------------------
 
 TEST(Receipt_closing_failures, each_statement_that_fails_leaves_what_came_before_it) {
     const std::string failure = " => " + tag + obstructed::statement_failure;
@@ -394,8 +389,7 @@ TEST(Receipt_closing_failures, a_failing_application_is_reported_too) {
     EXPECT_EQ(outcomes[0].error, tag + obstructed::call_failure);
 }
 
-// ---- Hostile values
-// ------------------------------------------------------------------------------------------------------
+// ---- Hostile values -------------------------------------------------------------------------------------------------
 
 TEST_F(Receipt_closing, a_folio_with_a_quote_fails_in_the_database_and_changes_nothing) {
     capture("01", "", {cash(100)});
@@ -411,11 +405,13 @@ TEST_F(Receipt_closing, credit_days_that_are_no_number_are_a_failure_under_the_t
     capture("04", "PV01", {cash(100)});
     // In a suite that keeps them as a text.
     company.sql("DROP TABLE Proveedor");
-    company.sql("CREATE TABLE Proveedor (Pv_Cve_Proveedor varchar(60), Pv_Descripcion varchar(60), "
-                "Gp_Cve_Grupo_Proveedor varchar(60), Pv_Dias_Credito varchar(60), Pv_Cuenta_Contable varchar(60), "
-                "Oper_Alta varchar(60), Fecha_Alta datetime, Oper_Ult_Modif varchar(60), Fecha_Ult_Modif datetime, "
-                "Oper_Baja varchar(60), Fecha_Baja datetime, Es_Cve_Estado varchar(10))");
-    company.sql("INSERT INTO Proveedor (Pv_Cve_Proveedor, Pv_Dias_Credito, Es_Cve_Estado) VALUES ('PV01', 'treinta', 'AC')");
+    company.sql(
+        "CREATE TABLE Proveedor (Pv_Cve_Proveedor varchar(60), Pv_Descripcion varchar(60), "
+        "Gp_Cve_Grupo_Proveedor varchar(60), Pv_Dias_Credito varchar(60), Pv_Cuenta_Contable varchar(60), "
+        "Oper_Alta varchar(60), Fecha_Alta datetime, Oper_Ult_Modif varchar(60), Fecha_Ult_Modif datetime, "
+        "Oper_Baja varchar(60), Fecha_Baja datetime, Es_Cve_Estado varchar(10))");
+    company.sql(
+        "INSERT INTO Proveedor (Pv_Cve_Proveedor, Pv_Dias_Credito, Es_Cve_Estado) VALUES ('PV01', 'treinta', 'AC')");
     EXPECT_FALSE(close());
     EXPECT_EQ(error(), tag + "No coinciden los tipos");
     company.sql("UPDATE Proveedor SET Pv_Dias_Credito = '40000' WHERE Pv_Cve_Proveedor = 'PV01'");

@@ -130,8 +130,7 @@ protected:
 INSTANTIATE_TEST_SUITE_P(Kinds, Budget_check_of_kind, ::testing::ValuesIn(kinds),
                          [](const auto& info) { return info.param.prefix + std::to_string(info.param.type); });
 
-// ---- Decision table
-// -------------------------------------------------------------------------------------------------------
+// ---- Decision table -------------------------------------------------------------------------------------------------
 
 TEST_P(Budget_check_of_kind, without_control_nothing_is_looked_for) {
     write_check(kind(), "C1", 1000);
@@ -256,8 +255,7 @@ TEST_P(Budget_check_of_kind, every_month_reads_its_own_column_and_year) {
     }
 }
 
-// ---- Statements
-// -----------------------------------------------------------------------------------------------------------
+// ---- Statements -----------------------------------------------------------------------------------------------------
 
 TEST_P(Budget_check_of_kind, runs_its_statements_in_order) {
     set_mode(kind(), "1");
@@ -340,8 +338,7 @@ TEST_P(Budget_check_of_kind, each_failing_service_call_leaves_the_check_as_it_wa
                 ElementsAre("GetParameter", "GetParameter", "GetParameter", "GetParameter"));
 }
 
-// ---- Refusals, in step order
-// ----------------------------------------------------------------------------------------------
+// ---- Refusals, in step order ----------------------------------------------------------------------------------------
 
 TEST_P(Budget_check_of_kind, refuses_an_empty_folio_without_a_statement) {
     set_mode(kind(), "2");

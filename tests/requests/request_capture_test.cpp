@@ -166,8 +166,7 @@ TEST_F(Check_request, an_amount_below_zero_passes) {
     EXPECT_THAT(rows("Solicitud_Cheque", "Sch_Importe"), ElementsAre("-100"));
 }
 
-// ---- Refusals of the header, in step order
-// ------------------------------------------------------------------------------
+// ---- Refusals of the header, in step order --------------------------------------------------------------------------
 
 class Check_request_refusals : public Check_request {
 protected:
@@ -315,8 +314,7 @@ INSTANTIATE_TEST_SUITE_P(Of_each_type, Check_request_beneficiary,
                                            std::pair("T05", "NADIE"), std::pair("T06", "NADIE"),
                                            std::pair("0000", "NADIE"), std::pair("0000", "")));
 
-// ---- A header that cannot be written
-// --------------------------------------------------------------------------------------
+// ---- A header that cannot be written --------------------------------------------------------------------------------
 
 TEST_F(Check_request, a_header_that_cannot_be_written_leaves_its_folio_so_a_retry_writes_nothing) {
     treasury().SchEncabezado(header);
@@ -345,8 +343,7 @@ TEST_F(Check_request, an_amount_that_no_statement_may_carry_fails_like_a_databas
     EXPECT_EQ(treasury().Error(), add_tag + "Inserta_Solicitud_Cheque()\r\nDesbordamiento");
 }
 
-// ---- Lines
-// ------------------------------------------------------------------------------------------------------------------
+// ---- Lines ----------------------------------------------------------------------------------------------------------
 
 TEST_F(Check_request, lines_are_numbered_from_the_first) {
     ASSERT_TRUE(add_header()) << treasury().Error();

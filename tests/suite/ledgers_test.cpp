@@ -110,8 +110,7 @@ protected:
     }
 };
 
-// ---- Payables
-// -----------------------------------------------------------------------------------------------------------
+// ---- Payables -------------------------------------------------------------------------------------------------------
 
 TEST_F(Ledgers, a_new_payable_document_has_todays_date_and_the_local_currency) {
     const Payable document = suite.new_accounts_payable()->NewDocument();
@@ -301,8 +300,7 @@ TEST_F(Ledgers, the_payables_of_a_document_are_cancelled_unless_one_is_paid) {
               "2");
 }
 
-// ---- Receivables
-// --------------------------------------------------------------------------------------------------------
+// ---- Receivables ----------------------------------------------------------------------------------------------------
 
 TEST_F(Ledgers, a_receivable_is_owed_in_full_as_often_as_it_is_created) {
     const auto service = suite.new_accounts_receivable();

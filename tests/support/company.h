@@ -8,9 +8,8 @@
 //     EXPECT_EQ(company.treasury().Error(), "…");
 //     EXPECT_THAT(company.changes(), IsEmpty());
 //
-// - `treasury()` is the component; `set_parameter` writes a system parameter and starts the module again, as the seven
-// of
-//   them that are read at start-up need (the instance is then a new one).
+// - `treasury()` is the component; `set_parameter` writes a system parameter and starts the module again, as the
+//   seven of them that are read at start-up need (the instance is then a new one).
 // - `sql`, `scalar` and `rows` work on the database behind the component's back; `rows` gives "a|b|c" per row.
 // - `mark` remembers the database and forgets the notes so far; `changes` tells what happened since, row by row (see
 //   `Snapshot`), without the columns of the audit; `changes_with_audit` with them.

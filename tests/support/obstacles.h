@@ -253,8 +253,8 @@ public:
                              const std::string& bank, double amount, const std::string& document_code,
                              const std::string& folio, const std::string& reference,
                              const std::string& comment) override {
-        on_.validated_lines.push_back(payment_method + "|" + reference_number + "|" + bank + "|" + number_text(amount) + "|" +
-                                    document_code + "|" + folio + "|" + reference + "|" + comment);
+        on_.validated_lines.push_back(payment_method + "|" + reference_number + "|" + bank + "|" + number_text(amount) +
+                                      "|" + document_code + "|" + folio + "|" + reference + "|" + comment);
         return on_.decide("ValidatePaymentLine", {payment_method, reference_number, bank}, last_error_, [&] {
             return inner_->ValidatePaymentLine(payment_method, reference_number, bank, amount, document_code, folio,
                                                reference, comment);

@@ -32,14 +32,13 @@ struct Refusal_step {
 
 class Obstructed_treasury : public ::testing::Test {
 protected:
-    Obstructed_treasury() {
-        on.server_date = make_date(2024, 3, 15, 10, 20, 30);
-    }
+    Obstructed_treasury() { on.server_date = make_date(2024, 3, 15, 10, 20, 30); }
 
     /// The component; its module starts with the first use, with the parameters set so far.
     Tesoreria& treasury() {
         if (!treasury_) {
-            module_.emplace(std::make_shared<Obstructed_suite>(std::make_shared<Plain_suite>(database_.connection()), on));
+            module_.emplace(
+                std::make_shared<Obstructed_suite>(std::make_shared<Plain_suite>(database_.connection()), on));
             treasury_.emplace(*module_);
         }
         return *treasury_;
@@ -54,7 +53,7 @@ protected:
         const std::vector<std::string> names = split(columns);
         std::vector<std::string> found;
         for (auto row = database_.connection().execute("SELECT " + columns + " FROM " + table + " WHERE " + condition +
-                                          " ORDER BY " + columns);
+                                                       " ORDER BY " + columns);
              !row->eof(); row->move_next()) {
             std::string line;
             for (std::size_t i = 0; i < names.size(); ++i) line += (i == 0 ? "" : "|") + to_text(row->field(names[i]));

@@ -73,11 +73,12 @@ private:
     Table table_of(const std::string& name) {
         Table table{name, {}, "", ""};
         std::string keys, marks;
-        read_bare(rows_.handle(), "SELECT name, pk FROM pragma_table_info('" + name + "')", [&](const Snapshot::Row& row) {
-            table.columns.push_back(row[0].second);
-            marks += marks.empty() ? "?" : ", ?";
-            if (row[1].second != "0") keys += (keys.empty() ? " ORDER BY " : ", ") + row[0].second;
-        });
+        read_bare(rows_.handle(), "SELECT name, pk FROM pragma_table_info('" + name + "')",
+                  [&](const Snapshot::Row& row) {
+                      table.columns.push_back(row[0].second);
+                      marks += marks.empty() ? "?" : ", ?";
+                      if (row[1].second != "0") keys += (keys.empty() ? " ORDER BY " : ", ") + row[0].second;
+                  });
         table.select = "SELECT * FROM " + name + keys;
         table.insert = "INSERT INTO " + name + " VALUES (" + marks + ")";
         return table;
@@ -157,7 +158,8 @@ private:
         static std::vector<std::pair<const char*, std::unique_ptr<Sqlite_connection>>> made;
         for (const auto& [text, database] : made)
             if (text == script.data()) return database->handle();
-        auto database = std::make_unique<Sqlite_connection>(":memory:", Sqlite_options{.synchronous = Synchronous::off});
+        auto database =
+            std::make_unique<Sqlite_connection>(":memory:", Sqlite_options{.synchronous = Synchronous::off});
         run_script(*database, schema_sql());
         run_script(*database, script);
         made.emplace_back(script.data(), std::move(database));
@@ -193,7 +195,9 @@ private:
         }
     }
     // The rows that the schema itself leaves, behind its definitions.
-    static std::string_view schema_rows() { return schema_sql().substr(schema_sql().find("\nINSERT ")); }
+    static std::string_view schema_rows() {
+        return schema_sql().substr(schema_sql().find("\nINSERT "));
+    }
 
     static void fill(std::string_view script, bool empty_first) {
         Unit_of_work whole(server());
@@ -203,8 +207,12 @@ private:
         whole.commit();
     }
 #else
-    static Connection& server() { throw std::runtime_error("CUVEXA_TEST_DB needs ODBC, which this build lacks"); }
-    static void reset_server(std::string_view) { server(); }
+    static Connection& server() {
+        throw std::runtime_error("CUVEXA_TEST_DB needs ODBC, which this build lacks");
+    }
+    static void reset_server(std::string_view) {
+        server();
+    }
 #endif
 
     std::optional<Sqlite_connection> embedded_;

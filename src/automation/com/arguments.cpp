@@ -143,7 +143,8 @@ Variant argument(const VARIANT& given, const Value_type& type, LCID locale) {
         case Type::record:
             return record_argument(value, *type.record, locale);
         case Type::object:
-            if (value.vt != VT_EMPTY && !is_object(value)) refuse("an object " + std::string(type.class_name) + " is expected");
+            if (value.vt != VT_EMPTY && !is_object(value))
+                refuse("an object " + std::string(type.class_name) + " is expected");
             return object_behind(object_in(value).get());
         case Type::none:
             break;
@@ -209,7 +210,8 @@ void read_properties(const Pointer<IDispatch>& object, Record_place record, LCID
         if (value->vt == VT_EMPTY) continue;
         assign(place, argument(*value.get(), field.type, locale));
     }
-    if (!any_known) refuse("an object with the members of the record " + std::string(record.type->name) + " is expected");
+    if (!any_known)
+        refuse("an object with the members of the record " + std::string(record.type->name) + " is expected");
 }
 
 void write_properties(const Pointer<IDispatch>& object, Record_place record) {

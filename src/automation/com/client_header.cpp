@@ -14,7 +14,8 @@
 namespace cuvexa::com {
 namespace {
 
-constexpr const char* beginning = R"(// Cuvexa.dll for C++ programs that call it through its virtual table. Made by the build; do not edit.
+constexpr const char* beginning =
+    R"(// Cuvexa.dll for C++ programs that call it through its virtual table. Made by the build; do not edit.
 //
 // Every member gives a result code; its result comes last. Strings that go in remain the caller's, strings and objects that
 // come out become the caller's; clear(record) gives back the strings of a record. After a failing code, GetErrorInfo has

@@ -84,7 +84,8 @@ bool Late_object::has(std::string_view name) {
 Any Late_object::invoke(std::string_view name, WORD kind, std::span<Any> arguments) {
     const DISPID id = identifier(name);
     std::vector<VARIANT> reversed(arguments.size());
-    std::transform(arguments.rbegin(), arguments.rend(), reversed.begin(), [](Any& argument) { return *argument.get(); });
+    std::transform(arguments.rbegin(), arguments.rend(), reversed.begin(),
+                   [](Any& argument) { return *argument.get(); });
     DISPID put = DISPID_PROPERTYPUT;
     const bool puts = kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF);
     DISPPARAMS parameters{reversed.data(), puts ? &put : nullptr, static_cast<UINT>(reversed.size()), puts ? 1u : 0u};

@@ -21,7 +21,8 @@ Pointer<ITypeInfo> own_type(const GUID& id) {
 
 Pointer<IRecordInfo> record_info(const Record_type& type) {
     const auto described = own_type(record_id(type));
-    if (!described) throw Result_error(TYPE_E_ELEMENTNOTFOUND, "no description of the record " + std::string(type.name));
+    if (!described)
+        throw Result_error(TYPE_E_ELEMENTNOTFOUND, "no description of the record " + std::string(type.name));
     Pointer<IRecordInfo> info;
     check(GetRecordInfoFromTypeInfo(described.get(), info.receive()));
     return info;

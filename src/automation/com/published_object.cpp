@@ -68,9 +68,9 @@ public:
         if (!found) return E_POINTER;
         const bool own = IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IDispatch) ||
                          IsEqualIID(iid, own_iid<Published>()) || IsEqualIID(iid, ids_of(type().name).interface_id);
-        *found = own                                            ? static_cast<void*>(&face_)
+        *found = own                                      ? static_cast<void*>(&face_)
                  : IsEqualIID(iid, IID_ISupportErrorInfo) ? static_cast<void*>(&errors_)
-                                                                : nullptr;
+                                                          : nullptr;
         if (!*found) return E_NOINTERFACE;
         add_reference();
         return S_OK;
@@ -133,7 +133,8 @@ const Member* find_any(const Automation_class& type, std::string_view name) {
 
 /// The member that a call means. Script languages leave open whether they read a property or call a method.
 const Member& meant(const Automation_class& type, DISPID id, WORD kind) {
-    if (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) return find_member(type, id, Member_kind::property_let);
+    if (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF))
+        return find_member(type, id, Member_kind::property_let);
     if ((kind & DISPATCH_METHOD) && (kind & DISPATCH_PROPERTYGET)) {
         const bool method = std::any_of(type.members.begin(), type.members.end(), [&](const Member& member) {
             return member.identifier == id && member.kind == Member_kind::method;
@@ -189,8 +190,8 @@ HRESULT Published::invoke(DISPID id, LCID locale, WORD kind, DISPPARAMS& paramet
         if (wrong && places[at]) *wrong = static_cast<UINT>(places[at] - parameters.rgvarg);
         if (!places[at] || com::is_missing(*places[at])) {
             if (!member.parameters[at].optional)
-                throw Result_error(DISP_E_PARAMNOTOPTIONAL, "argument " + std::string(member.parameters[at].name) +
-                                                                " is not optional");
+                throw Result_error(DISP_E_PARAMNOTOPTIONAL,
+                                   "argument " + std::string(member.parameters[at].name) + " is not optional");
             arguments.emplace_back();
         } else {
             arguments.push_back(argument(*places[at], member.parameters[at].type, locale));
@@ -224,7 +225,8 @@ HRESULT Published::call(std::size_t at, void** given) {
         const Member& member = type().members[at];
         const std::size_t count = member.parameters.size();
         void* result = member.result.type == Type::none ? nullptr : given[count];
-        if (member.result.type != Type::none && !result) throw Result_error(E_POINTER, "the place of the result is null");
+        if (member.result.type != Type::none && !result)
+            throw Result_error(E_POINTER, "the place of the result is null");
         std::vector<Variant> arguments;
         for (std::size_t place = 0; place < count; ++place)
             arguments.push_back(argument_at(member.parameters[place], given[place]));
@@ -293,7 +295,8 @@ constexpr std::size_t most_pointers = 9;
 template <std::size_t member, std::size_t... counts>
 constexpr auto functions_by_count(std::index_sequence<counts...>) {
     using Maker = const void* (*)();
-    return std::array<Maker, sizeof...(counts)>{+[] { return with_pointers<member>(std::make_index_sequence<counts>()); }...};
+    return std::array<Maker, sizeof...(counts)>{
+        +[] { return with_pointers<member>(std::make_index_sequence<counts>()); }...};
 }
 
 template <std::size_t... members>
@@ -304,9 +307,9 @@ const void* function_of(std::size_t member, std::size_t pointers, std::index_seq
 
 std::vector<const void*> make_functions(const Automation_class& type) {
     std::vector<const void*> functions{
-        reinterpret_cast<const void*>(&query_interface),     reinterpret_cast<const void*>(&add_reference),
-        reinterpret_cast<const void*>(&release),             reinterpret_cast<const void*>(&get_type_info_count),
-        reinterpret_cast<const void*>(&get_type_info),       reinterpret_cast<const void*>(&get_ids_of_names),
+        reinterpret_cast<const void*>(&query_interface), reinterpret_cast<const void*>(&add_reference),
+        reinterpret_cast<const void*>(&release),         reinterpret_cast<const void*>(&get_type_info_count),
+        reinterpret_cast<const void*>(&get_type_info),   reinterpret_cast<const void*>(&get_ids_of_names),
         reinterpret_cast<const void*>(&com::invoke),
     };
     for (std::size_t at = 0; at < type.members.size(); ++at) {

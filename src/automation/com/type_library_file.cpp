@@ -10,11 +10,11 @@ namespace cuvexa::com {
 namespace {
 
 // Places in the file, in bytes.
-constexpr std::size_t flags_at = 0x14;       // of the header
+constexpr std::size_t flags_at = 0x14;  // of the header
 constexpr std::size_t type_count_at = 0x20;
-constexpr std::size_t header_size = 0x54;    // without the name of a help library, which a flag announces
+constexpr std::size_t header_size = 0x54;  // without the name of a help library, which a flag announces
 constexpr std::uint32_t has_help_library = 0x100;
-constexpr std::size_t functions_at = 0x04;   // of a type
+constexpr std::size_t functions_at = 0x04;  // of a type
 constexpr std::size_t function_count_at = 0x18;
 constexpr std::size_t table_size_at = 0x4E;
 constexpr std::size_t size_at = 0x50;

@@ -153,7 +153,8 @@ private:
         check(info.SetTypeFlags(TYPEFLAG_FDUAL | TYPEFLAG_FOLEAUTOMATION | TYPEFLAG_FDISPATCHABLE |
                                 TYPEFLAG_FNONEXTENSIBLE | TYPEFLAG_FHIDDEN));
         check(info.AddImplType(0, reference(info, dispatch_.get())));
-        for (std::size_t at = 0; at < type.members.size(); ++at) add_member(info, static_cast<UINT>(at), type.members[at]);
+        for (std::size_t at = 0; at < type.members.size(); ++at)
+            add_member(info, static_cast<UINT>(at), type.members[at]);
         check(info.LayOut());
     }
 

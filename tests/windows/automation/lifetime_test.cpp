@@ -142,9 +142,7 @@ TEST_F(Lifetime, an_apartment_that_begins_again_has_a_module_again) {
 
 TEST_F(Lifetime, an_apartment_entered_twice_keeps_its_module_until_it_was_left_twice) {
     auto treasury = server.create("Tesoreria");
-    {
-        const Apartment inner;
-    }
+    { const Apartment inner; }
     EXPECT_EQ(text(get(treasury, L"Error")), "");
     EXPECT_TRUE(SUCCEEDED(call(treasury, L"NuevoReciboCaja").result));
     EXPECT_EQ(number(call(treasury, L"GetSaldo", arguments(any("SRR-MXN")))), 0);

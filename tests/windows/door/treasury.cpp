@@ -122,9 +122,12 @@ void Treasury::hand_over() {
     let("FolioMovimiento", FolioMovimiento);
     if (!extras_) return;
     const std::pair<const char*, std::string clsRpDetalle::*> members[] = {
-        {"Rp_Cve_Banco", &clsRpDetalle::Rp_Cve_Banco},       {"Rp_Vendedor", &clsRpDetalle::Rp_Vendedor},
-        {"Rp_Comisionista", &clsRpDetalle::Rp_Comisionista}, {"Rp_Promotor", &clsRpDetalle::Rp_Promotor},
-        {"Rp_Chofer", &clsRpDetalle::Rp_Chofer},             {"Rp_Cobratario", &clsRpDetalle::Rp_Cobratario}};
+        {"Rp_Cve_Banco", &clsRpDetalle::Rp_Cve_Banco},
+        {"Rp_Vendedor", &clsRpDetalle::Rp_Vendedor},
+        {"Rp_Comisionista", &clsRpDetalle::Rp_Comisionista},
+        {"Rp_Promotor", &clsRpDetalle::Rp_Promotor},
+        {"Rp_Chofer", &clsRpDetalle::Rp_Chofer},
+        {"Rp_Cobratario", &clsRpDetalle::Rp_Cobratario}};
     for (const auto& [name, place] : members) {
         std::vector<Variant> value{(*extras_).*place};
         Invoke(*extras_object_, name, Member_kind::property_let, value);

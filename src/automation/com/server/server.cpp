@@ -66,7 +66,8 @@ std::span<const Class_entry> classes() {
         Classes made;
         constexpr auto objects = object_makers(std::make_index_sequence<std::size(class_ids)>());
         for (std::size_t at = 0; at < objects.size(); ++at)
-            made.add(class_ids[at].class_id, class_ids[at].name, "Cuvexa - " + std::string(class_ids[at].name), objects[at]);
+            made.add(class_ids[at].class_id, class_ids[at].name, "Cuvexa - " + std::string(class_ids[at].name),
+                     objects[at]);
         constexpr auto records = record_makers(std::make_index_sequence<std::size(record_types)>());
         for (std::size_t at = 0; at < records.size(); ++at) {
             const Record_type& type = record_types[at];
@@ -98,7 +99,8 @@ HRESULT register_type_library(std::wstring path) {
 /// Whether the registered library is the one inside this module.
 bool is_registered_library() {
     String path;
-    if (FAILED(QueryPathOfRegTypeLib(library_id, library_major, library_minor, LOCALE_NEUTRAL, path.receive()))) return false;
+    if (FAILED(QueryPathOfRegTypeLib(library_id, library_major, library_minor, LOCALE_NEUTRAL, path.receive())))
+        return false;
     const std::wstring registered = wide(path.text().c_str());
     const std::wstring own = wide(path_of(this_module()));
     return CompareStringOrdinal(registered.c_str(), -1, own.c_str(), -1, TRUE) == CSTR_EQUAL;

@@ -70,7 +70,8 @@ public:
     bool Registrar_Deposito_Recibo_Caja(const std::string& a, const std::string& b) {
         return is("Registrar_Deposito_Recibo_Caja", {a, b});
     }
-    bool Genera_Deposito(const std::string& account, const std::string& receipts, Date date, bool firm, Date firm_date) {
+    bool Genera_Deposito(const std::string& account, const std::string& receipts, Date date, bool firm,
+                         Date firm_date) {
         return is("Genera_Deposito", {account, receipts, date, firm, firm_date});
     }
     bool Genera_Deposito(const std::string& account, const std::string& receipts, Date date, bool firm, Date firm_date,

@@ -42,7 +42,8 @@ HWND window_titled(const wchar_t* title) {
 /// What the user does while a dialog is open, one step per tick; each waits until the dialog has the keyboard.
 class User {
 public:
-    User(const wchar_t* dialog, std::vector<std::function<void(HWND)>> steps) : dialog_(dialog), steps_(std::move(steps)) {
+    User(const wchar_t* dialog, std::vector<std::function<void(HWND)>> steps)
+        : dialog_(dialog), steps_(std::move(steps)) {
         current = this;
         timer_ = SetTimer(nullptr, 0, 30, time_came);
     }
@@ -81,7 +82,8 @@ std::function<void(HWND)> key(int code) {
 class Library_dialogs : public ::testing::Test {
 protected:
     void SetUp() override {
-        path_ = std::filesystem::temp_directory_path() / ("cuvexa-dialogs-" + std::to_string(GetCurrentProcessId()) + ".db");
+        path_ = std::filesystem::temp_directory_path() /
+                ("cuvexa-dialogs-" + std::to_string(GetCurrentProcessId()) + ".db");
         std::filesystem::remove(path_);
         {
             Sqlite_connection database(path_.string(), {.synchronous = Synchronous::off, .create = true});
@@ -122,8 +124,8 @@ TEST_F(Library_dialogs, a_cancelled_dialog_gives_the_empty_text) {
 }
 
 TEST_F(Library_dialogs, the_payment_method_dialog_gives_bank_reference_and_account) {
-    User user(L"Datos de la forma de pago", {type(L"sierra"), key(VK_RETURN), type(L"Centro"), key(VK_RETURN), type(L"0901"),
-                                             key(VK_RETURN), type(L"TR-5"), key(VK_F4)});
+    User user(L"Datos de la forma de pago", {type(L"sierra"), key(VK_RETURN), type(L"Centro"), key(VK_RETURN),
+                                             type(L"0901"), key(VK_RETURN), type(L"TR-5"), key(VK_F4)});
     Any given[] = {any("03")};
     EXPECT_EQ(com::text_in(*treasury_.invoke("PedirDatosFormaPago", DISPATCH_METHOD, given).get()),
               "Banco de la Sierra|TR-5|0901|SIERRA");
