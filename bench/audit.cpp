@@ -1,5 +1,5 @@
 // How long the audit of a whole database takes when there is nothing to find.
-#include "suite/audit.h"
+#include "cuvexa/suite/audit.h"
 
 #include <benchmark/benchmark.h>
 

@@ -7,9 +7,9 @@
 #include <cstdlib>
 #include <stdexcept>
 
+#include "cuvexa/database/script.h"
+#include "cuvexa/suite/schema.h"
 #include "cuvexa/unit_of_work.h"
-#include "database/script.h"
-#include "suite/schema.h"
 
 namespace cuvexa::bench {
 namespace {

@@ -8,9 +8,9 @@
 #include <utility>
 #include <vector>
 
+#include "cuvexa/database/sqlite_connection.h"
+#include "cuvexa/suite/reference_suite.h"
 #include "cuvexa/tesoreria.h"
-#include "database/sqlite_connection.h"
-#include "suite/reference_suite.h"
 
 struct sqlite3;
 

@@ -15,17 +15,11 @@ function(cuvexa_sources out)
     set(${out} ${found} PARENT_SCOPE)
 endfunction()
 
-# cuvexa_library(<name> ROOMS <room>... [ONLY <regex>] [EXCEPT <regex>] [USES <library>...]): the library cuvexa_<name>,
-# exported as Cuvexa::<name>, of the rooms' files that match ONLY and do not match EXCEPT.
+# cuvexa_library(<name> ROOMS <room>... [USES <library>...]): the library cuvexa_<name>, exported as Cuvexa::<name>, of the
+# rooms' sources.
 function(cuvexa_library name)
-    cmake_parse_arguments(arg "" "ONLY;EXCEPT" "ROOMS;USES" ${ARGN})
+    cmake_parse_arguments(arg "" "" "ROOMS;USES" ${ARGN})
     cuvexa_sources(sources ${arg_ROOMS})
-    if(arg_ONLY)
-        list(FILTER sources INCLUDE REGEX "${arg_ONLY}")
-    endif()
-    if(arg_EXCEPT)
-        list(FILTER sources EXCLUDE REGEX "${arg_EXCEPT}")
-    endif()
     if(NOT sources)
         return()
     endif()

@@ -6,7 +6,7 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/command.h"
-#include "suite/audit.h"
+#include "cuvexa/suite/audit.h"
 
 namespace cuvexa::cli {
 

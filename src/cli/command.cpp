@@ -8,15 +8,15 @@
 #include <filesystem>
 #include <system_error>
 
+#include "cuvexa/database/script.h"
+#include "cuvexa/database/sqlite_connection.h"
 #include "cuvexa/errors.h"
+#include "cuvexa/suite/administration.h"
+#include "cuvexa/suite/schema.h"
 #include "cuvexa/unit_of_work.h"
 #include "database/connection_string.h"
-#include "database/script.h"
-#include "database/sqlite_connection.h"
-#include "suite/administration.h"
-#include "suite/schema.h"
 #ifdef CUVEXA_WITH_ODBC
-#include "database/odbc_connection.h"
+#include "cuvexa/database/odbc_connection.h"
 #endif
 
 namespace cuvexa::cli {

@@ -10,8 +10,8 @@
 #include <string_view>
 
 #include "cuvexa/data_access.h"
-#include "database/trace.h"
-#include "suite/reference_suite.h"
+#include "cuvexa/database/trace.h"
+#include "cuvexa/suite/reference_suite.h"
 
 namespace cuvexa::cli {
 

@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "cli/command.h"
-#include "suite/reference_suite.h"
+#include "cuvexa/suite/reference_suite.h"
 
 namespace cuvexa::cli {
 

@@ -2,7 +2,7 @@
 
 #include "cli/command.h"
 #include "cli/demo.h"
-#include "suite/audit.h"
+#include "cuvexa/suite/audit.h"
 
 namespace cuvexa::cli {
 

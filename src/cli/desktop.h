@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "cuvexa/module.h"
-#include "suite/reference_suite.h"
+#include "cuvexa/suite/reference_suite.h"
 
 namespace cuvexa::cli {
 

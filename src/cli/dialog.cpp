@@ -5,8 +5,8 @@
 
 #include "cli/command.h"
 #include "cli/desktop.h"
+#include "cuvexa/suite/reference_suite.h"
 #include "cuvexa/tesoreria.h"
-#include "suite/reference_suite.h"
 
 namespace cuvexa::cli {
 

@@ -4,7 +4,7 @@
 
 #include "cli/command.h"
 #include "cli/terminal.h"
-#include "suite/administration.h"
+#include "cuvexa/suite/administration.h"
 
 namespace cuvexa::cli {
 

@@ -6,8 +6,8 @@
 #include "cli/command.h"
 #include "cli/desktop.h"
 #include "cuvexa/module.h"
+#include "cuvexa/suite/reference_suite.h"
 #include "cuvexa/unit_of_work.h"
-#include "suite/reference_suite.h"
 
 namespace cuvexa::cli {
 

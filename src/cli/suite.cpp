@@ -7,8 +7,8 @@
 
 #include "cli/command.h"
 #include "cli/terminal.h"
-#include "suite/administration.h"
-#include "suite/reference_suite.h"
+#include "cuvexa/suite/administration.h"
+#include "cuvexa/suite/reference_suite.h"
 
 namespace cuvexa::cli {
 

@@ -1,4 +1,4 @@
-#include "database/script.h"
+#include "cuvexa/database/script.h"
 
 #include <string>
 

@@ -1,10 +1,10 @@
-#include "database/trace.h"
+#include "cuvexa/database/trace.h"
 
 #include <chrono>
 #include <exception>
 
+#include "core/utf8.h"
 #include "database/row_set.h"
-#include "database/utf8.h"
 
 namespace cuvexa {
 namespace {

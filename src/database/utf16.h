@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "database/utf8.h"
+#include "core/utf8.h"
 
 namespace cuvexa {
 

@@ -1,4 +1,4 @@
-#include "suite/administration.h"
+#include "cuvexa/suite/administration.h"
 
 #include "cuvexa/errors.h"
 #include "suite/context.h"

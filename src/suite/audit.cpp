@@ -1,4 +1,4 @@
-#include "suite/audit.h"
+#include "cuvexa/suite/audit.h"
 
 #include <charconv>
 #include <string_view>

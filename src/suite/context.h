@@ -9,7 +9,7 @@
 
 #include "core/rows.h"
 #include "core/statement.h"
-#include "suite/reference_suite.h"
+#include "cuvexa/suite/reference_suite.h"
 
 namespace cuvexa {
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "cuvexa/date.h"
-#include "suite/reference_suite.h"
+#include "cuvexa/suite/reference_suite.h"
 
 namespace cuvexa {
 

@@ -1,4 +1,4 @@
-#include "suite/reference_suite.h"
+#include "cuvexa/suite/reference_suite.h"
 
 #include "suite/accounting_service.h"
 #include "suite/accounts_payable_service.h"

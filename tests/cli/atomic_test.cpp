@@ -4,7 +4,7 @@
 #include <cstdlib>
 
 #include "cli/program.h"
-#include "database/sqlite_connection.h"
+#include "cuvexa/database/sqlite_connection.h"
 
 namespace cuvexa::tests {
 namespace {

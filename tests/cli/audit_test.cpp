@@ -1,6 +1,6 @@
 // cuvexa audit: what it prints, its exit codes, and that it changes nothing.
 #include "cli/program.h"
-#include "database/sqlite_connection.h"
+#include "cuvexa/database/sqlite_connection.h"
 
 namespace cuvexa::tests {
 namespace {

@@ -6,8 +6,8 @@
 #include <cstdlib>
 
 #include "cli/program.h"
+#include "cuvexa/database/sqlite_connection.h"
 #include "cuvexa/unit_of_work.h"
-#include "database/sqlite_connection.h"
 #include "support/places.h"
 
 namespace cuvexa::tests {

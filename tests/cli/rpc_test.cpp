@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "database/sqlite_connection.h"
+#include "cuvexa/database/sqlite_connection.h"
 #include "support/places.h"
 
 namespace cuvexa::tests {

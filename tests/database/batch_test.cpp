@@ -1,5 +1,5 @@
 // A further statement is found without a `;` before it.
-#include "database/batch.h"
+#include "database/dialect/batch.h"
 
 #include <gtest/gtest.h>
 

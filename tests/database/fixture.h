@@ -11,8 +11,8 @@
 #include <string_view>
 #include <vector>
 
+#include "cuvexa/database/sqlite_connection.h"
 #include "cuvexa/errors.h"
-#include "database/sqlite_connection.h"
 
 namespace cuvexa::test {
 

@@ -1,4 +1,4 @@
-#include "database/lexer.h"
+#include "database/dialect/lexer.h"
 
 #include "fixture.h"
 

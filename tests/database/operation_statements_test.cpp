@@ -3,7 +3,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "database/script.h"
+#include "cuvexa/database/script.h"
 #include "fixture.h"
 #include "support/places.h"
 

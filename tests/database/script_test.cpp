@@ -1,4 +1,4 @@
-#include "database/script.h"
+#include "cuvexa/database/script.h"
 
 #include "cuvexa/unit_of_work.h"
 #include "fixture.h"

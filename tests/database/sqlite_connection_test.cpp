@@ -1,4 +1,4 @@
-#include "database/sqlite_connection.h"
+#include "cuvexa/database/sqlite_connection.h"
 
 #include <sqlite3.h>
 

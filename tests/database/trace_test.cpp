@@ -1,4 +1,4 @@
-#include "database/trace.h"
+#include "cuvexa/database/trace.h"
 
 #include <nlohmann/json.hpp>
 #include <sstream>

@@ -19,9 +19,9 @@
 #include <thread>
 #include <vector>
 
+#include "cuvexa/database/sqlite_connection.h"
+#include "cuvexa/suite/reference_suite.h"
 #include "cuvexa/tesoreria.h"
-#include "database/sqlite_connection.h"
-#include "suite/reference_suite.h"
 #include "support/company.h"
 #include "support/places.h"
 

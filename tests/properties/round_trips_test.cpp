@@ -13,8 +13,8 @@
 #include <optional>
 #include <random>
 
+#include "cuvexa/suite/audit.h"
 #include "journal.h"
-#include "suite/audit.h"
 
 namespace cuvexa::testing {
 namespace {

@@ -1,5 +1,5 @@
 // A session with a server, on the one that CUVEXA_TEST_DB names (tests/servers/with_postgresql starts one).
-#include "database/odbc_connection.h"
+#include "cuvexa/database/odbc_connection.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "database/connection_string.h"
-#include "database/dialect.h"
+#include "database/dialect/dialect.h"
 #include "database/utf16.h"
 
 namespace cuvexa::testing {

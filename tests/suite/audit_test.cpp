@@ -1,5 +1,5 @@
 // The audit: nothing to find after operations that ran to their end, and each planted inconsistency by its own rule.
-#include "suite/audit.h"
+#include "cuvexa/suite/audit.h"
 
 #include <set>
 

@@ -8,11 +8,11 @@
 #include <vector>
 
 #include "core/rows.h"
-#include "database/script.h"
-#include "database/sqlite_connection.h"
-#include "suite/administration.h"
-#include "suite/reference_suite.h"
-#include "suite/schema.h"
+#include "cuvexa/database/script.h"
+#include "cuvexa/database/sqlite_connection.h"
+#include "cuvexa/suite/administration.h"
+#include "cuvexa/suite/reference_suite.h"
+#include "cuvexa/suite/schema.h"
 
 namespace cuvexa::testing {
 

@@ -34,9 +34,9 @@
 #include <string_view>
 #include <vector>
 
+#include "cuvexa/suite/reference_suite.h"
+#include "cuvexa/suite/schema.h"
 #include "cuvexa/tesoreria.h"
-#include "suite/reference_suite.h"
-#include "suite/schema.h"
 #include "support/obstacles.h"
 #include "support/snapshot.h"
 #include "support/test_database.h"

@@ -13,14 +13,14 @@
 #include <string_view>
 #include <vector>
 
+#include "cuvexa/database/script.h"
+#include "cuvexa/database/sqlite_connection.h"
+#include "cuvexa/suite/administration.h"
+#include "cuvexa/suite/schema.h"
 #include "cuvexa/unit_of_work.h"
-#include "database/script.h"
-#include "database/sqlite_connection.h"
-#include "suite/administration.h"
-#include "suite/schema.h"
 #include "support/snapshot.h"
 #ifdef CUVEXA_WITH_ODBC
-#include "database/odbc_connection.h"
+#include "cuvexa/database/odbc_connection.h"
 #endif
 
 namespace cuvexa::testing {

@@ -21,13 +21,13 @@
 #include <string>
 #include <vector>
 
+#include "cuvexa/database/sqlite_connection.h"
 #include "database/connection_string.h"
-#include "database/sqlite_connection.h"
 #ifdef CUVEXA_WITH_ODBC
 #include <sql.h>
 #include <sqlext.h>
 
-#include "database/odbc_connection.h"
+#include "cuvexa/database/odbc_connection.h"
 #include "database/utf16.h"
 #endif
 

@@ -6,7 +6,7 @@
 
 #include "automation/com/apartment.h"
 #include "automation/com/identifiers.h"
-#include "database/sqlite_connection.h"
+#include "cuvexa/database/sqlite_connection.h"
 #include "support/plain_suite.h"
 #include "windows/automation/probe.h"
 

@@ -7,9 +7,9 @@
 #include "automation/com/failures.h"
 #include "automation/com/identifiers.h"
 #include "automation/com/registration.h"
-#include "database/script.h"
-#include "database/sqlite_connection.h"
-#include "suite/schema.h"
+#include "cuvexa/database/script.h"
+#include "cuvexa/database/sqlite_connection.h"
+#include "cuvexa/suite/schema.h"
 
 namespace cuvexa::com::testing {
 

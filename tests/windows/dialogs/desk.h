@@ -17,12 +17,12 @@
 #include <string>
 #include <vector>
 
+#include "cuvexa/suite/reference_suite.h"
+#include "cuvexa/suite/schema.h"
 #include "cuvexa/tesoreria.h"
 #include "cuvexa/win32_dialogs.h"
 #include "desktop/win32/form_window.h"
 #include "desktop/win32/text.h"
-#include "suite/reference_suite.h"
-#include "suite/schema.h"
 #include "support/test_database.h"
 
 namespace cuvexa::testing {

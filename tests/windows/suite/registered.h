@@ -12,8 +12,8 @@
 #include "automation/com/registration.h"
 #include "automation/com/suite/automation_suite.h"
 #include "automation/com/suite/embedded_suite.h"
-#include "database/script.h"
-#include "suite/schema.h"
+#include "cuvexa/database/script.h"
+#include "cuvexa/suite/schema.h"
 #include "support/snapshot.h"
 
 namespace cuvexa::testing {

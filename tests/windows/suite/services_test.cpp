@@ -2,7 +2,7 @@
 #include <functional>
 #include <thread>
 
-#include "suite/administration.h"
+#include "cuvexa/suite/administration.h"
 #include "windows/suite/registered.h"
 
 namespace cuvexa::testing {

@@ -5,12 +5,12 @@
 
 #include "automation/com/pointers.h"
 #include "automation/com/suite/suite_objects.h"
+#include "cuvexa/database/script.h"
 #include "cuvexa/errors.h"
+#include "cuvexa/suite/administration.h"
+#include "cuvexa/suite/schema.h"
 #include "cuvexa/unit_of_work.h"
 #include "database/connection_string.h"
-#include "database/script.h"
-#include "suite/administration.h"
-#include "suite/schema.h"
 
 namespace cuvexa::com {
 namespace {

@@ -7,10 +7,10 @@
 #include <optional>
 #include <string>
 
+#include "cuvexa/database/sqlite_connection.h"
+#include "cuvexa/database/trace.h"
 #include "cuvexa/services.h"
-#include "database/sqlite_connection.h"
-#include "database/trace.h"
-#include "suite/reference_suite.h"
+#include "cuvexa/suite/reference_suite.h"
 
 namespace cuvexa::com {
 

@@ -7,9 +7,9 @@
 #include <string>
 
 #include "automation/com/pointers.h"
-#include "database/script.h"
-#include "database/sqlite_connection.h"
-#include "suite/schema.h"
+#include "cuvexa/database/script.h"
+#include "cuvexa/database/sqlite_connection.h"
+#include "cuvexa/suite/schema.h"
 
 int wmain(int count, wchar_t** arguments) {
     using namespace cuvexa;

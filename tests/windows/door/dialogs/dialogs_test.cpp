@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "automation/com/late.h"
-#include "database/script.h"
-#include "database/sqlite_connection.h"
-#include "suite/schema.h"
+#include "cuvexa/database/script.h"
+#include "cuvexa/database/sqlite_connection.h"
+#include "cuvexa/suite/schema.h"
 
 namespace cuvexa::testing {
 namespace {

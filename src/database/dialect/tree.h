@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "core/case.h"
-#include "database/lexer.h"
+#include "database/dialect/lexer.h"
 
 namespace cuvexa {
 

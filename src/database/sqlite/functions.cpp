@@ -1,4 +1,4 @@
-#include "database/sqlite_functions.h"
+#include "database/sqlite/functions.h"
 
 #include <sqlite3.h>
 

@@ -1,4 +1,4 @@
-#include "database/odbc_connection.h"
+#include "cuvexa/database/odbc_connection.h"
 
 #include <sql.h>
 #include <sqlext.h>
@@ -13,10 +13,10 @@
 
 #include "core/case.h"
 #include "cuvexa/errors.h"
-#include "database/batch.h"
 #include "database/connection_string.h"
-#include "database/dialect.h"
-#include "database/lexer.h"
+#include "database/dialect/batch.h"
+#include "database/dialect/dialect.h"
+#include "database/dialect/lexer.h"
 #include "database/row_set.h"
 #include "database/utf16.h"
 

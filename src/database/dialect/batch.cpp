@@ -1,4 +1,4 @@
-#include "database/batch.h"
+#include "database/dialect/batch.h"
 
 #include <algorithm>
 #include <array>

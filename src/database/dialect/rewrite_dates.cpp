@@ -3,7 +3,7 @@
 #include <string>
 #include <utility>
 
-#include "database/rewriter.h"
+#include "database/dialect/rewriter.h"
 
 namespace cuvexa {
 namespace {

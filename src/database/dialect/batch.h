@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "database/lexer.h"
+#include "database/dialect/lexer.h"
 
 namespace cuvexa {
 

@@ -1,10 +1,10 @@
-#include "database/dialect.h"
+#include "database/dialect/dialect.h"
 
 #include <algorithm>
 #include <array>
 
-#include "database/rewriter.h"
-#include "database/sql_tree.h"
+#include "database/dialect/rewriter.h"
+#include "database/dialect/tree.h"
 
 namespace cuvexa {
 namespace {

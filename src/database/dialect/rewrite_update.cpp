@@ -7,7 +7,7 @@
 #include <optional>
 #include <utility>
 
-#include "database/rewriter.h"
+#include "database/dialect/rewriter.h"
 
 namespace cuvexa {
 namespace {

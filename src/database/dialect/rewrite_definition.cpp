@@ -1,7 +1,7 @@
 // CREATE TABLE, ALTER TABLE … ADD, CREATE INDEX: column types and words that only SQL Server knows.
 #include <utility>
 
-#include "database/rewriter.h"
+#include "database/dialect/rewriter.h"
 
 namespace cuvexa {
 namespace {

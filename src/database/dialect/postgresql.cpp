@@ -2,7 +2,7 @@
 // a literal beside such a column takes its type, and what only yields text is cast to it.
 #include <array>
 
-#include "database/dialect.h"
+#include "database/dialect/dialect.h"
 
 namespace cuvexa {
 namespace {

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "database/rewriter.h"
+#include "database/dialect/rewriter.h"
 
 namespace cuvexa {
 

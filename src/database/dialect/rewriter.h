@@ -1,8 +1,8 @@
 // The rewriting of a statement's tree. For the use of `translate`.
 #pragma once
 
-#include "database/dialect.h"
-#include "database/sql_tree.h"
+#include "database/dialect/dialect.h"
+#include "database/dialect/tree.h"
 
 namespace cuvexa {
 

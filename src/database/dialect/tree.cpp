@@ -1,4 +1,4 @@
-#include "database/sql_tree.h"
+#include "database/dialect/tree.h"
 
 #include <algorithm>
 #include <iterator>

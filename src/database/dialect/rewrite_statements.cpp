@@ -1,7 +1,7 @@
 // The shape of whole statements: TOP, OUTPUT, the words that SQL Server lets one leave out.
 #include <utility>
 
-#include "database/rewriter.h"
+#include "database/dialect/rewriter.h"
 
 namespace cuvexa {
 namespace {

@@ -1,10 +1,10 @@
-#include "database/lexer.h"
+#include "database/dialect/lexer.h"
 
 #include <algorithm>
 #include <array>
 
+#include "core/utf8.h"
 #include "cuvexa/errors.h"
-#include "database/utf8.h"
 
 namespace cuvexa {
 namespace {

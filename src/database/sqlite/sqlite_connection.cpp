@@ -1,4 +1,4 @@
-#include "database/sqlite_connection.h"
+#include "cuvexa/database/sqlite_connection.h"
 
 #include <sqlite3.h>
 
@@ -14,10 +14,10 @@
 
 #include "core/case.h"
 #include "cuvexa/errors.h"
-#include "database/dialect.h"
-#include "database/lexer.h"
+#include "database/dialect/dialect.h"
+#include "database/dialect/lexer.h"
 #include "database/row_set.h"
-#include "database/sqlite_functions.h"
+#include "database/sqlite/functions.h"
 
 namespace cuvexa {
 namespace {

@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "database/lexer.h"
+#include "database/dialect/lexer.h"
 
 namespace cuvexa {
 
