@@ -10,6 +10,7 @@
 #include "cuvexa/database/script.h"
 #include "cuvexa/suite/schema.h"
 #include "cuvexa/unit_of_work.h"
+#include "database/sqlite/engine.h"
 
 namespace cuvexa::bench {
 namespace {
@@ -44,7 +45,7 @@ void write_database(const std::filesystem::path& file, std::int64_t receipts) {
     Unit_of_work transaction(database);
     run_script(database, schema_sql());
     run_script(database, sample_company_sql());
-    sqlite3* const rows = database.handle();
+    sqlite3* const rows = sqlite::handle_of(database);
     run_bare(rows, numbers_up_to(receipts) +
                        "INSERT INTO Recibo_Pago(Rp_Folio, Rp_Id, Rp_Fecha, Sc_Cve_Sucursal, Trp_Cve_Tipo_Recibo_Pago, "
                        "Mn_Cve_Moneda, Rp_Tipo_Cambio, Rp_Folio_Deposito, Rp_Deposito_ID, Fp_Cve_Forma_Pago, "
@@ -93,7 +94,7 @@ Company::Company(const std::filesystem::path& file, Synchronous synchronous)
 }
 
 Bare_engine::Bare_engine(const std::filesystem::path& file, Synchronous synchronous)
-    : handle_(open_sqlite(file.string(), {.synchronous = synchronous})) {}
+    : handle_(sqlite::open_database(file.string(), {.synchronous = synchronous}).release()) {}
 
 Bare_engine::~Bare_engine() {
     sqlite3_close(handle_);

@@ -168,11 +168,11 @@ std::unique_ptr<Connection> open_engine(const Database_options& options, Access 
 }  // namespace
 
 bool Database_options::is_server() const {
-    return is_connection_string(file);
+    return database::is_connection_string(file);
 }
 
 std::string Database_options::shown() const {
-    return is_server() ? without_password(file) : file;
+    return is_server() ? database::without_password(file) : file;
 }
 
 bool Database_options::stands() const {

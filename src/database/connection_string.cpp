@@ -4,7 +4,7 @@
 
 #include "core/case.h"
 
-namespace cuvexa {
+namespace cuvexa::database {
 namespace {
 
 std::string_view trimmed(std::string_view text) {
@@ -83,4 +83,4 @@ std::string without_password(std::string_view connection_string) {
     return shown;
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::database

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace cuvexa {
+namespace cuvexa::database {
 
 struct Connection_attribute {
     std::string_view key;
@@ -30,4 +30,4 @@ bool is_connection_string(std::string_view text) noexcept;
 /// The connection string as it may be shown: without its password.
 std::string without_password(std::string_view connection_string);
 
-}  // namespace cuvexa
+}  // namespace cuvexa::database

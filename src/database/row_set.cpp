@@ -3,7 +3,7 @@
 #include "core/case.h"
 #include "cuvexa/errors.h"
 
-namespace cuvexa {
+namespace cuvexa::database {
 
 std::int64_t Row_set::rows() const noexcept {
     return columns_->empty() ? changes_ : static_cast<std::int64_t>(cells_.size() / columns_->size());
@@ -48,4 +48,4 @@ void Row_set::close() {
     at_ = 0;
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::database

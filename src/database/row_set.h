@@ -10,7 +10,7 @@
 
 #include "cuvexa/data_access.h"
 
-namespace cuvexa {
+namespace cuvexa::database {
 
 /// Names of the columns of a statement; shared by all its recordsets.
 using Column_names = std::shared_ptr<const std::vector<std::string>>;
@@ -65,4 +65,4 @@ private:
     std::int64_t changes_ = 0;
 };
 
-}  // namespace cuvexa
+}  // namespace cuvexa::database

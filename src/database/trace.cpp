@@ -60,7 +60,7 @@ std::string json_text(std::string_view text) {
 }
 
 std::string rows_of(const Recordset* rows) {
-    const auto* known = dynamic_cast<const Row_set*>(rows);
+    const auto* known = dynamic_cast<const database::Row_set*>(rows);
     return known == nullptr ? "null" : std::to_string(known->rows());
 }
 

@@ -6,7 +6,7 @@
 
 #include "core/utf8.h"
 
-namespace cuvexa {
+namespace cuvexa::database {
 
 inline std::u16string utf16_from(std::string_view text) {
     std::u16string wide;
@@ -52,4 +52,4 @@ inline std::string utf8_from(std::u16string_view wide) {
     return text;
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::database

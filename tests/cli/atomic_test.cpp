@@ -5,6 +5,7 @@
 
 #include "cli/program.h"
 #include "cuvexa/database/sqlite_connection.h"
+#include "database/sqlite/engine.h"
 
 namespace cuvexa::tests {
 namespace {
@@ -26,7 +27,7 @@ protected:
 
     void sql(const std::string& text) {
         Sqlite_connection connection((folder / "company.db").string());
-        ASSERT_EQ(sqlite3_exec(connection.handle(), text.c_str(), nullptr, nullptr, nullptr), SQLITE_OK);
+        ASSERT_EQ(sqlite3_exec(sqlite::handle_of(connection), text.c_str(), nullptr, nullptr, nullptr), SQLITE_OK);
     }
 
     /// The second movement of every deposit fails in the database.

@@ -5,7 +5,7 @@
 
 #include "cuvexa/errors.h"
 
-namespace cuvexa {
+namespace cuvexa::dialect {
 namespace {
 
 std::string refusal_of(const std::string& text) {
@@ -45,4 +45,4 @@ TEST(A_batch, is_not_what_one_statement_may_hold) {
 }
 
 }  // namespace
-}  // namespace cuvexa
+}  // namespace cuvexa::dialect

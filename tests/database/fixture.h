@@ -13,6 +13,7 @@
 
 #include "cuvexa/database/sqlite_connection.h"
 #include "cuvexa/errors.h"
+#include "database/sqlite/engine.h"
 
 namespace cuvexa::test {
 
@@ -45,7 +46,8 @@ inline std::vector<std::string> plan(const Sqlite_connection& connection, std::s
         return 0;
     };
     const std::string explained = "EXPLAIN QUERY PLAN " + connection.translate(text);
-    EXPECT_EQ(sqlite3_exec(connection.handle(), explained.c_str(), add, &steps, nullptr), SQLITE_OK) << explained;
+    EXPECT_EQ(sqlite3_exec(sqlite::handle_of(connection), explained.c_str(), add, &steps, nullptr), SQLITE_OK)
+        << explained;
     return steps;
 }
 

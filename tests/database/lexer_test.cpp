@@ -2,7 +2,7 @@
 
 #include "fixture.h"
 
-namespace cuvexa::test {
+namespace cuvexa::dialect {
 namespace {
 
 using testing::ElementsAre;
@@ -118,4 +118,4 @@ TEST(Lexer, doubled_quotes_in_a_text_stand_for_one) {
 }
 
 }  // namespace
-}  // namespace cuvexa::test
+}  // namespace cuvexa::dialect

@@ -56,7 +56,7 @@ TEST_F(Sqlite, a_recordset_at_its_end_has_no_row) {
 TEST_F(Sqlite, a_statement_without_rows_gives_a_recordset_at_its_end) {
     const auto rows = db.execute("INSERT INTO T(Id) VALUES (1)");
     EXPECT_TRUE(rows->eof());
-    EXPECT_EQ(db.changes(), 1);
+    EXPECT_EQ(dynamic_cast<const database::Row_set&>(*rows).rows(), 1);
 }
 
 TEST_F(Sqlite, a_closed_recordset_is_at_its_end) {
@@ -142,10 +142,10 @@ TEST_F(Sqlite, a_list_of_many_literals_is_taken) {
 // ---- statements kept by shape
 
 TEST_F(Sqlite, statements_that_differ_in_literals_only_are_translated_once) {
-    const auto before = db.translations();
+    const auto before = sqlite::Engine::of(db).translations();
     for (int i = 0; i < 50; ++i)
         db.execute("INSERT INTO T(Id, Texto) VALUES (" + std::to_string(i) + ", 'n" + std::to_string(i) + "')");
-    EXPECT_EQ(db.translations(), before + 1);
+    EXPECT_EQ(sqlite::Engine::of(db).translations(), before + 1);
     EXPECT_THAT(v("SELECT COUNT(*) AS v FROM T WHERE Texto = 'n' + CAST(Id AS varchar(5))"), ElementsAre("50"));
 }
 
@@ -184,12 +184,12 @@ TEST_F(Sqlite, the_number_of_kept_statements_is_bounded) {
         const std::string name = "c" + std::to_string(i);
         EXPECT_THAT(column(small, name, "SELECT 1 AS " + name), ElementsAre("1"));
     }
-    EXPECT_EQ(small.kept_statements(), 10u);
-    const auto before = small.translations();
+    EXPECT_EQ(sqlite::Engine::of(small).kept_statements(), 10u);
+    const auto before = sqlite::Engine::of(small).translations();
     small.execute("SELECT 2 AS c99");
-    EXPECT_EQ(small.translations(), before);
+    EXPECT_EQ(sqlite::Engine::of(small).translations(), before);
     small.execute("SELECT 2 AS c0");
-    EXPECT_EQ(small.translations(), before + 1);
+    EXPECT_EQ(sqlite::Engine::of(small).translations(), before + 1);
 }
 
 TEST_F(Sqlite, the_statement_used_last_is_forgotten_last) {
@@ -200,9 +200,9 @@ TEST_F(Sqlite, the_statement_used_last_is_forgotten_last) {
     small.execute("SELECT 1 AS b");
     small.execute("SELECT 1 AS a");
     small.execute("SELECT 1 AS c");
-    const auto before = small.translations();
+    const auto before = sqlite::Engine::of(small).translations();
     small.execute("SELECT 1 AS a");
-    EXPECT_EQ(small.translations(), before);
+    EXPECT_EQ(sqlite::Engine::of(small).translations(), before);
 }
 
 TEST_F(Sqlite, a_statement_kept_since_before_a_change_of_its_table_gives_the_new_columns) {
@@ -242,11 +242,11 @@ TEST_F(Sqlite, a_failure_leaves_the_connection_usable) {
 }
 
 TEST_F(Sqlite, a_refused_text_never_reaches_the_engine) {
-    const auto before = db.translations();
+    const auto before = sqlite::Engine::of(db).translations();
     EXPECT_THAT(failure(db, "DELETE FROM T; SELECT 1"), HasSubstr("segunda instrucción"));
     EXPECT_THAT(failure(db, "DELETE FROM T -- x"), HasSubstr("comentario"));
     EXPECT_THAT(failure(db, "SELECT '\xFF'"), HasSubstr("UTF-8"));
-    EXPECT_EQ(db.translations(), before);
+    EXPECT_EQ(sqlite::Engine::of(db).translations(), before);
 }
 
 TEST_F(Sqlite, an_empty_statement_is_refused) {
@@ -258,7 +258,6 @@ TEST_F(Sqlite, an_empty_statement_is_refused) {
 TEST_F(Sqlite, a_closed_connection_says_so) {
     db.close();
     EXPECT_EQ(failure(db, "SELECT 1"), "La conexión está cerrada");
-    EXPECT_EQ(db.handle(), nullptr);
     db.close();
 }
 
@@ -313,7 +312,7 @@ TEST(Sqlite_file, a_full_disk_is_said_to_be_full_and_what_was_there_stays) {
     Sqlite_connection db = file.open();
     db.execute("CREATE TABLE T (A varchar(max))");
     db.execute("INSERT INTO T VALUES ('uno')");
-    sqlite3_exec(db.handle(), "PRAGMA max_page_count = 3", nullptr, nullptr, nullptr);
+    sqlite3_exec(sqlite::handle_of(db), "PRAGMA max_page_count = 3", nullptr, nullptr, nullptr);
     EXPECT_THAT(failure(db, "INSERT INTO T VALUES ('" + std::string(100'000, 'x') + "')"),
                 StartsWith("No hay espacio en el disco para la base de datos"));
     EXPECT_THAT(column(db, "v", "SELECT A AS v FROM T"), ElementsAre("uno"));
@@ -411,11 +410,11 @@ TEST(Sqlite_file, a_bare_handle_runs_the_translated_text_on_equal_terms) {
     Sqlite_connection db = file.open();
     db.execute("CREATE TABLE T (A varchar(10), B datetime)");
     db.execute("INSERT INTO T VALUES ('x', '2024-03-15')");
-    sqlite3* bare = open_sqlite(file.path());
+    const sqlite::Database bare = sqlite::open_database(file.path(), {});
     const std::string text =
         db.translate("UPDATE T SET A = (SELECT A + 'y' FROM T t WHERE t.A = T.A) WHERE MONTH(B) = 3");
-    EXPECT_EQ(sqlite3_exec(bare, text.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(bare);
-    sqlite3_close(bare);
+    EXPECT_EQ(sqlite3_exec(bare.get(), text.c_str(), nullptr, nullptr, nullptr), SQLITE_OK)
+        << sqlite3_errmsg(bare.get());
     EXPECT_THAT(column(db, "A", "SELECT A FROM T"), ElementsAre("xy"));
 }
 

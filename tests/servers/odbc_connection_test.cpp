@@ -240,8 +240,8 @@ TEST_F(Odbc, a_lost_connection_is_told_and_another_session_works) {
 
 TEST_F(Odbc, no_failure_shows_the_password) {
     std::string wrong;
-    for (const auto& [key, text] : connection_attributes(connection_string))
-        wrong.append(key).append("=").append(is_password_key(key) ? "secreto-77" : text).append(";");
+    for (const auto& [key, text] : database::connection_attributes(connection_string))
+        wrong.append(key).append("=").append(database::is_password_key(key) ? "secreto-77" : text).append(";");
     try {
         const Odbc_connection refused(wrong);
         FAIL() << "it was let in";
@@ -253,9 +253,9 @@ TEST_F(Odbc, no_failure_shows_the_password) {
 
 TEST_F(Odbc, the_password_may_come_from_the_environment) {
     std::string without, password;
-    for (const auto& [key, text] : connection_attributes(connection_string)) {
-        if (is_password_key(key))
-            password = plain_value(text);
+    for (const auto& [key, text] : database::connection_attributes(connection_string)) {
+        if (database::is_password_key(key))
+            password = database::plain_value(text);
         else
             without.append(key).append("=").append(text).append(";");
     }

@@ -18,6 +18,7 @@
 #include "cuvexa/suite/administration.h"
 #include "cuvexa/suite/schema.h"
 #include "cuvexa/unit_of_work.h"
+#include "database/sqlite/engine.h"
 #include "support/snapshot.h"
 #ifdef CUVEXA_WITH_ODBC
 #include "cuvexa/database/odbc_connection.h"
@@ -37,11 +38,11 @@ class Mirror {
 public:
     Mirror() : rows_(":memory:", {.synchronous = Synchronous::off}) {
         run_script(rows_, schema_sql());
-        read_bare(rows_.handle(), "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite_%'",
+        read_bare(handle(), "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite_%'",
                   [&](const Snapshot::Row& row) { tables_.push_back(table_of(row[0].second)); });
     }
 
-    sqlite3* handle() const { return rows_.handle(); }
+    sqlite3* handle() const { return sqlite::handle_of(rows_); }
 
     void empty_all(Connection& connection) const {
         for (const Table& table : tables_) connection.execute("DELETE FROM " + table.name);
@@ -73,12 +74,11 @@ private:
     Table table_of(const std::string& name) {
         Table table{name, {}, "", ""};
         std::string keys, marks;
-        read_bare(rows_.handle(), "SELECT name, pk FROM pragma_table_info('" + name + "')",
-                  [&](const Snapshot::Row& row) {
-                      table.columns.push_back(row[0].second);
-                      marks += marks.empty() ? "?" : ", ?";
-                      if (row[1].second != "0") keys += (keys.empty() ? " ORDER BY " : ", ") + row[0].second;
-                  });
+        read_bare(handle(), "SELECT name, pk FROM pragma_table_info('" + name + "')", [&](const Snapshot::Row& row) {
+            table.columns.push_back(row[0].second);
+            marks += marks.empty() ? "?" : ", ?";
+            if (row[1].second != "0") keys += (keys.empty() ? " ORDER BY " : ", ") + row[0].second;
+        });
         table.select = "SELECT * FROM " + name + keys;
         table.insert = "INSERT INTO " + name + " VALUES (" + marks + ")";
         return table;
@@ -87,11 +87,11 @@ private:
     void copy(Connection& connection, const Table& table) {
         run("DELETE FROM " + table.name);
         sqlite3_stmt* statement = nullptr;
-        sqlite3_prepare_v2(rows_.handle(), table.insert.c_str(), -1, &statement, nullptr);
+        sqlite3_prepare_v2(handle(), table.insert.c_str(), -1, &statement, nullptr);
         for (const auto rows = connection.execute(table.select); !rows->eof(); rows->move_next()) {
             for (std::size_t i = 0; i < table.columns.size(); ++i)
                 bind(statement, static_cast<int>(i + 1), rows->field(table.columns[i]));
-            if (sqlite3_step(statement) != SQLITE_DONE) throw std::runtime_error(sqlite3_errmsg(rows_.handle()));
+            if (sqlite3_step(statement) != SQLITE_DONE) throw std::runtime_error(sqlite3_errmsg(handle()));
             sqlite3_reset(statement);
         }
         sqlite3_finalize(statement);
@@ -112,8 +112,8 @@ private:
     }
 
     void run(const std::string& text) {
-        if (sqlite3_exec(rows_.handle(), text.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
-            throw std::runtime_error(text + ": " + sqlite3_errmsg(rows_.handle()));
+        if (sqlite3_exec(handle(), text.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+            throw std::runtime_error(text + ": " + sqlite3_errmsg(handle()));
     }
 
     Sqlite_connection rows_;
@@ -129,7 +129,7 @@ public:
     explicit Test_database(std::string_view script, char date_separator = ' ') : date_separator_(date_separator) {
         if (server_string() == nullptr) {
             embedded_.emplace(":memory:", Sqlite_options{.synchronous = Synchronous::off});
-            copy(template_of(script), embedded_->handle());
+            copy(template_of(script), sqlite::handle_of(*embedded_));
         } else {
             reset_server(script);
         }
@@ -141,11 +141,11 @@ public:
     }
 
     /// The engine's own handle where the database is embedded, to do what only it can; null on a server.
-    sqlite3* embedded() const { return embedded_ ? embedded_->handle() : nullptr; }
+    sqlite3* embedded() const { return embedded_ ? sqlite::handle_of(*embedded_) : nullptr; }
 
     /// The rows as they are now, to be read with the embedded engine's own words.
     sqlite3* look() const {
-        if (embedded_) return embedded_->handle();
+        if (embedded_) return sqlite::handle_of(*embedded_);
         mirror().read(server(), date_separator_);
         return mirror().handle();
     }
@@ -157,13 +157,13 @@ private:
     static sqlite3* template_of(std::string_view script) {
         static std::vector<std::pair<const char*, std::unique_ptr<Sqlite_connection>>> made;
         for (const auto& [text, database] : made)
-            if (text == script.data()) return database->handle();
+            if (text == script.data()) return sqlite::handle_of(*database);
         auto database =
             std::make_unique<Sqlite_connection>(":memory:", Sqlite_options{.synchronous = Synchronous::off});
         run_script(*database, schema_sql());
         run_script(*database, script);
         made.emplace_back(script.data(), std::move(database));
-        return made.back().second->handle();
+        return sqlite::handle_of(*made.back().second);
     }
 
     static void copy(sqlite3* from, sqlite3* to) {

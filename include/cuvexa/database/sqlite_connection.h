@@ -2,16 +2,17 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
 
 #include "cuvexa/data_access.h"
 
-struct sqlite3;
-
 namespace cuvexa {
+
+namespace sqlite {
+class Engine;
+}
 
 /// What an acknowledged statement survives.
 enum class Synchronous {
@@ -49,26 +50,13 @@ public:
     /// The statement as the engine would be given it with its literals in place.
     std::string translate(std::string_view text) const;
 
-    /// Rows changed by the last INSERT, UPDATE or DELETE.
-    std::int64_t changes() const noexcept;
-
     /// Gives the file back; every later `execute` fails. Destruction does the same.
     void close() noexcept;
 
-    /// Prepared statements held now, and texts translated so far: what tests and benchmarks look at.
-    std::size_t kept_statements() const noexcept;
-    std::uint64_t translations() const noexcept;
-
-    /// The engine's own handle, for tests and benchmarks; null when closed.
-    sqlite3* handle() const noexcept;
-
 private:
-    class Engine;
-    std::unique_ptr<Engine> engine_;
-};
+    friend class sqlite::Engine;
 
-/// Opens a file as `Sqlite_connection` does (settings and functions included) and gives the bare handle, to be closed
-/// with sqlite3_close. For what must run texts of `translate` on equal terms.
-sqlite3* open_sqlite(const std::string& path, const Sqlite_options& options = {});
+    std::unique_ptr<sqlite::Engine> engine_;
+};
 
 }  // namespace cuvexa

@@ -7,7 +7,7 @@
 #include "core/case.h"
 #include "cuvexa/errors.h"
 
-namespace cuvexa {
+namespace cuvexa::dialect {
 namespace {
 
 using namespace std::string_view_literals;
@@ -53,4 +53,4 @@ void refuse_batch(std::string_view text, const std::vector<Token>& tokens) {
     }
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::dialect

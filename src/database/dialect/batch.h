@@ -7,10 +7,10 @@
 
 #include "database/dialect/lexer.h"
 
-namespace cuvexa {
+namespace cuvexa::dialect {
 
 /// Throws `Database_error`, in the operator's language, when a further statement begins in `text` outside parentheses.
 /// `tokens` are those of `tokenize`.
 void refuse_batch(std::string_view text, const std::vector<Token>& tokens);
 
-}  // namespace cuvexa
+}  // namespace cuvexa::dialect

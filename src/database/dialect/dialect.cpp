@@ -1,188 +1,23 @@
 #include "database/dialect/dialect.h"
 
 #include <algorithm>
-#include <array>
 
-#include "database/dialect/rewriter.h"
-#include "database/dialect/tree.h"
+#include "core/case.h"
 
-namespace cuvexa {
-namespace {
+namespace cuvexa::dialect {
 
-using enum Function_result;
-
-constexpr std::array sqlite_functions{
-    Function_rule{"ISNULL", 2, "IFNULL($1,$2)", as_arguments},
-    Function_rule{"COALESCE", -1, "", as_arguments},
-    Function_rule{"NULLIF", 2, "", as_arguments},
-    Function_rule{"MAX", 1, "", as_arguments},
-    Function_rule{"MIN", 1, "", as_arguments},
-    Function_rule{"GETDATE", 0, "strftime('%Y-%m-%dT%H:%M:%S','now','localtime')"},
-    Function_rule{"YEAR", 1, "cuvexa_year($1)"},
-    Function_rule{"MONTH", 1, "cuvexa_month($1)"},
-    Function_rule{"DAY", 1, "cuvexa_day($1)"},
-    Function_rule{"LEN", 1, "LENGTH(RTRIM($1))"},
-    Function_rule{"CHARINDEX", 2, "INSTR(UPPER($2),UPPER($1))"},
-    Function_rule{"SUBSTRING", 3, "SUBSTR($1,$2,$3)", text},
-    Function_rule{"LEFT", 2, "SUBSTR($1,1,$2)", text},
-    Function_rule{"RIGHT", 2, "SUBSTR($1,-($2))", text},
-    Function_rule{"UPPER", 1, "", text},
-    Function_rule{"LOWER", 1, "", text},
-    Function_rule{"LTRIM", 1, "", text},
-    Function_rule{"RTRIM", 1, "", text},
-    Function_rule{"REPLACE", 3, "", text},
-};
-
-constexpr std::string_view sqlite_text = "TEXT COLLATE NOCASE";
-
-constexpr std::array sqlite_types{
-    Type_rule{"varchar", sqlite_text, "TEXT", true},
-    Type_rule{"nvarchar", sqlite_text, "TEXT", true},
-    Type_rule{"char", sqlite_text, "TEXT", true},
-    Type_rule{"nchar", sqlite_text, "TEXT", true},
-    Type_rule{"text", sqlite_text, "TEXT", true},
-    Type_rule{"ntext", sqlite_text, "TEXT", true},
-    Type_rule{"datetime", "TEXT", "TEXT"},
-    Type_rule{"datetime2", "TEXT", "TEXT"},
-    Type_rule{"smalldatetime", "TEXT", "TEXT"},
-    Type_rule{"date", "TEXT", "TEXT"},
-    Type_rule{"float", "REAL", "REAL"},
-    Type_rule{"real", "REAL", "REAL"},
-    Type_rule{"decimal", "REAL", "REAL"},
-    Type_rule{"numeric", "REAL", "REAL"},
-    Type_rule{"money", "REAL", "REAL"},
-    Type_rule{"smallmoney", "REAL", "REAL"},
-    Type_rule{"bigint", "INTEGER", "INTEGER"},
-    Type_rule{"int", "INTEGER", "INTEGER"},
-    Type_rule{"smallint", "INTEGER", "INTEGER"},
-    Type_rule{"tinyint", "INTEGER", "INTEGER"},
-    Type_rule{"bit", "INTEGER", "INTEGER"},
-};
-
-// A transaction takes the write lock at once: waiting for it later could only end in a refusal.
-constexpr std::array sqlite_statements{
-    Statement_rule{"BEGIN TRANSACTION", "BEGIN IMMEDIATE"},
-    Statement_rule{"BEGIN TRAN", "BEGIN IMMEDIATE"},
-    Statement_rule{"COMMIT TRAN", "COMMIT"},
-    Statement_rule{"ROLLBACK TRAN", "ROLLBACK"},
-};
-
-constexpr Dialect sqlite{sqlite_functions, sqlite_types, sqlite_statements, "NOCASE", "cuvexa_single"};
-
-void add_pieces(const Nodes& nodes, bool folds_names, std::vector<Translation::Piece>& pieces);
-
-void add_piece(const Node& node, bool folds_names, std::vector<Translation::Piece>& pieces) {
-    switch (node.kind) {
-        case Node::Kind::token:
-            pieces.push_back(
-                {node.text, node.literal, node.pinned, folds_names && node.token == Token_kind::quoted_name});
-            return;
-        case Node::Kind::span:
-            add_pieces(node.children, folds_names, pieces);
-            return;
-        case Node::Kind::group:
-            pieces.push_back({"("});
-            break;
-        case Node::Kind::case_when:
-            pieces.push_back({"CASE"});
-            break;
-    }
-    add_pieces(node.children, folds_names, pieces);
-    pieces.push_back({node.kind == Node::Kind::group ? ")" : "END"});
+const Function_rule* Dialect::function(std::string_view name, std::size_t arguments) const noexcept {
+    const auto rule = std::find_if(functions.begin(), functions.end(), [&](const Function_rule& each) {
+        return same_text(each.name, name) &&
+               (each.arguments < 0 || static_cast<std::size_t>(each.arguments) == arguments);
+    });
+    return rule == functions.end() ? nullptr : &*rule;
 }
 
-void add_pieces(const Nodes& nodes, bool folds_names, std::vector<Translation::Piece>& pieces) {
-    for (const Node& node : nodes) add_piece(node, folds_names, pieces);
+const Type_rule* Dialect::type(std::string_view name) const noexcept {
+    const auto rule =
+        std::find_if(types.begin(), types.end(), [&](const Type_rule& each) { return same_text(each.name, name); });
+    return rule == types.end() ? nullptr : &*rule;
 }
 
-bool is_definition(const Nodes& nodes) {
-    return !nodes.empty() && nodes.front().is_any_word({"CREATE", "ALTER", "DROP", "PRAGMA"});
-}
-
-// Whether the statement is these words and nothing else.
-bool is_statement(const Nodes& nodes, std::string_view words) {
-    for (const Node& node : nodes) {
-        const std::size_t end = std::min(words.find(' '), words.size());
-        if (end == 0 || !node.is_word(words.substr(0, end))) return false;
-        words.remove_prefix(std::min(end + 1, words.size()));
-    }
-    return words.empty();
-}
-
-// The text of a literal in the form that every engine reads.
-std::string_view engine_literal(std::string_view literal) {
-    return literal.front() == 'N' || literal.front() == 'n' ? literal.substr(1) : literal;
-}
-
-// [Name] as "name"; only the letters that the engine folds itself.
-std::string folded_name(std::string_view name) {
-    const char mark = name.front() == '[' ? ']' : name.front();
-    std::string result = "\"";
-    for (std::size_t i = 1; i + 1 < name.size(); ++i) {
-        result += lower_ascii(name[i]);
-        if (name[i] == mark) ++i;
-        if (name[i] == '"') result += '"';
-    }
-    return result += '"';
-}
-
-void add_text(std::string& result, const Translation::Piece& piece) {
-    if (piece.folded_name)
-        result += folded_name(piece.text);
-    else
-        result += piece.literal >= 0 ? engine_literal(piece.text) : piece.text;
-}
-
-}  // namespace
-
-const Dialect& sqlite_dialect() {
-    return sqlite;
-}
-
-std::vector<std::size_t> Translation::pinned() const {
-    std::vector<std::size_t> result;
-    for (const Piece& piece : pieces_)
-        if (piece.pinned) result.push_back(static_cast<std::size_t>(piece.literal));
-    return result;
-}
-
-std::string Translation::with_literals() const {
-    std::string result;
-    for (const Piece& piece : pieces_) {
-        if (!result.empty()) result += ' ';
-        add_text(result, piece);
-    }
-    return result;
-}
-
-std::string Translation::with_parameters() const {
-    std::string result;
-    for (const Piece& piece : pieces_) {
-        if (!result.empty()) result += ' ';
-        if (piece.literal < 0 || piece.pinned)
-            add_text(result, piece);
-        else
-            (result += '?') += std::to_string(piece.literal + 1);
-    }
-    return result;
-}
-
-Translation translate(std::string_view text, const std::vector<Token>& tokens, const Dialect& dialect,
-                      const Date_columns& dates) {
-    std::vector<Translation::Piece> pieces;
-    std::optional<Nodes> nodes = parse_tree(text, tokens);
-    if (!nodes) {
-        add_pieces(flat_nodes(text, tokens), dialect.folds_names, pieces);
-        return {std::move(pieces), true};
-    }
-    for (const Statement_rule& rule : dialect.statements)
-        if (is_statement(*nodes, rule.statement)) return {{{rule.replacement}}, true};
-    const bool definition = is_definition(*nodes);
-    if (!dates.empty() && !definition) fill_empty_dates(*nodes, dates);
-    add_pieces(
-        definition ? rewrite_definition(std::move(*nodes), dialect) : rewrite_statement(std::move(*nodes), dialect),
-        dialect.folds_names, pieces);
-    return {std::move(pieces), !definition};
-}
-
-}  // namespace cuvexa
+}  // namespace cuvexa::dialect

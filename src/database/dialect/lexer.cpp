@@ -6,7 +6,7 @@
 #include "core/utf8.h"
 #include "cuvexa/errors.h"
 
-namespace cuvexa {
+namespace cuvexa::dialect {
 namespace {
 
 enum class Class : std::uint8_t { unknown, blank, letter, digit, quote, nul, high, symbol, special };
@@ -216,4 +216,4 @@ std::string_view text_content(std::string_view literal, std::string& scratch) {
     return scratch;
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::dialect

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace cuvexa {
+namespace cuvexa::dialect {
 
 /// What a piece of a statement is.
 enum class Token_kind : std::uint8_t {
@@ -40,4 +40,4 @@ void tokenize(std::string_view text, std::vector<Token>& tokens);
 /// doubled quotes; then it is unescaped into `scratch`, to which the result refers.
 std::string_view text_content(std::string_view literal, std::string& scratch);
 
-}  // namespace cuvexa
+}  // namespace cuvexa::dialect

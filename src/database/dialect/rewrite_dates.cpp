@@ -3,9 +3,10 @@
 #include <string>
 #include <utility>
 
-#include "database/dialect/rewriter.h"
+#include "database/dialect/grammar.h"
+#include "database/dialect/rewriting.h"
 
-namespace cuvexa {
+namespace cuvexa::dialect {
 namespace {
 
 class Empty_dates {
@@ -17,7 +18,7 @@ public:
         for (std::size_t i = 0; i < nodes.size(); ++i) {
             if (i > 0 && nodes[i].is_group() && nodes[i - 1].is_any_word({"ISNULL", "COALESCE", "NULLIF"}))
                 fill_arguments(nodes[i].children);
-            if (i > 1 && is_comparison(nodes[i - 1])) fill_pair(nodes, i);
+            if (i > 1 && is_comparison_sign(nodes[i - 1])) fill_pair(nodes, i);
             fill(nodes[i].children);
         }
     }
@@ -32,11 +33,6 @@ private:
 
     static bool is_empty_text(const Node& node) {
         return node.is_text_literal() && (node.text == "''" || same_text(node.text, "N''"));
-    }
-
-    static bool is_comparison(const Node& node) {
-        return node.is_symbol("=") || node.is_symbol("<>") || node.is_symbol("!=") || node.is_symbol("<") ||
-               node.is_symbol(">") || node.is_symbol("<=") || node.is_symbol(">=");
     }
 
     static void fill_text(Node& node) {
@@ -97,4 +93,4 @@ void fill_empty_dates(Nodes& statement, const Date_columns& dates) {
     Empty_dates(dates).fill(statement);
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::dialect

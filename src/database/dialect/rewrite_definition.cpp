@@ -1,9 +1,9 @@
 // CREATE TABLE, ALTER TABLE … ADD, CREATE INDEX: column types and words that only SQL Server knows.
 #include <utility>
 
-#include "database/dialect/rewriter.h"
+#include "database/dialect/rewriting.h"
 
-namespace cuvexa {
+namespace cuvexa::dialect {
 namespace {
 
 class Definition {
@@ -55,11 +55,9 @@ private:
     Nodes column(Nodes part) const {
         if (part.size() < 2 || part.front().is_any_word({"CONSTRAINT", "PRIMARY", "UNIQUE", "FOREIGN", "CHECK"}))
             return part;
-        for (const Type_rule& rule : dialect_.types) {
-            if (!part[1].is_name() || !same_text(rule.name, plain_name(part[1]))) continue;
+        if (const Type_rule* const type = part[1].is_name() ? dialect_.type(plain_name(part[1])) : nullptr) {
             if (part.size() > 2 && part[2].is_group()) cut(part, 2, 3);
-            part[1] = word(rule.column);
-            break;
+            part[1] = word(type->column);
         }
         return with_default(std::move(part));
     }
@@ -95,4 +93,4 @@ Nodes rewrite_definition(Nodes nodes, const Dialect& dialect) {
     return Definition(dialect).rewrite(std::move(nodes));
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::dialect

@@ -7,9 +7,9 @@
 #include <optional>
 #include <utility>
 
-#include "database/dialect/rewriter.h"
+#include "database/dialect/rewriting.h"
 
-namespace cuvexa {
+namespace cuvexa::dialect {
 namespace {
 
 struct Joined_table {
@@ -144,9 +144,9 @@ Nodes put_together(Update_parts parts) {
 
 }  // namespace
 
-void rewrite_update(Nodes& nodes) {
-    if (find_word(nodes, {"SET"}) == nodes.size()) return;
-    Update_parts parts = split(nodes);
+void take_target_out_of_from(Nodes& update) {
+    if (find_word(update, {"SET"}) == update.size()) return;
+    Update_parts parts = split(update);
     const auto target = parts.target.size() == 1 && parts.target.front().is_name()
                             ? find_target(parts.from, plain_name(parts.target.front()))
                             : std::nullopt;
@@ -157,7 +157,7 @@ void rewrite_update(Nodes& nodes) {
         join_in_where(parts, *target);
         parts.target = std::move(table);
     }
-    nodes = put_together(std::move(parts));
+    update = put_together(std::move(parts));
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::dialect

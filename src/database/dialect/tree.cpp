@@ -4,7 +4,7 @@
 #include <iterator>
 #include <utility>
 
-namespace cuvexa {
+namespace cuvexa::dialect {
 namespace {
 
 // Deeper than any engine takes; bounds the recursion over a hostile text.
@@ -161,4 +161,4 @@ Nodes cut(Nodes& nodes, std::size_t first, std::size_t last) {
     return result;
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::dialect

@@ -10,7 +10,7 @@
 #include "core/case.h"
 #include "database/dialect/lexer.h"
 
-namespace cuvexa {
+namespace cuvexa::dialect {
 
 struct Node;
 using Nodes = std::vector<Node>;
@@ -75,4 +75,4 @@ void append(Nodes& nodes, Nodes more);
 /// Takes [first, last) out of `nodes`.
 Nodes cut(Nodes& nodes, std::size_t first, std::size_t last);
 
-}  // namespace cuvexa
+}  // namespace cuvexa::dialect

@@ -15,13 +15,19 @@
 #include "cuvexa/errors.h"
 #include "database/connection_string.h"
 #include "database/dialect/batch.h"
-#include "database/dialect/dialect.h"
 #include "database/dialect/lexer.h"
+#include "database/dialect/postgresql.h"
+#include "database/dialect/translation.h"
 #include "database/row_set.h"
 #include "database/utf16.h"
 
 namespace cuvexa {
 namespace {
+
+using namespace database;
+using dialect::Date_columns;
+using dialect::Token;
+using dialect::Token_kind;
 
 /// A handle of the driver manager, given back in the end.
 class Handle {
@@ -305,7 +311,7 @@ private:
         if (definition) dates_.reset();
         const Date_columns none;
         const Date_columns& dates = !definition && has_empty_text(text, tokens_) ? known_dates() : none;
-        return cuvexa::translate(text, tokens_, postgresql_dialect(), dates).with_literals();
+        return dialect::translate(text, tokens_, dialect::postgresql, dates).with_literals();
     }
 
     // Asked of the server when a statement first needs it, and again after a definition of this session.

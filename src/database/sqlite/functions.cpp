@@ -8,7 +8,7 @@
 #include "cuvexa/date.h"
 #include "cuvexa/errors.h"
 
-namespace cuvexa {
+namespace cuvexa::sqlite {
 namespace {
 
 struct Single {
@@ -67,4 +67,4 @@ void install_functions(sqlite3* database) {
     if (failures != SQLITE_OK) throw Database_error(sqlite3_errmsg(database));
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::sqlite

@@ -3,7 +3,7 @@
 
 struct sqlite3;
 
-namespace cuvexa {
+namespace cuvexa::sqlite {
 
 /// Adds to an open SQLite handle:
 /// - cuvexa_single(x): aggregate; its only value, NULL of none, an error at the second row;
@@ -11,4 +11,4 @@ namespace cuvexa {
 /// Throws `Database_error` when the engine does not take them.
 void install_functions(sqlite3* database);
 
-}  // namespace cuvexa
+}  // namespace cuvexa::sqlite

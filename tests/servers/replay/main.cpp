@@ -23,6 +23,7 @@
 
 #include "cuvexa/database/sqlite_connection.h"
 #include "database/connection_string.h"
+#include "database/sqlite/engine.h"
 #ifdef CUVEXA_WITH_ODBC
 #include <sql.h>
 #include <sqlext.h>
@@ -47,13 +48,13 @@ std::vector<std::string> texts_of(const char* trace) {
     return texts;
 }
 
-Engine sqlite(const std::string& file, std::vector<std::string>& texts) {
+Engine on_sqlite(const std::string& file, std::vector<std::string>& texts) {
     const auto connection = std::make_shared<Sqlite_connection>(file);
     for (std::string& text : texts) text = connection->translate(text);
     return [connection](const std::string& text) {
         sqlite3_stmt* statement = nullptr;
-        int code =
-            sqlite3_prepare_v2(connection->handle(), text.data(), static_cast<int>(text.size()), &statement, nullptr);
+        int code = sqlite3_prepare_v2(sqlite::handle_of(*connection), text.data(), static_cast<int>(text.size()),
+                                      &statement, nullptr);
         if (code != SQLITE_OK) return false;
         do code = sqlite3_step(statement);
         while (code == SQLITE_ROW);
@@ -71,28 +72,28 @@ bool execute(SQLHANDLE connection, const std::string& text) {
     SQLHANDLE statement = SQL_NULL_HANDLE;
     SQLAllocHandle(SQL_HANDLE_STMT, connection, &statement);
     SQLSetStmtAttrW(statement, SQL_ATTR_NOSCAN, reinterpret_cast<SQLPOINTER>(SQL_NOSCAN_ON), 0);
-    std::u16string utf16 = utf16_from(text);
+    std::u16string utf16 = database::utf16_from(text);
     const SQLRETURN code = SQLExecDirectW(statement, wide(utf16), static_cast<SQLINTEGER>(utf16.size()));
     while (SQL_SUCCEEDED(SQLFetch(statement))) continue;
     SQLFreeHandle(SQL_HANDLE_STMT, statement);
     return SQL_SUCCEEDED(code) || code == SQL_NO_DATA;
 }
 
-Engine server(const std::string& connection_string, std::vector<std::string>& texts) {
+Engine on_server(const std::string& connection_string, std::vector<std::string>& texts) {
     const Odbc_connection translator(connection_string);
     for (std::string& text : texts) text = translator.translate(text);
     SQLHANDLE environment = SQL_NULL_HANDLE, connection = SQL_NULL_HANDLE;
     SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &environment);
     SQLSetEnvAttr(environment, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
     SQLAllocHandle(SQL_HANDLE_DBC, environment, &connection);
-    std::u16string utf16 = utf16_from(connection_string);
+    std::u16string utf16 = database::utf16_from(connection_string);
     if (!SQL_SUCCEEDED(SQLDriverConnectW(connection, nullptr, wide(utf16), static_cast<SQLSMALLINT>(utf16.size()),
                                          nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT)))
         throw std::runtime_error("the server does not let a session in");
     return [connection](const std::string& text) { return execute(connection, text); };
 }
 #else
-Engine server(const std::string&, std::vector<std::string>&) {
+Engine on_server(const std::string&, std::vector<std::string>&) {
     throw std::runtime_error("built without ODBC");
 }
 #endif
@@ -100,7 +101,8 @@ Engine server(const std::string&, std::vector<std::string>&) {
 /// The child's life: makes ready, says so, waits until the start is given, runs. Gives how many texts were refused.
 int replay(const std::string& database, const char* trace, int ready, int start) {
     std::vector<std::string> texts = texts_of(trace);
-    const Engine engine = is_connection_string(database) ? server(database, texts) : sqlite(database, texts);
+    const Engine engine =
+        database::is_connection_string(database) ? on_server(database, texts) : on_sqlite(database, texts);
     char byte = '!';
     if (write(ready, &byte, 1) != 1) return 255;
     while (read(start, &byte, 1) > 0) continue;  // until the parent closes it

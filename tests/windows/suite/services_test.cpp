@@ -3,6 +3,7 @@
 #include <thread>
 
 #include "cuvexa/suite/administration.h"
+#include "database/sqlite/engine.h"
 #include "windows/suite/registered.h"
 
 namespace cuvexa::testing {
@@ -43,7 +44,7 @@ protected:
         play(*make_automation_suite({}), through_automation);
         EXPECT_EQ(through_automation, directly);
         Sqlite_connection one(folder / "directa.db"), other(folder / "empresa.db");
-        EXPECT_THAT(Snapshot(one.handle()).changes_to(Snapshot(other.handle()), true), IsEmpty());
+        EXPECT_THAT(Snapshot(sqlite::handle_of(one)).changes_to(Snapshot(sqlite::handle_of(other)), true), IsEmpty());
         return through_automation;
     }
 };

@@ -5,6 +5,7 @@
 #include <thread>
 
 #include "automation/com/registry.h"
+#include "database/sqlite/engine.h"
 #include "windows/suite/registered.h"
 
 namespace cuvexa::testing {
@@ -200,7 +201,7 @@ TEST_F(Settings, another_program_that_is_writing_is_waited_for_as_long_as_told) 
     const Variable named("CUVEXA_DB", file), at_once("CUVEXA_WAIT", "0");
     const auto suite = make_embedded_suite({});
     Sqlite_connection other(file);
-    sqlite3_exec(other.handle(), "BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
+    sqlite3_exec(sqlite::handle_of(other), "BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
     try {
         suite->session()->GetConnection().execute("UPDATE Banco SET Bn_Descripcion = 'x'");
         ADD_FAILURE();

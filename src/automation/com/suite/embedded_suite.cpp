@@ -94,8 +94,9 @@ void make_sample_company(const std::string& file) {
 
 const std::string& standing_file(const Embedded_settings& settings) {
     const std::string& file = settings.database;
-    if (is_connection_string(file)) {
-        throw Database_error("La base de datos tiene que ser un archivo, no un servidor: " + without_password(file));
+    if (database::is_connection_string(file)) {
+        throw Database_error("La base de datos tiene que ser un archivo, no un servidor: " +
+                             database::without_password(file));
     }
     std::error_code ignored;
     if (settings.try_out && !fs::exists(path(file), ignored)) make_sample_company(file);

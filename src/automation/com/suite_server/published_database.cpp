@@ -37,7 +37,7 @@ protected:
     Any perform(std::size_t member, WORD kind, const Call_arguments& given) override {
         require_get(kind);
         given.expect(0);
-        const Row_set& rows = recordset_->rows();
+        const database::Row_set& rows = recordset_->rows();
         if (member == 1) return any(rows.columns()[column_]);
         if (rows.eof()) throw Automation_error(error_no_current_record, "No hay un registro actual");
         return any(rows.value(column_));
@@ -113,7 +113,7 @@ Any Published_connection::execute(const Call_arguments& given) {
     given.expect(1, 3);
     if (!open_) throw Automation_error(error_object_closed, "La conexión está cerrada");
     auto recordset = session_->suite().session()->GetConnection().execute(text_in(given.required(0)));
-    std::unique_ptr<Row_set> rows(&dynamic_cast<Row_set&>(*recordset));
+    std::unique_ptr<database::Row_set> rows(&dynamic_cast<database::Row_set&>(*recordset));
     recordset.release();
     if (given.has(1)) give_back(given[1], any(static_cast<std::int32_t>(rows->rows())));
     return any(Pointer<IDispatch>::owning(new Published_recordset(std::move(rows))));
@@ -123,7 +123,7 @@ std::span<const std::string_view> Published_recordset::member_names() const {
     return recordset_members;
 }
 
-Row_set& Published_recordset::rows() {
+database::Row_set& Published_recordset::rows() {
     if (!open_) throw Automation_error(error_object_closed, "El conjunto de registros está cerrado");
     return *rows_;
 }

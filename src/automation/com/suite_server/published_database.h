@@ -32,11 +32,11 @@ private:
 /// BOF, EOF, Fields, MoveNext, Close, State; closed from the beginning when the statement gave no rows.
 class Published_recordset final : public Named_object {
 public:
-    explicit Published_recordset(std::unique_ptr<Row_set> rows)
+    explicit Published_recordset(std::unique_ptr<database::Row_set> rows)
         : rows_(std::move(rows)), empty_(rows_->eof()), open_(!rows_->columns().empty()) {}
 
     /// Throws `Automation_error` 3704 when closed.
-    Row_set& rows();
+    database::Row_set& rows();
 
 protected:
     std::span<const std::string_view> member_names() const override;
@@ -44,7 +44,7 @@ protected:
     const char* source() const override { return "CuvexaSuite.Recordset"; }
 
 private:
-    std::unique_ptr<Row_set> rows_;
+    std::unique_ptr<database::Row_set> rows_;
     bool empty_;
     bool open_;
 };

@@ -1,15 +1,18 @@
-// PostgreSQL. Texts are of the type citext, which compares, groups and sorts without regard to case and still takes LIKE;
+// PostgreSQL with the extension citext. Texts are of that type, which compares, groups and sorts without regard to case and still takes LIKE;
 // a literal beside such a column takes its type, and what only yields text is cast to it.
+#pragma once
+
 #include <array>
 
 #include "database/dialect/dialect.h"
 
-namespace cuvexa {
-namespace {
+namespace cuvexa::dialect {
+
+namespace postgresql_rules {
 
 using enum Function_result;
 
-constexpr std::array functions{
+inline constexpr std::array functions{
     Function_rule{"ISNULL", 2, "COALESCE($1,$2)", as_arguments},
     Function_rule{"COALESCE", -1, "", as_arguments},
     Function_rule{"NULLIF", 2, "", as_arguments},
@@ -31,7 +34,7 @@ constexpr std::array functions{
     Function_rule{"REPLACE", 3, "", text},
 };
 
-constexpr std::array types{
+inline constexpr std::array types{
     Type_rule{"varchar", "citext", "citext", true},
     Type_rule{"nvarchar", "citext", "citext", true},
     Type_rule{"char", "citext", "citext", true},
@@ -55,18 +58,18 @@ constexpr std::array types{
     Type_rule{"bit", "smallint", "smallint"},
 };
 
-constexpr std::array statements{
+inline constexpr std::array statements{
     Statement_rule{"BEGIN TRAN", "BEGIN TRANSACTION"},
     Statement_rule{"COMMIT TRAN", "COMMIT TRANSACTION"},
     Statement_rule{"ROLLBACK TRAN", "ROLLBACK TRANSACTION"},
 };
 
-constexpr Dialect postgresql{functions, types, statements, "", "", "::citext", true};
+}  // namespace postgresql_rules
 
-}  // namespace
+inline constexpr Dialect postgresql{.functions = postgresql_rules::functions,
+                                    .types = postgresql_rules::types,
+                                    .statements = postgresql_rules::statements,
+                                    .text_cast = "::citext",
+                                    .folds_names = true};
 
-const Dialect& postgresql_dialect() {
-    return postgresql;
-}
-
-}  // namespace cuvexa
+}  // namespace cuvexa::dialect

@@ -1,0 +1,31 @@
+// A SQLite file, opened: the engine's own objects, and what it says when something fails.
+#pragma once
+
+#include <sqlite3.h>
+
+#include <memory>
+#include <string>
+
+#include "cuvexa/database/sqlite_connection.h"
+
+namespace cuvexa::sqlite {
+
+struct Closer {
+    void operator()(sqlite3* database) const noexcept { sqlite3_close_v2(database); }
+    void operator()(sqlite3_stmt* statement) const noexcept { sqlite3_finalize(statement); }
+};
+using Database = std::unique_ptr<sqlite3, Closer>;
+using Statement = std::unique_ptr<sqlite3_stmt, Closer>;
+
+/// Opens a file with the settings of `options` and the functions that rewritten statements call. Throws `Database_error`
+/// when it cannot be opened or is not a database.
+Database open_database(const std::string& path, const Sqlite_options& options);
+
+/// What the engine calls it.
+const char* name_of(Synchronous synchronous) noexcept;
+
+/// Throws `Database_error`. What concerns the file is said in the operator's language, with the engine's words after it;
+/// what concerns the statement is said in the engine's words alone.
+[[noreturn]] void fail(sqlite3* database, int code);
+
+}  // namespace cuvexa::sqlite

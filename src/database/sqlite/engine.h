@@ -1,0 +1,57 @@
+// The engine behind a Sqlite_connection: statements of the SQL Server dialect, each translated and planned once.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cuvexa/data_access.h"
+#include "cuvexa/database/sqlite_connection.h"
+#include "database/dialect/lexer.h"
+#include "database/sqlite/database.h"
+#include "database/sqlite/kept_statements.h"
+
+namespace cuvexa::sqlite {
+
+class Engine {
+public:
+    Engine(const std::string& path, const Sqlite_options& options);
+
+    /// The engine of a connection. Throws `Database_error` when it is closed.
+    static Engine& of(const Sqlite_connection& connection);
+
+    std::unique_ptr<Recordset> execute(std::string_view text);
+
+    sqlite3* handle() const noexcept { return database_.get(); }
+
+    /// Prepared statements held now, and texts translated so far.
+    std::size_t kept_statements() const noexcept { return kept_.size(); }
+    std::uint64_t translations() const noexcept { return translations_; }
+
+private:
+    Kept_statement prepare(std::string_view text);
+    Statement try_prepare(const std::string& text);
+    [[noreturn]] void fail_unprepared() const;
+    std::unique_ptr<Recordset> run(Kept_statement& kept);
+    void bind(const Kept_statement& kept);
+    void bind_text(sqlite3_stmt* statement, int parameter, std::string_view literal);
+    void shrink_buffers();
+
+    Database database_;
+    Kept_statements kept_;
+    std::uint64_t translations_ = 0;
+
+    std::vector<dialect::Token> tokens_;  ///< of the text under way
+    Shape shape_;                         ///< of the text under way
+    std::string scratch_;
+};
+
+/// SQLite's own handle of an open connection, for what only it can do.
+inline sqlite3* handle_of(const Sqlite_connection& connection) {
+    return Engine::of(connection).handle();
+}
+
+}  // namespace cuvexa::sqlite

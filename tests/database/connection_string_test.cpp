@@ -1,0 +1,39 @@
+// Connection strings taken apart, and texts as drivers exchange them.
+#include "database/connection_string.h"
+
+#include <gtest/gtest.h>
+
+#include "database/utf16.h"
+
+namespace cuvexa::database {
+namespace {
+
+TEST(Connection_string, a_server_is_told_from_a_file) {
+    EXPECT_TRUE(is_connection_string("Driver=FreeTDS;Server=x"));
+    EXPECT_TRUE(is_connection_string("DSN=caja"));
+    EXPECT_TRUE(is_connection_string("dsn=caja;UID=x"));
+    EXPECT_FALSE(is_connection_string("empresa.db"));
+    EXPECT_FALSE(is_connection_string("C:/datos/a=b.db"));
+    EXPECT_FALSE(is_connection_string(""));
+}
+
+TEST(Connection_string, the_password_is_not_shown_whatever_stands_in_it) {
+    EXPECT_EQ(without_password("DSN=caja;UID=ana;PWD=a;Port=1"), "DSN=caja;UID=ana;PWD=***;Port=1");
+    EXPECT_EQ(without_password("DSN=caja;password={a;b}}c=};UID=ana"), "DSN=caja;password=***;UID=ana");
+    EXPECT_EQ(without_password("PWD={never closed;UID=ana"), "PWD=***");
+}
+
+TEST(Connection_string, a_guarded_value_reads_back) {
+    for (const char* const value : {"plain", "with;mark", "}", "{x}", "a}}b", "a b"})
+        EXPECT_EQ(plain_value(guarded_value(value)), value);
+    EXPECT_EQ(guarded_value("a;b}"), "{a;b}}}");
+}
+
+TEST(Utf16, every_length_comes_back) {
+    for (const char* const text : {"a", "ñ", "€", "🏦", "a🏦ñ€z", ""}) EXPECT_EQ(utf8_from(utf16_from(text)), text);
+    EXPECT_EQ(utf16_from("🏦"), u"\U0001F3E6");
+    EXPECT_EQ(utf8_from(std::u16string(1, char16_t(0xD83C))), "\xEF\xBF\xBD");
+}
+
+}  // namespace
+}  // namespace cuvexa::database

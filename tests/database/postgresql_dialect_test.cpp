@@ -1,0 +1,97 @@
+// What PostgreSQL is given for a statement in the SQL Server dialect. No server is needed.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "database/dialect/postgresql.h"
+#include "database/dialect/translation.h"
+
+namespace cuvexa::dialect {
+namespace {
+
+std::string on_postgresql(std::string_view text) {
+    std::vector<Token> tokens;
+    tokenize(text, tokens);
+    return translate(text, tokens, postgresql).with_literals();
+}
+
+TEST(Postgresql_dialect, functions_have_their_names) {
+    EXPECT_EQ(on_postgresql("SELECT ISNULL(a, 0) FROM T"), "SELECT COALESCE( a , 0 ) FROM T");
+    EXPECT_EQ(on_postgresql("SELECT MONTH(f) FROM T"),
+              "SELECT CAST(EXTRACT(MONTH FROM CAST( f  AS timestamp)) AS integer) FROM T");
+    EXPECT_EQ(on_postgresql("SELECT GETDATE()"), "SELECT LOCALTIMESTAMP(3)");
+}
+
+TEST(Postgresql_dialect, joined_texts_compare_without_regard_to_case) {
+    EXPECT_EQ(on_postgresql("SELECT a + '-' + T.b AS x FROM T"), "SELECT ( a || '-' || T . b ) ::citext AS x FROM T");
+    EXPECT_EQ(on_postgresql("SELECT a FROM T WHERE a LIKE '%' + b + '%' AND c = 1"),
+              "SELECT a FROM T WHERE a LIKE ( '%' || b || '%' ) ::citext AND c = 1");
+    EXPECT_EQ(on_postgresql("SELECT a + b FROM T"), "SELECT a + b FROM T");
+}
+
+TEST(Postgresql_dialect, a_case_of_texts_is_cast_and_one_of_numbers_is_not) {
+    EXPECT_EQ(on_postgresql("SELECT CASE a WHEN 1 THEN 'x' ELSE b END FROM T"),
+              "SELECT CASE a WHEN 1 THEN 'x' ELSE b END ::citext FROM T");
+    EXPECT_EQ(on_postgresql("SELECT CASE a WHEN 1 THEN 2 ELSE b END FROM T"),
+              "SELECT CASE a WHEN 1 THEN 2 ELSE b END FROM T");
+}
+
+TEST(Postgresql_dialect, a_literal_takes_the_type_of_what_it_stands_beside) {
+    EXPECT_EQ(on_postgresql("SELECT a FROM T WHERE 'x' = a AND f >= '2024-03-15'"),
+              "SELECT a FROM T WHERE 'x' = a AND f >= '2024-03-15'");
+}
+
+TEST(Postgresql_dialect, a_joined_update_names_its_target_once) {
+    EXPECT_EQ(on_postgresql("UPDATE T SET T.a = X.b FROM T INNER JOIN X ON X.k = T.k WHERE T.c = 'z'"),
+              "UPDATE T SET a = X . b FROM X WHERE ( X . k = T . k ) AND ( T . c = 'z' )");
+}
+
+TEST(Postgresql_dialect, output_is_returning_and_top_is_limit) {
+    EXPECT_EQ(on_postgresql("UPDATE T SET a = a + 1 OUTPUT inserted.a WHERE k = 1"),
+              "UPDATE T SET a = a + 1 WHERE k = 1 RETURNING a");
+    EXPECT_EQ(on_postgresql("SELECT TOP 3 a FROM T ORDER BY a"), "SELECT a FROM T ORDER BY a LIMIT 3");
+}
+
+TEST(Postgresql_dialect, columns_have_its_types) {
+    EXPECT_EQ(
+        on_postgresql("CREATE TABLE dbo.T (a varchar(60) NOT NULL, b datetime DEFAULT NULL, c float DEFAULT 0, d bit, "
+                      "PRIMARY KEY CLUSTERED (a))"),
+        "CREATE TABLE T ( a citext NOT NULL , b timestamp(3) DEFAULT NULL , c double precision DEFAULT 0 , "
+        "d smallint , PRIMARY KEY ( a ) )");
+}
+
+std::string with_dates(std::string_view text) {
+    std::vector<Token> tokens;
+    tokenize(text, tokens);
+    return translate(text, tokens, postgresql, {"f", "fecha_alta"}).with_literals();
+}
+
+TEST(Postgresql_dialect, an_empty_text_put_into_a_date_is_its_first_day) {
+    EXPECT_EQ(with_dates("INSERT INTO T (a, F, Fecha_Alta) VALUES ('', '', N''), ('', '2024-03-15', '')"),
+              "INSERT INTO T ( a , F , Fecha_Alta ) VALUES ( '' , '1900-01-01' , '1900-01-01' ) , "
+              "( '' , '2024-03-15' , '1900-01-01' )");
+    EXPECT_EQ(with_dates("INSERT T (f, a) SELECT '', '' FROM X WHERE b IN ('', 'z')"),
+              "INSERT INTO T ( f , a ) SELECT '1900-01-01' , '' FROM X WHERE b IN ( '' , 'z' )");
+    EXPECT_EQ(with_dates("UPDATE T SET a = '', f = '' WHERE a = ''"),
+              "UPDATE T SET a = '' , f = '1900-01-01' WHERE a = ''");
+}
+
+TEST(Postgresql_dialect, an_empty_text_compared_with_a_date_is_its_first_day) {
+    EXPECT_EQ(with_dates("SELECT a FROM T WHERE T.[F] <> '' AND '' < T.f AND a <> ''"),
+              "SELECT a FROM T WHERE T . \"f\" <> '1900-01-01' AND '1900-01-01' < T . f AND a <> ''");
+    EXPECT_EQ(with_dates("SELECT ISNULL(T.f, '') FROM T WHERE ISNULL(a, '') = ''"),
+              "SELECT COALESCE( T . f , '1900-01-01' ) FROM T WHERE COALESCE( a , '' ) ::citext = ''");
+}
+
+TEST(Postgresql_dialect, a_name_in_marks_is_written_as_the_engine_keeps_it) {
+    EXPECT_EQ(on_postgresql("SELECT [Order].[Saldo_Año] AS \"Total\" FROM [dbo].[Order] WHERE [a]]b\"c] = '[x]'"),
+              "SELECT \"order\" . \"saldo_año\" AS \"total\" FROM \"order\" WHERE \"a]b\"\"c\" = '[x]'");
+    EXPECT_EQ(on_postgresql("CREATE TABLE [T] ([Primary] [varchar](60) NOT NULL)"),
+              "CREATE TABLE \"t\" ( \"primary\" citext NOT NULL )");
+}
+
+}  // namespace
+}  // namespace cuvexa::dialect
