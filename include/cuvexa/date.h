@@ -42,6 +42,12 @@ std::string dashed_date(Date date);
 /// "2024-03-15", or "2024-03-15T10:20:30" when the date has a time of day.
 std::string iso_date(Date date);
 
+/// How the text of a statement writes a date.
+enum class Date_style {
+    iso,      ///< 2024-03-15 and 2024-03-15 10:20:30
+    neutral,  ///< 20240315 and 2024-03-15T10:20:30, which a server reads alike under every language setting
+};
+
 /// Reads "2024-03-15", "2024-03-15T10:20:30", the same with a blank instead of the T (a fraction of a second is
 /// dropped), "20240315", and "dd/mm/yyyy". Empty when the text is none of these or names no existing day.
 std::optional<Date> parse_date(std::string_view text);

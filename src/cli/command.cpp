@@ -61,8 +61,7 @@ void prepare_server(Connection& connection) {
 
 Date_style style_of(const Connection& connection) {
     const auto* server = dynamic_cast<const Odbc_connection*>(&connection);
-    return server != nullptr && server->server_kind() == Server_kind::sql_server ? Date_style::neutral
-                                                                                 : Date_style::iso;
+    return server != nullptr ? server->date_style() : Date_style::iso;
 }
 #else
 std::unique_ptr<Connection> open_server(const Database_options& options) {

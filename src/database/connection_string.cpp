@@ -1,6 +1,7 @@
 #include "database/connection_string.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "core/case.h"
 
@@ -72,6 +73,22 @@ bool is_connection_string(std::string_view text) noexcept {
     const std::string_view key = trimmed(text.substr(0, equals));
     return text.find(';') != std::string_view::npos || same_text(key, "DSN") || same_text(key, "FILEDSN") ||
            same_text(key, "Driver");
+}
+
+std::string with_password(const std::string& connection_string) {
+    const char* const password = std::getenv("CUVEXA_PASSWORD");
+    if (password == nullptr || !passwords(connection_string).empty()) return connection_string;
+    return connection_string + (connection_string.ends_with(';') ? "" : ";") + "PWD=" + guarded_value(password);
+}
+
+std::vector<std::string> passwords(const std::string& connection_string) {
+    std::vector<std::string> found;
+    for (const auto& [key, value] : connection_attributes(connection_string)) {
+        if (!is_password_key(key) || value.empty()) continue;
+        found.emplace_back(value);
+        found.push_back(plain_value(value));
+    }
+    return found;
 }
 
 std::string without_password(std::string_view connection_string) {

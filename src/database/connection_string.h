@@ -27,6 +27,12 @@ std::string guarded_value(std::string_view value);
 /// Whether the text names a server and not a file: "Driver=…;…", "DSN=…".
 bool is_connection_string(std::string_view text) noexcept;
 
+/// The text, with the password of the environment variable CUVEXA_PASSWORD where it has none and there is one.
+std::string with_password(const std::string& connection_string);
+
+/// The passwords in the text, each as it stands and without the braces around it: what nothing that is shown may hold.
+std::vector<std::string> passwords(const std::string& connection_string);
+
 /// The connection string as it may be shown: without its password.
 std::string without_password(std::string_view connection_string);
 

@@ -1,12 +1,18 @@
 // Connection strings taken apart, and texts as drivers exchange them.
 #include "database/connection_string.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <cstdlib>
 
 #include "database/utf16.h"
 
 namespace cuvexa::database {
 namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
 
 TEST(Connection_string, a_server_is_told_from_a_file) {
     EXPECT_TRUE(is_connection_string("Driver=FreeTDS;Server=x"));
@@ -27,6 +33,21 @@ TEST(Connection_string, a_guarded_value_reads_back) {
     for (const char* const value : {"plain", "with;mark", "}", "{x}", "a}}b", "a b"})
         EXPECT_EQ(plain_value(guarded_value(value)), value);
     EXPECT_EQ(guarded_value("a;b}"), "{a;b}}}");
+}
+
+TEST(Connection_string, its_passwords_are_known_as_they_stand_and_without_braces) {
+    EXPECT_THAT(passwords("DSN=caja;PWD={a;b};Port=1"), ElementsAre("{a;b}", "a;b"));
+    EXPECT_THAT(passwords("DSN=caja;PWD="), IsEmpty());
+}
+
+TEST(Connection_string, the_password_of_the_environment_is_for_a_text_that_has_none) {
+    ASSERT_EQ(std::getenv("CUVEXA_PASSWORD"), nullptr);
+    EXPECT_EQ(with_password("DSN=caja"), "DSN=caja");
+    setenv("CUVEXA_PASSWORD", "a;b", 1);
+    EXPECT_EQ(with_password("DSN=caja"), "DSN=caja;PWD={a;b}");
+    EXPECT_EQ(with_password("DSN=caja;"), "DSN=caja;PWD={a;b}");
+    EXPECT_EQ(with_password("DSN=caja;pwd=c"), "DSN=caja;pwd=c");
+    unsetenv("CUVEXA_PASSWORD");
 }
 
 TEST(Utf16, every_length_comes_back) {

@@ -1,4 +1,5 @@
-// A database server that many users share, by way of ODBC: SQL Server as it stands, PostgreSQL through the rewriting.
+// A database server that many users share, by way of ODBC: SQL Server as it stands, PostgreSQL through the rewriting. A
+// server that is not known is spoken to as SQL Server.
 #pragma once
 
 #include <memory>
@@ -6,14 +7,9 @@
 #include <string_view>
 
 #include "cuvexa/data_access.h"
+#include "cuvexa/date.h"
 
 namespace cuvexa {
-
-/// What a server makes of the SQL Server dialect.
-enum class Server_kind {
-    sql_server,  ///< takes every text as it stands; so is every server taken that is not known
-    postgresql,  ///< takes it rewritten
-};
 
 struct Odbc_options {
     int login_timeout_s = 15;
@@ -45,7 +41,8 @@ public:
     /// capital letters from small ones.
     void prepare_database();
 
-    Server_kind server_kind() const noexcept;
+    /// How a statement for this server writes a date.
+    Date_style date_style() const noexcept;
 
     /// What the server calls itself.
     const std::string& server_name() const noexcept;
@@ -54,8 +51,8 @@ public:
     std::string translate(std::string_view text) const;
 
 private:
-    class Session;
-    std::unique_ptr<Session> session_;
+    struct Parts;
+    std::unique_ptr<Parts> parts_;
 };
 
 }  // namespace cuvexa

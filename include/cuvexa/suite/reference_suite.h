@@ -14,12 +14,6 @@
 
 namespace cuvexa {
 
-/// How `SqlDate` and `SqlDateTime` write a date.
-enum class Date_style {
-    iso,      ///< 2024-03-15 and 2024-03-15 10:20:30
-    neutral,  ///< 20240315 and 2024-03-15T10:20:30, which a server reads alike under every language setting
-};
-
 /// What `ReportError` was given.
 struct Reported_error {
     std::string description;
@@ -33,7 +27,7 @@ struct Reported_error {
 struct Suite_options {
     std::string user = "CUVEXA";
     std::optional<Date> server_date = {};  ///< the server date stands still here; without it, the clock of this machine
-    Date_style date_style = Date_style::iso;
+    Date_style date_style = Date_style::iso;                       ///< of `SqlDate` and `SqlDateTime`
     std::function<void(const Reported_error&)> report_error = {};  ///< without it, one line on standard error
     Connection* own_connection =
         nullptr;  ///< where the suite runs its own statements; without it, the session's connection

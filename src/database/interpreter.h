@@ -1,0 +1,43 @@
+// Between the component, which speaks the SQL Server dialect, and a session of a server.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cuvexa/data_access.h"
+#include "database/dialect/lexer.h"
+#include "database/dialect/translation.h"
+#include "database/servers.h"
+
+namespace cuvexa::database {
+
+class Interpreter {
+public:
+    /// Runs a text in the server's own words.
+    using Ask = std::function<std::unique_ptr<Recordset>(std::string_view text)>;
+
+    /// `ask` is for what the server alone knows; the server is asked when a statement first needs it.
+    Interpreter(const Server& server, Ask ask) : server_(&server), ask_(std::move(ask)) {}
+
+    /// The one statement to be sent, in the server's words. Throws `Database_error` for a text that may not be sent: an
+    /// empty one, a second statement, what `tokenize` refuses.
+    std::string to_send(std::string_view text);
+
+    /// The statement in the server's words, to be looked at; as it stands for a server that takes it so.
+    std::string translate(std::string_view text);
+
+private:
+    std::string translated(std::string_view text);
+    const dialect::Date_columns& dates_for(std::string_view text);
+
+    const Server* server_;
+    Ask ask_;
+    std::vector<dialect::Token> tokens_;  ///< of the text under way
+    std::optional<dialect::Date_columns> dates_;
+};
+
+}  // namespace cuvexa::database

@@ -1,0 +1,50 @@
+// A session of a server, in the server's own words.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cuvexa/data_access.h"
+#include "cuvexa/database/odbc_connection.h"
+#include "database/odbc/handle.h"
+#include "database/servers.h"
+
+namespace cuvexa::odbc {
+
+/// No text that leaves it holds the password.
+class Session {
+public:
+    Session(const std::string& connection_string, const Odbc_options& options);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    /// Runs a text. Once the connection is lost, every text is refused.
+    std::unique_ptr<Recordset> run(std::string_view text);
+
+    const database::Server& server() const noexcept { return *server_; }
+
+    /// What the server calls itself.
+    const std::string& name() const noexcept { return name_; }
+
+private:
+    void connect(const std::string& connection_string, int login_timeout_s);
+    std::string information(SQLUSMALLINT what) const;
+    [[noreturn]] void refuse(const Handle& statement);
+    bool is_lost(const std::vector<Diagnostic>& records) const;
+    std::string without_secrets(std::string text) const;
+
+    std::vector<std::string> secrets_;
+    Handle environment_;
+    std::optional<Handle> database_;
+    bool connected_ = false;
+    bool lost_ = false;
+    std::string name_;
+    const database::Server* server_ = nullptr;
+    int statement_timeout_s_ = 0;  ///< for the driver; 0: without end
+};
+
+}  // namespace cuvexa::odbc

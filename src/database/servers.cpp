@@ -1,0 +1,78 @@
+#include "database/servers.h"
+
+#include <algorithm>
+#include <array>
+
+#include "database/dialect/postgresql.h"
+
+namespace cuvexa::database {
+namespace {
+
+using namespace std::string_view_literals;
+
+constexpr std::array sql_server_session = {"SET LOCK_TIMEOUT $lock_ms"sv};
+constexpr std::array sql_server_lost = {"08"sv};
+
+constexpr std::array postgresql_session = {"SET lock_timeout = $lock_ms"sv, "SET statement_timeout = $statement_ms"sv,
+                                           "SET standard_conforming_strings = on"sv,
+                                           "SET client_min_messages = warning"sv};
+constexpr std::array postgresql_lost = {"08"sv, "57P0"sv};
+
+constexpr std::array servers = {
+    Server{.name = "SQL Server",
+           .dialect = nullptr,
+           .session = sql_server_session,
+           .preparation = "",
+           .letters_are_equal = "SELECT 1 WHERE 'a' = 'A'",
+           .date_columns = "",
+           .lost = sql_server_lost,
+           .date_style = Date_style::neutral},
+    Server{.name = "PostgreSQL",
+           .dialect = &dialect::postgresql,
+           .session = postgresql_session,
+           .preparation = "CREATE EXTENSION IF NOT EXISTS citext",
+           .letters_are_equal = "SELECT 1 WHERE 'a'::citext = 'A'",
+           .date_columns =
+               "SELECT LOWER(column_name) AS column_name FROM information_schema.columns "
+               "WHERE table_schema = ANY (current_schemas(false)) GROUP BY LOWER(column_name) "
+               "HAVING BOOL_AND(data_type IN ('date', 'timestamp without time zone', 'timestamp with time zone'))",
+           .lost = postgresql_lost,
+           .date_style = Date_style::iso},
+};
+
+constexpr std::string_view lock_hole = "$lock_ms";
+constexpr std::string_view statement_hole = "$statement_ms";
+
+void fill(std::string& text, std::string_view hole, int number) {
+    if (const auto at = text.find(hole); at != std::string::npos) text.replace(at, hole.size(), std::to_string(number));
+}
+
+}  // namespace
+
+std::vector<std::string> Server::session_statements(const Waits& waits) const {
+    std::vector<std::string> texts(session.begin(), session.end());
+    for (std::string& text : texts) {
+        fill(text, lock_hole, waits.lock_ms);
+        fill(text, statement_hole, waits.statement_s * 1000);
+    }
+    return texts;
+}
+
+bool Server::ends_statements() const noexcept {
+    return std::any_of(session.begin(), session.end(),
+                       [](std::string_view text) { return text.find(statement_hole) != std::string_view::npos; });
+}
+
+bool Server::says_lost(std::string_view state) const noexcept {
+    return std::any_of(lost.begin(), lost.end(),
+                       [&](std::string_view beginning) { return state.starts_with(beginning); });
+}
+
+const Server& server_called(std::string_view name) noexcept {
+    const auto server = std::find_if(servers.begin(), servers.end(), [&](const Server& each) {
+        return name.find(each.name) != std::string_view::npos;
+    });
+    return server == servers.end() ? servers.front() : *server;
+}
+
+}  // namespace cuvexa::database

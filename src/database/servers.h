@@ -1,0 +1,60 @@
+// The servers that are known, one row each: all in which they differ.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cuvexa/date.h"
+#include "database/dialect/dialect.h"
+
+namespace cuvexa::database {
+
+/// How long a session waits before it gives a statement up.
+struct Waits {
+    int lock_ms = 0;
+    int statement_s = 0;  ///< 0: without end
+};
+
+struct Server {
+    /// Stands in what the server calls itself.
+    std::string_view name;
+
+    /// The engine's own dialect; null: it takes the SQL Server dialect as it stands.
+    const dialect::Dialect* dialect;
+
+    /// What a session begins with, in the server's words. "$lock_ms" and "$statement_ms" stand for the waits; without
+    /// "$statement_ms" it is the driver that ends a statement which runs too long.
+    std::span<const std::string_view> session;
+
+    /// Gives a new database what the column types of the schema need; empty: nothing.
+    std::string_view preparation;
+
+    /// Gives a row where capital letters equal small ones.
+    std::string_view letters_are_equal;
+
+    /// Gives `column_name`, in lower case, of the columns that hold dates, of those whose '' the server refuses; empty:
+    /// it takes '' for 1 January 1900.
+    std::string_view date_columns;
+
+    /// How the SQLSTATE begins when the connection was lost.
+    std::span<const std::string_view> lost;
+
+    /// How a statement writes a date.
+    Date_style date_style;
+
+    /// The statements with which a session begins.
+    std::vector<std::string> session_statements(const Waits& waits) const;
+
+    /// Whether the session itself ends a statement that runs too long.
+    bool ends_statements() const noexcept;
+
+    /// Whether that SQLSTATE says that the connection was lost.
+    bool says_lost(std::string_view state) const noexcept;
+};
+
+/// The server that calls itself so. One that no row names is spoken to as the first, SQL Server.
+const Server& server_called(std::string_view name) noexcept;
+
+}  // namespace cuvexa::database
