@@ -172,6 +172,27 @@ TEST(House, windows_is_seen_by_its_own_rooms_alone) {
     EXPECT_FALSE(is_windows_header("<string>"));
 }
 
+// ---- Namespaces -----------------------------------------------------------------------------------------------------
+
+/// The names that the headers of a room declare stand in its own namespace: short words are no caller's business.
+TEST(House, the_headers_of_the_engines_rooms_declare_in_the_namespace_of_the_room) {
+    const std::map<std::string, std::string> namespaces = {{"database", "cuvexa::database"},
+                                                           {"database/dialect", "cuvexa::dialect"},
+                                                           {"database/sqlite", "cuvexa::sqlite"},
+                                                           {"database/odbc", "cuvexa::odbc"}};
+    static const std::regex opening(R"(^namespace (cuvexa[\w:]*) \{)", std::regex::multiline);
+    std::set<std::string> seen;
+    for (const Source& source : product()) {
+        const auto own = namespaces.find(source.room);
+        if (own == namespaces.end() || !source.path.ends_with(".h")) continue;
+        std::smatch found;
+        ASSERT_TRUE(std::regex_search(source.text, found, opening)) << source.path;
+        EXPECT_EQ(found[1], own->second) << source.path;
+        seen.insert(source.room);
+    }
+    EXPECT_EQ(seen.size(), namespaces.size());
+}
+
 // ---- Who may catch --------------------------------------------------------------------------------------------------
 
 TEST(House, failures_are_caught_at_the_boundaries_alone) {
