@@ -1,19 +1,14 @@
-// Customer advances set against the expense that a check paid, and their way back.
+// Customer advances set against the expense that a check paid, and their way back. A text of the receivables service stands
+// alone, without tag: the caller of these routines puts its own before it.
 #include <cmath>
 
+#include "core/codes.h"
 #include "core/number_text.h"
 #include "core/operation.h"
 #include "cuvexa/tesoreria.h"
 
 namespace cuvexa {
 namespace {
-
-constexpr auto code = "ANTICIPO_CXC";
-
-/// The service's own text, without tag: the caller of these routines puts its own before it.
-void pass_on_unless(bool succeeded, AccountsReceivableService& receivables) {
-    if (!succeeded) throw Refusal{receivables.LastError()};
-}
 
 /// The amount in whole units of its currency, which is how balances are compared here: less than a unit is tolerated.
 double whole_units(double amount) {
@@ -175,14 +170,14 @@ void apply_advance(Operation& op, AccountsReceivableService& receivables, const 
                                .amount = advance.amount,
                                .date = common.date,
                                .concept_text = "Aplicación de anticipo",
-                               .source_table = code,
+                               .source_table = document::customer_advance,
                                .source_document = advance.folio,
                                .reference = application.reference,
                                .currency = expense.currency,
                                .exchange_rate = expense.rate,
                                .payment_method = common.method};
     check_balance(op, expense.receivable, advance.amount);
-    pass_on_unless(receivables.RegisterPayment(payment), receivables);
+    op.pass_on_unless(receivables.RegisterPayment(payment), receivables);
     check_not_duplicated(op, advance, application.reference);
 
     payment.receivable_folio = application.receivable;
@@ -191,7 +186,7 @@ void apply_advance(Operation& op, AccountsReceivableService& receivables, const 
     payment.currency = advance.currency;
     payment.exchange_rate = advance.rate;
     check_balance(op, application.receivable, advance.amount);
-    pass_on_unless(receivables.RegisterPayment(payment), receivables);
+    op.pass_on_unless(receivables.RegisterPayment(payment), receivables);
     mark_used_advance(op, advance);
 }
 
@@ -229,7 +224,7 @@ void cancel_payments(Operation& op, AccountsReceivableService& receivables, cons
         "      WHERE Cxc_Tabla = 'ANTICIPO_CXC' AND Cxc_Documento = '{}') ",
         advance);
     for (; !payments.eof(); payments.next()) {
-        pass_on_unless(receivables.CancelPayment(payments.text("Cxc_Folio"), payments.text("Pc_Id")), receivables);
+        op.pass_on_unless(receivables.CancelPayment(payments.text("Cxc_Folio"), payments.text("Pc_Id")), receivables);
     }
 }
 
@@ -253,7 +248,7 @@ bool Tesoreria::Aplicar_Anticipo_Cxc(const std::string& Ch_Folio, Date Fecha) {
         for (Rows rows = read_advances(op, Ch_Folio); !rows.eof(); rows.next()) {
             const Advance advance(rows);
             apply_advance(op, *receivables, expense, advance, common);
-            set_expense_line_state(op, Ch_Folio, advance.folio, "AP");
+            set_expense_line_state(op, Ch_Folio, advance.folio, state::applied);
         }
     });
 }
@@ -271,10 +266,10 @@ bool Tesoreria::Cancelar_Aplicacion_Cheque_Anticipo(const std::string& Ch_Folio)
         const std::string stamp = op.server_stamp();
         for (; !payments.eof(); payments.next()) {
             const std::string advance = payments.text("Pc_Documento");
-            pass_on_unless(receivables->DocumentCheck(code, advance), *receivables);
+            op.pass_on_unless(receivables->DocumentCheck(document::customer_advance, advance), *receivables);
             cancel_payments(op, *receivables, advance);
             reopen_advance(op, advance, user, stamp);
-            set_expense_line_state(op, Ch_Folio, advance, "CA");
+            set_expense_line_state(op, Ch_Folio, advance, state::cancelled);
         }
     });
 }

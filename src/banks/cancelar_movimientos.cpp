@@ -1,4 +1,5 @@
 // Cancellation of bank movements, one by its folio or all those of a source document.
+#include "core/codes.h"
 #include "core/operation.h"
 #include "core/validations.h"
 #include "cuvexa/tesoreria.h"
@@ -39,12 +40,12 @@ void reverse_movement(Operation& op, const Rows& movement, const std::string& st
 }
 
 void refuse_if_cancelled(Operation& op, const Rows& movement) {
-    op.refuse_if(movement.text("Es_Cve_Estado") == "CA", "El movimiento:{}, está cancelado!",
+    op.refuse_if(movement.text("Es_Cve_Estado") == state::cancelled, "El movimiento:{}, está cancelado!",
                  movement.text("Bm_Folio"));
 }
 
 bool register_movement(Operation& op, const std::string& folio) {
-    return op.data().RegisterDocument("BANCO_MOVIMIENTO", folio);
+    return op.data().RegisterDocument(document::bank_movement, folio);
 }
 
 }  // namespace
@@ -75,15 +76,14 @@ bool Tesoreria::Cancelar_Movimiento_Bancos(const std::string& Bm_Folio) {
         op.refuse_if(movement.eof(), "No se encontró el movimiento de banco: {}", Bm_Folio);
         refuse_if_cancelled(op, movement);
         const Date date = movement.date("Bm_Fecha");
-        check_same_day(op, date, Form::tagged);
-        check_operating_period(op, date, Form::tagged);
-        op.relay_unless(Valida_Poliza_Contable("BANCO_MOVIMIENTO", Bm_Folio));
+        check_same_day(op, date, Wording::tagged);
+        check_operating_period(op, date, Wording::tagged);
+        op.relay_unless(Valida_Poliza_Contable(document::bank_movement, Bm_Folio));
 
         reverse_movement(op, movement, stamp);
-        if (!register_movement(op, movement.text("Bm_Folio"))) {
-            // Under the registration's tag: callers parse this text.
-            throw Refusal{filled("Cuvexa.dll - Registra_Movimiento_Banco()\r\n{}", op.data().LastErrorText())};
-        }
+        // Under the registration's tag: callers parse this text.
+        op.under("Cuvexa.dll - Registra_Movimiento_Banco()")
+            .relay_unless(register_movement(op, movement.text("Bm_Folio")), op.data());
     });
 }
 
@@ -115,10 +115,10 @@ bool Tesoreria::Cancelar_Documento_Bancos(const std::string& Bm_Tabla, const std
         while (!movements.eof()) {
             const std::string folio = movements.text("Bm_Folio");
             refuse_if_cancelled(op, movements);
-            op.relay_unless(Valida_Poliza_Contable("BANCO_MOVIMIENTO", folio));
+            op.relay_unless(Valida_Poliza_Contable(document::bank_movement, folio));
             reverse_movement(op, movements, stamp);
             movements.next();
-            op.relay_unless(register_movement(op, folio), [&] { return op.data().LastErrorText(); });
+            op.relay_unless(register_movement(op, folio), op.data());
         }
     });
 }

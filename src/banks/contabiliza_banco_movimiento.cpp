@@ -1,4 +1,5 @@
 // The hand-off of bank movements to accounting.
+#include "core/codes.h"
 #include "core/operation.h"
 #include "core/posting.h"
 #include "cuvexa/tesoreria.h"
@@ -9,7 +10,7 @@ bool Tesoreria::Contabiliza_Banco_Movimiento(const std::string& Bm_Folio, const 
                                              const std::string& Bm_Documento) {
     return operation(module_, error_, "Cuvexa.dll - Contabiliza_Banco_Movimiento()", [&](Operation& op) {
         const auto accounting = module_.suite().new_accounting();
-        if (!accounting->IsPostingEnabled("BANCO_MOVIMIENTO")) return;
+        if (!accounting->IsPostingEnabled(document::bank_movement)) return;
 
         const bool by_document = !Bm_Documento.empty() && !Bm_Tabla.empty();
         const std::string or_document =
@@ -27,7 +28,7 @@ bool Tesoreria::Contabiliza_Banco_Movimiento(const std::string& Bm_Folio, const 
             "   Empresa.Es_Cve_Estado <> 'BA' ",
             Bm_Folio, or_document);
         op.refuse_if(movement.eof(), "No es posible determinar la empresa para la póliza");
-        post(op, *accounting, "BANCO_MOVIMIENTO", movement.text("Bm_Folio"), movement.text("Em_Cve_Empresa"));
+        post(op, *accounting, document::bank_movement, movement.text("Bm_Folio"), movement.text("Em_Cve_Empresa"));
     });
 }
 

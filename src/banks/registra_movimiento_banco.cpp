@@ -1,4 +1,5 @@
 // Registration of a bank movement: its row, the balances of the account and of its bank, the hand-off to accounting.
+#include "core/codes.h"
 #include "core/operation.h"
 #include "core/validations.h"
 #include "cuvexa/tesoreria.h"
@@ -6,7 +7,6 @@
 namespace cuvexa {
 namespace {
 
-constexpr auto code = "BANCO_MOVIMIENTO";
 constexpr auto outflow = "2";  // Bt_Tipo of the types that take money out
 
 std::string type_column(Operation& op, const char* column, const tBnMovimiento& movement) {
@@ -43,7 +43,7 @@ void insert_movement(Operation& op, const std::string& folio, const tBnMovimient
         movement.Bm_Referencia, movement.Cuenta.Bc_Cuenta_Contable, movement.Bm_Comentario,
         op.data().SqlDate(movement.Bm_Fecha), op.data().SqlDate(movement.Bm_Fecha_Firme),
         movement.Bt_Cve_Banco_Tipo_Movimiento, movement.Bm_Importe, movement.Cuenta.Mn_Cve_Moneda,
-        movement.Bm_Tipo_Cambio, user, stamp, user, stamp, movement.EnFirme ? "FI" : "TR");
+        movement.Bm_Tipo_Cambio, user, stamp, user, stamp, movement.EnFirme ? state::firm : state::in_transit);
 }
 
 /// Both balances move by the signed amount of the row, in whatever currency the account is.
@@ -70,15 +70,15 @@ void move_balances(Operation& op, const tBnMovimiento& movement, const std::stri
 bool Tesoreria::Registra_Movimiento_Banco(tBnMovimiento& Datos) {
     // Callers know both spellings of the tag: with a blank behind it here, without it where `tag_without_blank` reports.
     return operation(module_, error_, "Cuvexa.dll - Registra_Movimiento_Banco() ", [&](Operation& op) {
-        Operation tag_without_blank(module_, error_, "Cuvexa.dll - Registra_Movimiento_Banco()");
+        Operation tag_without_blank = op.under("Cuvexa.dll - Registra_Movimiento_Banco()");
         const std::string stamp = op.server_stamp();
 
         {
             const Rows account = op.query("SELECT * FROM Banco_Cuenta WHERE Bc_Cve_Banco_Cuenta = '{}' ",
                                           Datos.Cuenta.Bc_Cve_Banco_Cuenta);
             op.refuse_if(account.eof(), "No se encontró la cuenta bancaria");
-            op.refuse_if(account.text("Es_Cve_Estado") == "BA", "La cuenta bancaria está dada de baja");
-            check_same_day(tag_without_blank, Datos.Bm_Fecha, Form::tagged);
+            op.refuse_if(account.text("Es_Cve_Estado") == state::retired, "La cuenta bancaria está dada de baja");
+            check_same_day(tag_without_blank, Datos.Bm_Fecha, Wording::tagged);
             op.refuse_if(type_column(op, "Bt_Descripcion", Datos).empty(),
                          "El tipo de movimiento de banco no existe o está dado de baja");
             Datos.Cuenta.Bc_Cuenta_Contable = account.text("Bc_Cuenta_Contable");
@@ -86,7 +86,7 @@ bool Tesoreria::Registra_Movimiento_Banco(tBnMovimiento& Datos) {
             Datos.Cuenta.Bn_Cve_Banco = account.text("Bn_Cve_Banco");
         }
 
-        const std::string folio = op.data().GetNextFolio("", code);
+        const std::string folio = op.data().GetNextFolio("", document::bank_movement);
         op.refuse_if(folio.empty(), "No se pudo generar el folio de movimiento de bancos");
         FolioMovimiento = folio;
 
@@ -97,8 +97,7 @@ bool Tesoreria::Registra_Movimiento_Banco(tBnMovimiento& Datos) {
         insert_movement(op, folio, Datos, user, stamp);
         move_balances(op, Datos, user, stamp);
         tag_without_blank.relay_unless(Contabiliza_Banco_Movimiento(folio, "", ""));
-        tag_without_blank.relay_unless(op.data().RegisterDocument(code, folio),
-                                       [&] { return op.data().LastErrorText(); });
+        tag_without_blank.relay_unless(op.data().RegisterDocument(document::bank_movement, folio), op.data());
     });
 }
 

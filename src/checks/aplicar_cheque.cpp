@@ -1,4 +1,5 @@
 // Application of an issued check: what each line stands for happens, and the movement is confirmed.
+#include "core/codes.h"
 #include "core/due_date.h"
 #include "core/operation.h"
 #include "cuvexa/tesoreria.h"
@@ -6,7 +7,6 @@
 namespace cuvexa {
 namespace {
 
-constexpr auto code = "CHEQUE";
 constexpr auto source_table = "Cheque";
 
 /// One open line with its check, the check's type, account and bank.
@@ -55,7 +55,7 @@ void check_applicable(Operation& op, const std::string& folio) {
     const Rows check = op.query("SELECT * FROM Cheque WHERE Ch_Folio = '{}' ", folio);
     op.refuse_if(check.eof(), "No se encontró el cheque o transferencia especificados");
     const std::string state = check.text("Es_Cve_Estado");
-    op.refuse_if(state != "AC", "Imposible aplicar un cheque con estado: {}", state);
+    op.refuse_if(state != state::active, "Imposible aplicar un cheque con estado: {}", state);
 }
 
 Rows read_open_lines(Operation& op, const std::string& folio) {
@@ -120,22 +120,19 @@ void pay_supplier(Operation& op, const Line& line, Date date) {
                                .bank_name = line.bank_name,
                                .bank_account_number = line.account_number,
                                .bank = line.bank};
-    const auto last_error = [&] { return payables->LastError(); };
-    op.relay_unless(payables->AddPaymentLine(payment), last_error);
-    op.relay_unless(payables->ApplyPayments(), last_error);
+    op.relay_unless(payables->AddPaymentLine(payment), *payables);
+    op.relay_unless(payables->ApplyPayments(), *payables);
 }
 
 /// "02", first half: the expense to be justified becomes a receivable of the debtor.
 void charge_expense(Operation& op, const Line& line) {
     const auto receivables = op.module().suite().new_accounts_receivable();
-    op.relay_unless(receivables->ApplyCustomerDocument(line.document), [&] { return receivables->LastError(); });
+    op.relay_unless(receivables->ApplyCustomerDocument(line.document), *receivables);
 }
 
 /// "03" and "04". Once per line, and each time for the whole check.
 void charge_customer(Operation& op, const Line& line) {
-    const std::string credit_days =
-        op.data().LookupValue("Cl_Dias_Credito", "Cl_Cve_Cliente", line.beneficiary, "CLIENTE",
-                              line.asks_for == "04" ? "Tc_Cve_Tipo_Cliente = 'DE'" : "");
+    const char* const condition = line.asks_for == check_purpose::debtor_loan ? "Tc_Cve_Tipo_Cliente = 'DE'" : "";
     const Receivable receivable{.branch = line.branch,
                                 .customer = line.beneficiary,
                                 .exchange_rate = line.check_rate,
@@ -145,13 +142,13 @@ void charge_customer(Operation& op, const Line& line) {
                                 .comment = line.concept_text,
                                 .reference = line.reference,
                                 .date = line.date,
-                                .due_date = due_date(line.date, credit_days),
+                                .due_date = customer_due_date(op, line.date, line.beneficiary, "CLIENTE", condition),
                                 .amount = line.check_amount,
                                 .net_amount = line.check_amount,
                                 .net_price_amount = line.check_amount,
                                 .balance = line.check_amount};
     const auto receivables = op.module().suite().new_accounts_receivable();
-    op.relay_unless(receivables->CreateReceivable(receivable), [&] { return receivables->LastError(); });
+    op.relay_unless(receivables->CreateReceivable(receivable), *receivables);
 }
 
 /// "05". Gives the folio of the new payable.
@@ -168,7 +165,7 @@ std::string create_supplier_advance(Operation& op, const Line& line) {
                                    .bank_account = line.account};
     const auto payables = op.module().suite().new_accounts_payable();
     std::string payable;
-    op.relay_unless(payables->CreateSupplierAdvance(advance, payable), [&] { return payables->LastError(); });
+    op.relay_unless(payables->CreateSupplierAdvance(advance, payable), *payables);
     return payable;
 }
 
@@ -225,7 +222,7 @@ void mark_movement(Operation& op, const Marking& by) {
         "   Bm_Documento = '{}' AND "
         "   Bm_Tabla = 'CHEQUE' AND "
         "   Es_Cve_Estado <> 'CA'",
-        by.firm ? "FI" : "TR", by.date, by.user, by.stamp, by.folio);
+        by.firm ? state::firm : state::in_transit, by.date, by.user, by.stamp, by.folio);
 }
 
 }  // namespace
@@ -240,21 +237,21 @@ bool Tesoreria::Aplicar_Cheque(const std::string& Ch_Folio, Date Fecha, bool Fir
         for (; !lines.eof(); lines.next()) {
             const Line line(lines);
             std::string new_payable;
-            if (line.asks_for == "01") {
+            if (line.asks_for == check_purpose::supplier_payment) {
                 pay_supplier(op, line, Fecha);
-            } else if (line.asks_for == "02") {
+            } else if (line.asks_for == check_purpose::expense_to_verify) {
                 charge_expense(op, line);
                 op.relay_unless(Aplicar_Anticipo_Cxc(Ch_Folio, Fecha));
-            } else if (line.asks_for == "03" || line.asks_for == "04") {
+            } else if (line.asks_for == check_purpose::customer_refund || line.asks_for == check_purpose::debtor_loan) {
                 charge_customer(op, line);
-            } else if (line.asks_for == "05") {
+            } else if (line.asks_for == check_purpose::supplier_advance) {
                 new_payable = create_supplier_advance(op, line);
             }
             mark_line(op, by, line.id, new_payable);
         }
         mark_check(op, by);
         mark_movement(op, by);
-        op.relay_unless(Contabiliza_Banco_Movimiento("", code, Ch_Folio));
+        op.relay_unless(Contabiliza_Banco_Movimiento("", document::check, Ch_Folio));
     });
 }
 

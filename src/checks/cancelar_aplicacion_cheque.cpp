@@ -1,4 +1,5 @@
 // Undoes the application of a check: each line's effect, the states, and the movement back in transit.
+#include "core/codes.h"
 #include "core/operation.h"
 #include "cuvexa/tesoreria.h"
 
@@ -22,22 +23,20 @@ void cancel_supplier_payments(Operation& op, const std::string& check, const std
     if (payments.eof()) return;
     const auto payables = op.module().suite().new_accounts_payable();
     for (; !payments.eof(); payments.next()) {
-        op.relay_unless(payables->CancelPayment(payments.text("Cxp_Folio"), payments.text("Pc_Id")),
-                        [&] { return payables->LastError(); });
+        op.relay_unless(payables->CancelPayment(payments.text("Cxp_Folio"), payments.text("Pc_Id")), *payables);
     }
 }
 
 void validate_receivables_withdrawal(Operation& op, const std::string& table, const std::string& document) {
     const auto receivables = op.module().suite().new_accounts_receivable();
-    op.relay_unless(receivables->ValidateDocumentCancellation(table, document),
-                    [&] { return receivables->LastError(); });
+    op.relay_unless(receivables->ValidateDocumentCancellation(table, document), *receivables);
 }
 
 // Withdrawal rewrites the table code, so that the row matches no look-up by document any more and keeps its history. It
 // happens once: the condition asks for the plain code.
 
 void withdraw_expense_receivable(Operation& op, const std::string& expense) {
-    validate_receivables_withdrawal(op, "GASTO_X_COMPROBAR", expense);
+    validate_receivables_withdrawal(op, document::expense, expense);
     op.execute(
         "UPDATE Cuenta_x_Cobrar SET "
         "   Cxc_Tabla = 'GASTO_X_COMPROBAR-CA:' + Cxc_Folio "
@@ -48,7 +47,7 @@ void withdraw_expense_receivable(Operation& op, const std::string& expense) {
 }
 
 void withdraw_check_receivables(Operation& op, const std::string& check) {
-    validate_receivables_withdrawal(op, "CHEQUE", check);
+    validate_receivables_withdrawal(op, document::check, check);
     op.execute(
         "UPDATE Cuenta_x_Cobrar SET "
         "   Cxc_Tabla = 'CHEQUE-CA:' + Cxc_Folio "
@@ -70,7 +69,7 @@ void withdraw_supplier_advance(Operation& op, const std::string& advance) {
     op.refuse_if(!payments.eof(), "El cheque contiene o proviene de un anticipo a proveedor y este ya está aplicado!");
 
     const auto payables = op.module().suite().new_accounts_payable();
-    op.relay_unless(payables->ValidateAdvanceCancellation(advance), [&] { return payables->LastError(); });
+    op.relay_unless(payables->ValidateAdvanceCancellation(advance), *payables);
     op.execute(
         "UPDATE Cuenta_X_Pagar SET "
         "   Cxp_Tabla = 'ANTICIPO_CXP-CA:' + Cxp_Folio "
@@ -131,14 +130,14 @@ bool Tesoreria::Cancelar_Aplicacion_Cheque(const std::string& Ch_Folio) {
         for (; !lines.eof(); lines.next()) {
             const std::string kind = lines.text("Tc_Solicitar");
             const std::string document = lines.text("Cxp_Folio");
-            if (kind == "01") {
+            if (kind == check_purpose::supplier_payment) {
                 if (lines.text("Tc_Proveedor_Pago") == "SI") cancel_supplier_payments(op, Ch_Folio, document);
-            } else if (kind == "02") {
+            } else if (kind == check_purpose::expense_to_verify) {
                 op.relay_unless(Cancelar_Aplicacion_Cheque_Anticipo(Ch_Folio));
                 withdraw_expense_receivable(op, document);
-            } else if (kind == "03" || kind == "04") {
+            } else if (kind == check_purpose::customer_refund || kind == check_purpose::debtor_loan) {
                 withdraw_check_receivables(op, Ch_Folio);
-            } else if (kind == "05") {
+            } else if (kind == check_purpose::supplier_advance) {
                 withdraw_supplier_advance(op, document);
             }
         }

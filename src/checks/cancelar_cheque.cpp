@@ -1,4 +1,5 @@
 // Cancellation of a check for good.
+#include "core/codes.h"
 #include "core/operation.h"
 #include "core/validations.h"
 #include "cuvexa/tesoreria.h"
@@ -88,18 +89,18 @@ bool Tesoreria::Cancelar_Cheque(const std::string& Ch_Folio) {
                      "Imposible localizar el cheque! \r\n"
                      "Cheque: {}",
                      Ch_Folio);
-        check_same_day(op, lines.date("Ch_Fecha"), Form::tagged);
+        check_same_day(op, lines.date("Ch_Fecha"), Wording::tagged);
         // The guard speaks under the deposit's tag: callers parse this text.
-        op.refuse_plain_if(!Valida_Poliza_Contable("CHEQUE", Ch_Folio), "Cuvexa.dll - Cancelar_Deposito()\r\n{}",
-                           error_);
+        op.under("Cuvexa.dll - Cancelar_Deposito()").relay_unless(Valida_Poliza_Contable(document::check, Ch_Folio));
 
-        if (lines.text("Es_Cve_Estado") == "AP") op.pass_on_unless(Cancelar_Aplicacion_Cheque(Ch_Folio));
-        const bool has_movement = lines.text("EstadoCheque") != "PXA";
+        if (lines.text("Es_Cve_Estado") == state::applied) op.pass_on_unless(Cancelar_Aplicacion_Cheque(Ch_Folio));
+        const bool has_movement = lines.text("EstadoCheque") != state::waiting;
         for (; !lines.eof(); lines.next()) {
-            if (lines.text("Tc_Solicitar") == "02") cancel_expense(op, Ch_Folio, lines.text("Cxp_Folio"), by);
+            if (lines.text("Tc_Solicitar") == check_purpose::expense_to_verify)
+                cancel_expense(op, Ch_Folio, lines.text("Cxp_Folio"), by);
         }
         mark_cancelled(op, Ch_Folio, by);
-        if (has_movement) op.pass_on_unless(Cancelar_Documento_Bancos("CHEQUE", Ch_Folio));
+        if (has_movement) op.pass_on_unless(Cancelar_Documento_Bancos(document::check, Ch_Folio));
     });
 }
 

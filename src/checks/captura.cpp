@@ -1,4 +1,5 @@
 // Capture of a check or transfer: its lines one by one, then its single row with their total.
+#include "core/codes.h"
 #include "core/operation.h"
 #include "core/validations.h"
 #include "cuvexa/tesoreria.h"
@@ -12,8 +13,8 @@ void check_catalogs(Operation& op, const tTsEncabezado& header) {
     const std::string& branch = header.Sucursal.Sc_Cve_Sucursal;
     op.refuse_plain_if(op.data().LookupValue("Sc_Descripcion", "Sc_Cve_Sucursal", branch, "Sucursal").empty(),
                        "La sucursal: {}, no existe o está dada de baja", branch);
-    check_currency(op, header.Mn_Cve_Moneda, Form::plain);
-    check_check_type(op, header.Tc_Cve_Tipo_Cheque, Form::plain);
+    check_currency(op, header.Mn_Cve_Moneda, Wording::plain);
+    check_check_type(op, header.Tc_Cve_Tipo_Cheque, Wording::plain);
 }
 
 /// A number is issued once per account and kind: a check and a transfer may share it. A cancelled check frees it.
@@ -36,15 +37,14 @@ void check_not_issued(Operation& op, const tTsEncabezado& header) {
 }
 
 void check_header(Operation& op, const tTsEncabezado& header) {
-    check_central_server(
-        op, op.data().LookupValue("Sc_Servidor_Id", "Sc_Cve_Sucursal", header.Sucursal.Sc_Cve_Sucursal, "Sucursal"),
-        Form::plain);
-    check_same_day(op, header.Ch_Fecha, Form::plain);
-    check_operating_period(op, header.Ch_Fecha, Form::plain);
+    check_central_server(op, branch_server_id(op.data(), header.Sucursal.Sc_Cve_Sucursal), Wording::plain);
+    check_same_day(op, header.Ch_Fecha, Wording::plain);
+    check_operating_period(op, header.Ch_Fecha, Wording::plain);
     check_catalogs(op, header);
     op.refuse_plain_if(header.Ch_Transferencia.empty(), "No se indicó el tipo de operación (cheque o transferencia)");
-    check_rate(op, header.Ch_Tipo_Cambio, Form::plain);
-    check_beneficiary(op, header.Tc_Cve_Tipo_Cheque, header.Ch_Solicitar_Valor, Advance::names_supplier, Form::plain);
+    check_rate(op, header.Ch_Tipo_Cambio, Wording::plain);
+    check_beneficiary(op, header.Tc_Cve_Tipo_Cheque, header.Ch_Solicitar_Valor, Advance::names_supplier,
+                      Wording::plain);
     check_not_issued(op, header);
 }
 
@@ -54,7 +54,7 @@ bool Tesoreria::Add_Cheque_Detalle() {
     return operation(module_, error_, "Cuvexa.dll - Add_Cheque_Detalle()", [&](Operation& op) {
         if (check_.Ch_Folio.empty()) {
             check_header(op, check_);
-            const std::string folio = op.data().GetNextFolio(check_.Sucursal.Sc_Cve_Sucursal, "CHEQUE");
+            const std::string folio = op.data().GetNextFolio(check_.Sucursal.Sc_Cve_Sucursal, document::check);
             op.refuse_plain_if(folio.empty(), "Error al intentar obtener el folio del cheque!");
             line_counter_ = 0;
             check_stamp_ = op.server_stamp();

@@ -8,20 +8,17 @@
 // Crear_Cheque_Gasto_x_Comprobar      yes             expense to verify   unless held back      the expense
 // Crear_Cheque_Deudor                 yes             debtor loan         unless held back
 // Crear_Traspaso_Cuenta_Propia        no              no                  never                 refuses a missing folio
+#include "core/codes.h"
 #include "core/operation.h"
 #include "cuvexa/tesoreria.h"
 
 namespace cuvexa {
 namespace {
 
-constexpr auto held_back = "PXA";
-
-enum Budget { supplier_advance = 0, expense_to_verify = 1, debtor_loan = 3, customer_refund = 4 };
-
 /// The budget check, then the bank movement unless the budget holds the check back. True when there is a movement.
-bool budget_then_movement(Operation& op, Tesoreria& treasury, const std::string& folio, Budget kind) {
+bool budget_then_movement(Operation& op, Tesoreria& treasury, const std::string& folio, int kind) {
     op.pass_on_unless(treasury.Afectar_Cheque_Presupuesto(folio, kind));
-    if (op.data().LookupValue("Es_Cve_Estado", "Ch_Folio", folio, "Cheque") == held_back) return false;
+    if (op.data().LookupValue("Es_Cve_Estado", "Ch_Folio", folio, "Cheque") == state::waiting) return false;
     op.pass_on_unless(treasury.Registra_Movimiento_Bancario_Cheque(folio));
     return true;
 }
@@ -92,14 +89,14 @@ bool Tesoreria::Crear_Cheque_Anticipo_Cxp() {
     return operation(module_, error_, "Cuvexa.dll - Crear_Cheque_Anticipo_Cxp()", [&](Operation& op) {
         op.pass_on_unless(Add_Cheque_Detalle());
         op.pass_on_unless(Inserta_Cheque(check_.Ch_Folio));
-        budget_then_movement(op, *this, check_.Ch_Folio, supplier_advance);
+        budget_then_movement(op, *this, check_.Ch_Folio, budget::supplier_advance);
     });
 }
 
 bool Tesoreria::Crear_Cheque_Devolucion_Cliente() {
     return operation(module_, error_, "Cuvexa.dll - Crear_Cheque_Devolucion_Cliente()", [&](Operation& op) {
         op.pass_on_unless(Inserta_Cheque(check_.Ch_Folio));
-        budget_then_movement(op, *this, check_.Ch_Folio, customer_refund);
+        budget_then_movement(op, *this, check_.Ch_Folio, budget::customer_refund);
     });
 }
 
@@ -114,7 +111,7 @@ bool Tesoreria::Crear_Cheque_Gasto_x_Comprobar() {
         insert_expense(op, expense, check_, check_line_.Ch_Tipo_Cambio, check_stamp_);
         point_lines_to(op, check_.Ch_Folio, expense);
 
-        if (budget_then_movement(op, *this, check_.Ch_Folio, expense_to_verify)) mark_paid(op, expense);
+        if (budget_then_movement(op, *this, check_.Ch_Folio, budget::expense_to_verify)) mark_paid(op, expense);
     });
 }
 
@@ -122,7 +119,7 @@ bool Tesoreria::Crear_Cheque_Deudor() {
     return operation(module_, error_, "Cuvexa.dll - Crear_Cheque_Deudor()", [&](Operation& op) {
         op.pass_on_unless(Add_Cheque_Detalle());
         op.pass_on_unless(Inserta_Cheque(check_.Ch_Folio));
-        budget_then_movement(op, *this, check_.Ch_Folio, debtor_loan);
+        budget_then_movement(op, *this, check_.Ch_Folio, budget::debtor_loan);
     });
 }
 

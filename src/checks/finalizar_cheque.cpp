@@ -1,12 +1,11 @@
 // The closing step of a check: its own voucher, and its registration as finished.
+#include "core/codes.h"
 #include "core/operation.h"
 #include "core/posting.h"
 #include "cuvexa/tesoreria.h"
 
 namespace cuvexa {
 namespace {
-
-constexpr auto code = "CHEQUE";
 
 std::string company_of(Operation& op, const std::string& folio) {
     const Rows company = op.query(
@@ -27,8 +26,9 @@ std::string company_of(Operation& op, const std::string& folio) {
 bool Tesoreria::Finalizar_Cheque(const std::string& Ch_Folio) {
     return operation(module_, error_, "Cuvexa.dll - Finalizar_Cheque()", [&](Operation& op) {
         const auto accounting = module_.suite().new_accounting();
-        if (accounting->IsPostingEnabled(code)) post(op, *accounting, code, Ch_Folio, company_of(op, Ch_Folio));
-        op.relay_unless(op.data().RegisterDocument(code, Ch_Folio), [&] { return op.data().LastErrorText(); });
+        if (accounting->IsPostingEnabled(document::check))
+            post(op, *accounting, document::check, Ch_Folio, company_of(op, Ch_Folio));
+        op.relay_unless(op.data().RegisterDocument(document::check, Ch_Folio), op.data());
     });
 }
 

@@ -1,16 +1,17 @@
-// When what is owed falls due.
+// When what is owed falls due: the document's date plus the credit days of who owes it.
 #pragma once
 
 #include <string>
 
-#include "cuvexa/date.h"
-#include "cuvexa/value.h"
+#include "core/operation.h"
 
 namespace cuvexa {
 
-/// The date plus the credit days that a look-up gave; an empty text, which is no such row, gives none.
-inline Date due_date(Date date, const std::string& credit_days) {
-    return credit_days.empty() ? date : add_days(date, to_integer(credit_days));
-}
+/// A supplier that is not active has no credit days.
+Date supplier_due_date(Operation& op, Date date, const std::string& supplier);
+
+/// The same of a customer. `table` and `condition` are those of the look-up, which the callers word each in its own way.
+Date customer_due_date(Operation& op, Date date, const std::string& customer, const std::string& table,
+                       const std::string& condition = {});
 
 }  // namespace cuvexa

@@ -20,7 +20,7 @@ std::string shown_number(double number);
 double as_written(double number);
 
 /// A line number as the documents write it: at least four digits, "0001".
-std::string four_digits(int number);
+std::string four_digits(std::int64_t number);
 
 /// Raises a 16-bit line counter and gives the line number. Throws `Automation_error` (6) after 32767.
 std::string next_line_number(std::int16_t& counter);

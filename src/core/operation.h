@@ -4,19 +4,30 @@
 #include <exception>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
-#include "core/rows.h"
-#include "core/statement.h"
-#include "cuvexa/module.h"
+#include "core/query.h"
 
 namespace cuvexa {
 
 inline constexpr std::string_view line_break = "\r\n";
 
-/// A business refusal on its way to `Error`. It carries the finished text.
+/// A business refusal on its way to `Error`. It carries the finished text; `Operation` alone throws it.
 struct Refusal {
     std::string text;
 };
+
+/// How a refusal is worded: the message alone, or behind the tag of the operation.
+enum class Wording { plain, tagged };
+
+/// The text that a service left when it refused.
+template <class Service>
+std::string last_error(Service& service) {
+    return service.LastError();
+}
+inline std::string last_error(DataServices& service) {
+    return service.LastErrorText();
+}
 
 /// One operation in progress. Inside it a failure is an exception; the frame below makes it a Boolean.
 class Operation {
@@ -32,8 +43,7 @@ public:
 
     template <class... Arguments>
     Rows query(Holes<std::type_identity_t<Arguments>...> statement, const Arguments&... arguments) {
-        fill(module_.statement(), statement, arguments...);
-        return Rows(session().GetConnection().execute(module_.statement()));
+        return cuvexa::query(module_, statement, arguments...);
     }
 
     template <class... Arguments>
@@ -53,31 +63,50 @@ public:
     }
     template <class... Arguments>
     void refuse_if(bool condition, Holes<std::type_identity_t<Arguments>...> message, const Arguments&... arguments) {
-        if (condition) throw Refusal{tagged(filled(message, arguments...))};
+        if (condition) refuse(message, arguments...);
     }
 
     /// The message alone, with or without data in it.
     template <class... Arguments>
+    [[noreturn]] void refuse_plain(Holes<std::type_identity_t<Arguments>...> message, const Arguments&... arguments) {
+        throw Refusal{filled(message, arguments...)};
+    }
+    template <class... Arguments>
     void refuse_plain_if(bool condition, Holes<std::type_identity_t<Arguments>...> message,
                          const Arguments&... arguments) {
-        if (condition) throw Refusal{filled(message, arguments...)};
+        if (condition) refuse_plain(message, arguments...);
+    }
+
+    /// One of the two, as the operation words a validation that it shares with others.
+    template <class... Arguments>
+    [[noreturn]] void refuse_as(Wording wording, Holes<std::type_identity_t<Arguments>...> message,
+                                const Arguments&... arguments) {
+        if (wording == Wording::tagged) refuse(message, arguments...);
+        refuse_plain(message, arguments...);
     }
 
     /// Tag, line break, and the text that a member called inside left in `Error`.
     void relay_unless(bool succeeded) {
         if (!succeeded) throw Refusal{tagged(error_)};
     }
-
-    /// Tag, line break, and the last error of a service. `last_error` is asked only when the service failed.
-    template <class Last_error>
-    void relay_unless(bool succeeded, Last_error&& last_error) {
-        if (!succeeded) throw Refusal{tagged(last_error())};
+    /// Tag, line break, and the last error of the service, which is asked only when it refused.
+    template <class Service>
+    void relay_unless(bool succeeded, Service& service) {
+        if (!succeeded) throw Refusal{tagged(last_error(service))};
     }
 
     /// The text that a member called inside left in `Error` becomes this operation's own.
     void pass_on_unless(bool succeeded) {
         if (!succeeded) throw Refusal{error_};
     }
+    /// So does the last error of the service.
+    template <class Service>
+    void pass_on_unless(bool succeeded, Service& service) {
+        if (!succeeded) throw Refusal{last_error(service)};
+    }
+
+    /// The same operation where it speaks under another tag, as callers know it from there.
+    Operation under(std::string_view tag) const { return Operation(module_, error_, tag); }
 
     std::string tagged(std::string_view message) const {
         std::string text(tag_);

@@ -6,7 +6,7 @@ void post(Operation& op, AccountingService& accounting, const std::string& code,
           const std::string& company) {
     const bool posted = accounting.PostDocument(code, folio, company);
     const std::string complaint = accounting.LastError();
-    op.relay_unless(posted && complaint.empty(), [&] { return complaint; });
+    op.refuse_if(!posted || !complaint.empty(), "{}", complaint);
 }
 
 void post_if_enabled(Operation& op, AccountingService& accounting, const std::string& code, const std::string& folio,

@@ -1,6 +1,8 @@
 // The members that belong to no subsystem: construction, the check's header and line, what is not supported.
 #include "cuvexa/tesoreria.h"
 
+#include <utility>
+
 #include "core/number_text.h"
 #include "core/report.h"
 
@@ -15,21 +17,15 @@ Tesoreria::Tesoreria(Module& module) : module_(module) {}
 
 void Tesoreria::Encabezado(const tTsEncabezado& value) {
     if (!check_.Ch_Folio.empty()) return;
-    // The folio is the component's; the second currency and its rate are never taken from the caller.
-    check_.Ch_Fecha = value.Ch_Fecha;
-    check_.Tc_Cve_Tipo_Cheque = value.Tc_Cve_Tipo_Cheque;
-    check_.Ch_Transferencia = value.Ch_Transferencia;
-    check_.Ch_Tabla = value.Ch_Tabla;
-    check_.Ch_Documento = value.Ch_Documento;
-    check_.Ch_Referencia = value.Ch_Referencia;
-    check_.Ch_Concepto = value.Ch_Concepto;
-    check_.Ch_Beneficiario = value.Ch_Beneficiario;
-    check_.Bc_Cve_Banco_Cuenta = value.Bc_Cve_Banco_Cuenta;
-    check_.Bc_Cve_Banco_Cuenta2 = value.Bc_Cve_Banco_Cuenta2;
-    check_.Mn_Cve_Moneda = value.Mn_Cve_Moneda;
-    check_.Ch_Tipo_Cambio = value.Ch_Tipo_Cambio;
-    check_.Ch_Solicitar_Valor = value.Ch_Solicitar_Valor;
-    check_.Sucursal.Sc_Cve_Sucursal = value.Sucursal.Sc_Cve_Sucursal;
+    // The folio is the component's, and of the branch only the key is kept. The second currency and its rate are never
+    // taken from the caller.
+    tTsEncabezado taken = value;
+    taken.Ch_Folio.clear();
+    taken.Mn_Cve_Moneda_2.clear();
+    taken.Ch_Tipo_Cambio_2 = 0;
+    taken.Sucursal = {};
+    taken.Sucursal.Sc_Cve_Sucursal = value.Sucursal.Sc_Cve_Sucursal;
+    check_ = std::move(taken);
 }
 
 void Tesoreria::Detalle(const tTsDetalle& value) {

@@ -1,4 +1,5 @@
 #include "core/validations.h"
+#include "core/codes.h"
 
 #include <cmath>
 
@@ -7,79 +8,79 @@
 namespace cuvexa {
 namespace {
 
-[[noreturn]] void refuse(const Operation& op, Form form, const std::string& message) {
-    throw Refusal{form == Form::tagged ? op.tagged(message) : message};
-}
-
 bool is_active_customer(Operation& op, const std::string& key, const char* kind) {
     return !op.data().LookupValue("Cl_Descripcion", "Cl_Cve_Cliente", key, "Cliente", kind).empty();
 }
 
 }  // namespace
 
-void check_central_server(Operation& op, const std::string& branch_server_id, Form form) {
+std::string branch_server_id(DataServices& data, const std::string& branch) {
+    return data.LookupValue("Sc_Servidor_Id", "Sc_Cve_Sucursal", branch, "Sucursal");
+}
+
+void check_central_server(Operation& op, const std::string& branch_server_id, Wording wording) {
     if (branch_server_id.empty()) {
         if (op.session().IsReplicaServer()) {
-            refuse(op, form, "Esta operación solo puede realizarse en el servidor central");
+            op.refuse_as(wording, "Esta operación solo puede realizarse en el servidor central");
         }
     } else if (branch_server_id != op.module().server_id()) {
-        refuse(op, form,
-               filled("Esta operación solo puede realizarse en el servidor con id: {}\r\n"
-                      "el id del servidor actual es: {}",
-                      branch_server_id, op.module().server_id()));
+        op.refuse_as(wording,
+                     "Esta operación solo puede realizarse en el servidor con id: {}\r\n"
+                     "el id del servidor actual es: {}",
+                     branch_server_id, op.module().server_id());
     }
 }
 
-void check_same_day(Operation& op, Date document_date, Form form) {
+void check_same_day(Operation& op, Date document_date, Wording wording) {
     if (!op.module().parameters().GEN_FORZAR_TIEMPO_REAL) return;
     const Date today = op.data().GetServerDate();
     if (day_of(document_date) == day_of(today)) return;
-    refuse(op, form,
-           filled("No es posible realizar esta operación, la fecha del documento no es del día actual\r\n"
-                  "Fecha del documento: {}, fecha del día: {}",
-                  short_date(document_date), short_date(today)));
+    op.refuse_as(wording,
+                 "No es posible realizar esta operación, la fecha del documento no es del día actual\r\n"
+                 "Fecha del documento: {}, fecha del día: {}",
+                 short_date(document_date), short_date(today));
 }
 
-void check_operating_period(Operation& op, Date document_date, Form form) {
+void check_operating_period(Operation& op, Date document_date, Wording wording) {
     if (!op.module().boolean_parameter("GEN_VALIDAR_PERIODO_OPERATIVO")) return;
     if (op.data().IsOperatingPeriodOpen(document_date, "FINANZAS")) return;
-    refuse(op, form,
-           filled("El período operativo correspondiente a la fecha: {}, está cerrado o no existe!",
-                  dashed_date(document_date)));
+    op.refuse_as(wording, "El período operativo correspondiente a la fecha: {}, está cerrado o no existe!",
+                 dashed_date(document_date));
 }
 
-void check_currency(Operation& op, const std::string& currency, Form form) {
+void check_currency(Operation& op, const std::string& currency, Wording wording) {
     if (!op.data().LookupValue("Mn_Descripcion", "Mn_Cve_Moneda", currency, "Moneda").empty()) return;
-    refuse(op, form, filled("La moneda: {}, no existe o está dada de baja", currency));
+    op.refuse_as(wording, "La moneda: {}, no existe o está dada de baja", currency);
 }
 
-void check_check_type(Operation& op, const std::string& check_type, Form form) {
+void check_check_type(Operation& op, const std::string& check_type, Wording wording) {
     if (!op.data().LookupValue("Tc_Descripcion", "Tc_Cve_Tipo_Cheque", check_type, "Tipo_Cheque").empty()) return;
     // Without accent: callers know it so, here and below.
-    refuse(op, form, filled("El tipo de cheque: {}, no existe o esta dado de baja", check_type));
+    op.refuse_as(wording, "El tipo de cheque: {}, no existe o esta dado de baja", check_type);
 }
 
 void check_beneficiary(Operation& op, const std::string& check_type, const std::string& key, Advance advance,
-                       Form form) {
+                       Wording wording) {
     if (check_type == "0000") return;
     const std::string asked = op.data().LookupValue("Tc_Solicitar", "Tc_Cve_Tipo_Cheque", check_type, "Tipo_Cheque");
-    if (asked == "01" || (asked == "05" && advance == Advance::names_supplier)) {
+    if (asked == check_purpose::supplier_payment ||
+        (asked == check_purpose::supplier_advance && advance == Advance::names_supplier)) {
         if (op.data().LookupValue("Pv_Descripcion", "Pv_Cve_Proveedor", key, "Proveedor").empty()) {
-            refuse(op, form, filled("El proveedor: {}, no existe o esta dado de baja", key));
+            op.refuse_as(wording, "El proveedor: {}, no existe o esta dado de baja", key);
         }
-    } else if (asked == "02" || asked == "04") {
+    } else if (asked == check_purpose::expense_to_verify || asked == check_purpose::debtor_loan) {
         if (!is_active_customer(op, key, "Tc_Cve_Tipo_Cliente = 'DE'")) {
-            refuse(op, form, filled("El deudor: {}, no existe o esta dado de baja", key));
+            op.refuse_as(wording, "El deudor: {}, no existe o esta dado de baja", key);
         }
-    } else if (asked == "03") {
+    } else if (asked == check_purpose::customer_refund) {
         if (!is_active_customer(op, key, "Tc_Cve_Tipo_Cliente = 'CL'")) {
-            refuse(op, form, filled("El cliente: {}, no existe o esta dado de baja", key));
+            op.refuse_as(wording, "El cliente: {}, no existe o esta dado de baja", key);
         }
     }
 }
 
-void check_rate(Operation& op, double rate, Form form) {
-    if (!is_valid_rate(rate)) refuse(op, form, filled("El tipo de cambio: {}, no es válido", shown_number(rate)));
+void check_rate(Operation& op, double rate, Wording wording) {
+    if (!is_valid_rate(rate)) op.refuse_as(wording, "El tipo de cambio: {}, no es válido", shown_number(rate));
 }
 
 bool is_valid_rate(double rate) {

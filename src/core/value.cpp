@@ -6,6 +6,7 @@
 
 #include "core/case.h"
 #include "core/number_text.h"
+#include "core/text.h"
 #include "cuvexa/errors.h"
 
 namespace cuvexa {
@@ -23,14 +24,10 @@ namespace {
     throw Automation_error(error_invalid_use_of_null, "Uso no válido de Null");
 }
 
-std::string_view trimmed(std::string_view text) {
-    const auto first = text.find_first_not_of(" \t");
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
+constexpr std::string_view blanks = " \t";
 
 double parse_number(std::string_view text) {
-    text = trimmed(text);
+    text = trimmed(text, blanks);
     if (text.starts_with('+')) text.remove_prefix(1);
     double number = 0;
     const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -39,7 +36,7 @@ double parse_number(std::string_view text) {
 }
 
 bool parse_boolean(std::string_view text) {
-    text = trimmed(text);
+    text = trimmed(text, blanks);
     if (text.empty() || same_text(text, "False") || same_text(text, "Falso")) return false;
     if (same_text(text, "True") || same_text(text, "Verdadero")) return true;
     return parse_number(text) != 0;
@@ -74,7 +71,7 @@ double as_written(double number) {
     return parse_number(number_text(number));
 }
 
-std::string four_digits(int number) {
+std::string four_digits(std::int64_t number) {
     std::string digits = std::to_string(number);
     return digits.size() < 4 ? std::string(4 - digits.size(), '0') + digits : digits;
 }

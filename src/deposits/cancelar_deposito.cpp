@@ -1,4 +1,5 @@
 // Cancellation of a deposit: receipts and deposit lines first, the bank last.
+#include "core/codes.h"
 #include "core/operation.h"
 #include "core/validations.h"
 #include "cuvexa/tesoreria.h"
@@ -43,13 +44,13 @@ bool Tesoreria::Cancelar_Deposito(const std::string& Dp_Folio) {
 
         auto deposit = op.query("SELECT * FROM Deposito_Pago WHERE Dp_Folio = '{}' ", Dp_Folio);
         op.refuse_if(deposit.eof(), "El depósito: {}, no existe!", Dp_Folio);
-        op.refuse_if(deposit.text("Es_Cve_Estado") == "CA", "El depósito: {}, está cancelado!", Dp_Folio);
-        check_same_day(op, deposit.date("Dp_Fecha"), Form::tagged);
-        op.relay_unless(Valida_Poliza_Contable("DEPOSITO_PAGO", Dp_Folio));
+        op.refuse_if(deposit.text("Es_Cve_Estado") == state::cancelled, "El depósito: {}, está cancelado!", Dp_Folio);
+        check_same_day(op, deposit.date("Dp_Fecha"), Wording::tagged);
+        op.relay_unless(Valida_Poliza_Contable(document::deposit, Dp_Folio));
 
         restore_receipts(op, Dp_Folio);
         cancel_lines(op, Dp_Folio, stamp);
-        op.relay_unless(Cancelar_Documento_Bancos("DEPOSITO_PAGO", Dp_Folio));
+        op.relay_unless(Cancelar_Documento_Bancos(document::deposit, Dp_Folio));
     });
 }
 

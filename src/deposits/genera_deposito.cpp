@@ -1,6 +1,7 @@
 // Deposit of cash receipts into a bank account: one line and one bank movement per group of payment lines.
 #include <string>
 
+#include "core/codes.h"
 #include "core/number_text.h"
 #include "core/operation.h"
 #include "core/posting.h"
@@ -9,8 +10,6 @@
 
 namespace cuvexa {
 namespace {
-
-constexpr auto code = "DEPOSITO_PAGO";
 
 /// "R1, R2" as the content of an IN list: 'R1','R2'.
 std::string quoted_list(std::string folios) {
@@ -57,22 +56,15 @@ struct Deposit {
     std::string folio;
 };
 
-// What the two queries compute of a receipt line: cash folds whatever its bank and check, and the movement's comment comes
-// from the kind of payment. The grouping repeats the expressions without their names.
-constexpr auto computed_columns =
-    "   CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN 'DEPOSITO EFECTIVO' "
+// What the statements compute of a receipt line: cash folds whatever its bank and check, and the movement's comment comes from
+// the kind of payment.
+constexpr auto line_comment =
+    "CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN 'DEPOSITO EFECTIVO' "
     "      WHEN Forma_Pago.Fp_Tipo = '02' THEN 'DEPOSITO CON CHEQUE' "
     "      WHEN Forma_Pago.Fp_Tipo = '04' THEN 'DEPOSITO CON TARJETA DE CREDITO' "
-    "      ELSE Rp_Comentario END as Rp_Comentario, "
-    "   CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN '' ELSE Rp_Banco END as Rp_Banco, "
-    "   CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN '' ELSE Rp_Cheque END as Rp_Cheque, ";
-constexpr auto computed_expressions =
-    "   CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN 'DEPOSITO EFECTIVO' "
-    "      WHEN Forma_Pago.Fp_Tipo = '02' THEN 'DEPOSITO CON CHEQUE' "
-    "      WHEN Forma_Pago.Fp_Tipo = '04' THEN 'DEPOSITO CON TARJETA DE CREDITO' "
-    "      ELSE Rp_Comentario END, "
-    "   CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN '' ELSE Rp_Banco END, "
-    "   CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN '' ELSE Rp_Cheque END, ";
+    "      ELSE Rp_Comentario END";
+constexpr auto line_bank = "CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN '' ELSE Rp_Banco END";
+constexpr auto line_check = "CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN '' ELSE Rp_Cheque END";
 
 /// The deposit is refused when none of the receipts is in a state that can be deposited.
 bool any_receipt(Operation& op, const std::string& receipts) {
@@ -80,7 +72,9 @@ bool any_receipt(Operation& op, const std::string& receipts) {
         "SELECT "
         "   Sucursal.Sc_Cve_Sucursal, "
         "   Forma_Pago.Fp_Cve_Forma_Pago, "
-        "{}"
+        "   {} as Rp_Comentario, "
+        "   {} as Rp_Banco, "
+        "   {} as Rp_Cheque, "
         "   SUM(Rp_Importe) as Rp_Importe, "
         "   Mn_Cve_Moneda, "
         "   Recibo_Pago.Rp_Tipo_Cambio, "
@@ -93,7 +87,9 @@ bool any_receipt(Operation& op, const std::string& receipts) {
         "GROUP BY "
         "   Sucursal.Sc_Cve_Sucursal, "
         "   Forma_Pago.Fp_Cve_Forma_Pago, "
-        "{}"
+        "   {}, "
+        "   {}, "
+        "   {}, "
         "   Mn_Cve_Moneda, "
         "   Recibo_Pago.Rp_Tipo_Cambio, "
         "   Sucursal.Em_Cve_Empresa "
@@ -101,7 +97,7 @@ bool any_receipt(Operation& op, const std::string& receipts) {
         "   Forma_Pago.Fp_Cve_Forma_Pago, "
         "   Rp_Banco, "
         "   Rp_Cheque",
-        computed_columns, receipts, computed_expressions);
+        line_comment, line_bank, line_check, receipts, line_comment, line_bank, line_check);
     return !rows.eof();
 }
 
@@ -111,7 +107,9 @@ Rows groups(Operation& op, const std::string& receipts) {
         "   Recibo_Pago.Sc_Cve_Sucursal, "
         "   Sucursal.Em_Cve_Empresa, "
         "   Forma_Pago.Fp_Cve_Forma_Pago, "
-        "{}"
+        "   {} as Rp_Comentario, "
+        "   {} as Rp_Banco, "
+        "   {} as Rp_Cheque, "
         "   SUM(Rp_Importe) as Rp_Importe, "
         "   Mn_Cve_Moneda, "
         "   Recibo_Pago.Rp_Tipo_Cambio "
@@ -124,14 +122,16 @@ Rows groups(Operation& op, const std::string& receipts) {
         "   Recibo_Pago.Sc_Cve_Sucursal, "
         "   Sucursal.Em_Cve_Empresa, "
         "   Forma_Pago.Fp_Cve_Forma_Pago, "
-        "{}"
+        "   {}, "
+        "   {}, "
+        "   {}, "
         "   Mn_Cve_Moneda, "
         "   Recibo_Pago.Rp_Tipo_Cambio "
         "ORDER BY "
         "   Forma_Pago.Fp_Cve_Forma_Pago, "
         "   Rp_Banco, "
         "   Rp_Cheque ",
-        computed_columns, receipts, computed_expressions);
+        line_comment, line_bank, line_check, receipts, line_comment, line_bank, line_check);
 }
 
 void insert_line(Operation& op, const Deposit& deposit, const std::string& line_id, const Group& group) {
@@ -165,7 +165,7 @@ tBnMovimiento movement_of(const Deposit& deposit, const std::string& line_id, co
     movement.Bt_Cve_Banco_Tipo_Movimiento = deposit.movement_type;
     movement.Bm_Fecha = deposit.date;
     movement.Bm_Fecha_Firme = deposit.firm ? deposit.firm_date : deposit.date;
-    movement.Bm_Tabla = code;
+    movement.Bm_Tabla = document::deposit;
     movement.Bm_Documento = deposit.folio;
     movement.Bm_Documento_ID = line_id;
     movement.Bm_Referencia = group.check;
@@ -191,10 +191,10 @@ void mark_receipts(Operation& op, const Deposit& deposit, const std::string& lin
         "   Recibo_Pago.Rp_Folio IN ({}) AND "
         "   Recibo_Pago.Es_Cve_Estado IN ('AC', 'AP') AND "
         "   Recibo_Pago.Fp_Cve_Forma_Pago = '{}' AND "
-        "   (CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN '' ELSE Rp_Banco END) = '{}' AND "
-        "   (CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN '' ELSE Rp_Cheque END) = '{}' ",
-        deposit.folio, line_id, op.data().SqlDate(deposit.date), deposit.receipts, group.method, group.bank,
-        group.check);
+        "   ({}) = '{}' AND "
+        "   ({}) = '{}' ",
+        deposit.folio, line_id, op.data().SqlDate(deposit.date), deposit.receipts, group.method, line_bank, group.bank,
+        line_check, group.check);
 }
 
 }  // namespace
@@ -206,7 +206,7 @@ bool Tesoreria::Genera_Deposito(const std::string& Bc_Cve_Banco_Cuenta, const st
         op.refuse_if(
             op.data().LookupValue("Bc_Descripcion", "Bc_Cve_Banco_Cuenta", Bc_Cve_Banco_Cuenta, "Banco_Cuenta").empty(),
             "No se encontró la información de la cuenta bancaria!");
-        check_same_day(op, Dp_Fecha, Form::tagged);
+        check_same_day(op, Dp_Fecha, Wording::tagged);
 
         Deposit deposit{.account = Bc_Cve_Banco_Cuenta,
                         .receipts = receipts,
@@ -224,7 +224,7 @@ bool Tesoreria::Genera_Deposito(const std::string& Bc_Cve_Banco_Cuenta, const st
         if (rows.eof()) return;  // nothing of these receipts goes to the bank
 
         const std::string company = rows.text("Em_Cve_Empresa");
-        deposit.folio = op.data().GetNextFolio(rows.text("Sc_Cve_Sucursal"), code);
+        deposit.folio = op.data().GetNextFolio(rows.text("Sc_Cve_Sucursal"), document::deposit);
         deposit_folio_ = deposit.folio;
         op.refuse_if(deposit.folio.empty(), "Imposible obtener el folio del depósito");
 
@@ -239,8 +239,8 @@ bool Tesoreria::Genera_Deposito(const std::string& Bc_Cve_Banco_Cuenta, const st
         }
 
         const auto accounting = module_.suite().new_accounting();
-        post_if_enabled(op, *accounting, code, deposit.folio, company);
-        op.relay_unless(op.data().RegisterDocument(code, deposit.folio), [&] { return op.data().LastErrorText(); });
+        post_if_enabled(op, *accounting, document::deposit, deposit.folio, company);
+        op.relay_unless(op.data().RegisterDocument(document::deposit, deposit.folio), op.data());
     });
 }
 

@@ -3,11 +3,11 @@
 #include <array>
 #include <utility>
 
+#include "core/query.h"
 #include "core/report.h"
-#include "core/rows.h"
 #include "dialogs/key_text.h"
 
-namespace cuvexa {
+namespace cuvexa::dialogs {
 namespace {
 
 /// A longer list helps nobody: typing narrows it.
@@ -71,8 +71,7 @@ public:
     std::vector<std::vector<std::string>> rows(const std::string& text) override {
         std::vector<std::vector<std::string>> found;
         reporting(module_, "LookupTextBox_Lista()", "", [&] {
-            module_.statement() = statement(text);
-            Rows rows(module_.session().GetConnection().execute(module_.statement()));
+            Rows rows = query_text(module_, statement(text));
             for (; !rows.eof() && found.size() < most_rows; rows.next()) {
                 auto& row = found.emplace_back();
                 for (const auto& column : catalogue_.columns) row.push_back(rows.text(column));
@@ -107,4 +106,4 @@ std::unique_ptr<Choice_list> choice_list(Module& module, Catalogue catalogue, st
     return std::make_unique<Catalogue_list>(module, std::move(catalogue), std::move(conditions));
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::dialogs

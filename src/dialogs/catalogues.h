@@ -8,7 +8,7 @@
 
 #include "cuvexa/dialogs.h"
 
-namespace cuvexa {
+namespace cuvexa::dialogs {
 
 /// The catalogue of that name, or nothing.
 std::optional<Catalogue> catalogue(const std::string& idconsulta);
@@ -16,4 +16,4 @@ std::optional<Catalogue> catalogue(const std::string& idconsulta);
 /// The rows of the catalogue that meet the conditions, as a list to choose from.
 std::unique_ptr<Choice_list> choice_list(Module& module, Catalogue catalogue, std::vector<std::string> conditions);
 
-}  // namespace cuvexa
+}  // namespace cuvexa::dialogs

@@ -1,8 +1,8 @@
 // The suite's controls: their properties, and what a lookup field does with a key.
 #include <utility>
 
+#include "core/query.h"
 #include "core/report.h"
-#include "core/rows.h"
 #include "cuvexa/dialogs.h"
 #include "dialogs/catalogues.h"
 #include "dialogs/key_text.h"
@@ -69,7 +69,7 @@ void LookupTextBox::Text(const std::string& value) {
 
 void LookupTextBox::type(const std::string& text) {
     if (!takes_focus()) return;
-    const std::string value = mayusculas || formato.starts_with('>') ? capitals(text) : text;
+    const std::string value = mayusculas || formato.starts_with('>') ? dialogs::capitals(text) : text;
     if (value == shown_) return;
     shown_ = value;
     accepted_ = false;
@@ -81,7 +81,7 @@ void LookupTextBox::type(const std::string& text) {
 
 bool LookupTextBox::commit() {
     if (!typed_) return !(esclave && refused_);
-    shown_ = formatted(shown_, formato);
+    shown_ = dialogs::formatted(shown_, formato);
     return validate() || !esclave;
 }
 
@@ -102,9 +102,7 @@ bool LookupTextBox::validate() {
 }
 
 std::optional<std::string> LookupTextBox::description_of(const std::string& key) {
-    auto& statement = form_.module().statement();
-    statement = with_key(sql_, key);
-    Rows rows(form_.module().session().GetConnection().execute(statement));
+    const Rows rows = query_text(form_.module(), dialogs::with_key(sql_, key));
     if (rows.eof()) return std::nullopt;
     return rows.text(sql_columna);
 }
@@ -116,9 +114,9 @@ void LookupTextBox::show_description(const std::string& description) {
 
 void LookupTextBox::open_list() {
     auto* window = form_.window();
-    auto searched = search ? search : catalogue(idconsulta);
+    auto searched = search ? search : dialogs::catalogue(idconsulta);
     if (!window || !searched || !takes_focus()) return;
-    auto list = choice_list(form_.module(), *searched, conditions);
+    auto list = dialogs::choice_list(form_.module(), *searched, conditions);
     const auto chosen = window->choose(*list);
     if (!chosen) return;
     Text(*chosen);

@@ -3,7 +3,7 @@
 #include "core/report.h"
 #include "core/statement.h"
 
-namespace cuvexa {
+namespace cuvexa::dialogs {
 
 frmDeposito::frmDeposito(Module& module)
     : Form(module, "frmDeposito", "Depósito a banco"),
@@ -92,4 +92,4 @@ std::string frmDeposito::answer() {
                   chkFirme.Value());
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::dialogs

@@ -5,7 +5,7 @@
 
 #include "cuvexa/dialogs.h"
 
-namespace cuvexa {
+namespace cuvexa::dialogs {
 
 class frmDeposito : public Form {
 public:
@@ -37,4 +37,4 @@ private:
     void Controles_B1Click();
 };
 
-}  // namespace cuvexa
+}  // namespace cuvexa::dialogs

@@ -2,24 +2,17 @@
 
 #include <cstdint>
 
+#include "core/codes.h"
+#include "core/number_text.h"
+#include "core/query.h"
 #include "core/report.h"
-#include "dialogs/query.h"
+#include "core/text.h"
 
-namespace cuvexa {
+namespace cuvexa::dialogs {
 namespace {
 
 /// The banks that the document's accounts are held at.
 constexpr const char* document_banks_title = "Bancos del documento";
-
-std::string four_digits(std::int64_t number) {
-    std::string digits = std::to_string(number);
-    return digits.size() < 4 ? digits.insert(0, 4 - digits.size(), '0') : digits;
-}
-
-std::string trimmed(const std::string& text) {
-    const auto first = text.find_first_not_of(' ');
-    return first == std::string::npos ? std::string() : text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
 
 }  // namespace
 
@@ -90,7 +83,7 @@ bool frmFormaPago::Mostrar(const std::string& FormaPago) {
                             "WHERE "
                             "   Forma_Pago.Fp_Cve_Forma_Pago = '{}'",
                             FormaPago);
-        if (method.text("Es_Cve_Estado") == "BA") {
+        if (method.text("Es_Cve_Estado") == state::retired) {
             report("La forma de pago está dada de baja!", "Mostrar()", "ERR-ID:7500007");
             return;
         }
@@ -290,4 +283,4 @@ std::string frmFormaPago::answer() const {
     return filled("{}|{}|{}|{}", txtNBanco.Text(), txtReferencia.Text(), txtCuenta.Text(), txtBanco.Text());
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::dialogs

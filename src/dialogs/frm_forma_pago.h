@@ -5,7 +5,7 @@
 
 #include "cuvexa/dialogs.h"
 
-namespace cuvexa {
+namespace cuvexa::dialogs {
 
 class frmFormaPago : public Form {
 public:
@@ -65,4 +65,4 @@ private:
     std::string bank_of_suggestion_;
 };
 
-}  // namespace cuvexa
+}  // namespace cuvexa::dialogs

@@ -2,17 +2,11 @@
 
 #include <algorithm>
 
-namespace cuvexa {
-namespace {
+#include "core/case.h"
+#include "core/text.h"
 
-std::string quoted(std::string_view text) {
-    std::string out = "'";
-    for (const char c : text) {
-        out += c;
-        if (c == '\'') out += c;
-    }
-    return out += '\'';
-}
+namespace cuvexa::dialogs {
+namespace {
 
 /// One pass, so that a mark inside what is put in is never replaced again.
 std::string replaced(std::string_view text, std::string_view mark, std::string_view with) {
@@ -34,12 +28,12 @@ std::string capitals(std::string_view text) {
     std::string out(text);
     for (std::size_t i = 0; i < out.size(); ++i) {
         auto& c = out[i];
-        if (c >= 'a' && c <= 'z') {
-            c = static_cast<char>(c - 'a' + 'A');
-        } else if (c == '\xC3' && i + 1 < out.size()) {
+        if (c == '\xC3' && i + 1 < out.size()) {
             // U+00E0 … U+00FE, "à" to "þ", but not the division sign between them.
             auto& second = out[++i];
             if (second >= '\xA0' && second <= '\xBE' && second != '\xB7') second = static_cast<char>(second - 0x20);
+        } else {
+            c = upper_ascii(c);
         }
     }
     return out;
@@ -53,12 +47,12 @@ std::string formatted(std::string_view key, std::string_view format) {
 }
 
 std::string with_key(std::string_view sql, std::string_view key) {
-    return replaced(sql, "'?'", quoted(key));
+    return replaced(sql, "'?'", sql_quoted(key));
 }
 
 std::string with_pattern(std::string_view sql, std::string_view text) {
     const std::string pattern = std::string("%").append(text).append("%");
-    return replaced(sql, "LIKE ?", std::string("LIKE ").append(quoted(pattern)));
+    return replaced(sql, "LIKE ?", std::string("LIKE ").append(sql_quoted(pattern)));
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::dialogs

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace cuvexa {
+namespace cuvexa::dialogs {
 
 /// Small letters of Spanish as capitals, accents kept.
 std::string capitals(std::string_view text);
@@ -20,4 +20,4 @@ std::string with_key(std::string_view sql, std::string_view key);
 /// The query with every "LIKE ?" completed to look for the text anywhere in the column.
 std::string with_pattern(std::string_view sql, std::string_view text);
 
-}  // namespace cuvexa
+}  // namespace cuvexa::dialogs

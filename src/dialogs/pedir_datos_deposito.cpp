@@ -7,8 +7,8 @@ namespace cuvexa {
 std::string Tesoreria::PedirDatosDeposito(Date FechaDeposito, const std::string& Moneda, int EnFirme,
                                           const std::string& Empresa) {
     std::string answer;
-    run_dialog(module_, error_, "PedirDatosDeposito()", [&](Dialog_toolkit& toolkit) {
-        frmDeposito form(module_);
+    dialogs::run_dialog(module_, error_, "PedirDatosDeposito()", [&](Dialog_toolkit& toolkit) {
+        dialogs::frmDeposito form(module_);
         form.FechaDeposito = FechaDeposito;
         form.Mn_Cve_Moneda = Moneda;
         form.Em_Cve_Empresa = Empresa;

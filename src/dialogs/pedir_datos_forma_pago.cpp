@@ -9,8 +9,8 @@ std::string Tesoreria::PedirDatosFormaPago(const std::string& FormaPago, const s
                                            const std::string& Referencia, const std::string& Cuenta,
                                            const std::string& nBanco, bool bSugerirCuenta) {
     std::string answer;
-    run_dialog(module_, error_, "PedirDatosFormaPago()", [&](Dialog_toolkit& toolkit) {
-        frmFormaPago form(module_);
+    dialogs::run_dialog(module_, error_, "PedirDatosFormaPago()", [&](Dialog_toolkit& toolkit) {
+        dialogs::frmFormaPago form(module_);
         form.Dcb_Tabla = Dcb_Tabla;
         form.Dcb_Documento = Dcb_Documento;
         form.bSugerirCuenta = bSugerirCuenta;

@@ -7,7 +7,7 @@
 #include "core/report.h"
 #include "cuvexa/dialogs.h"
 
-namespace cuvexa {
+namespace cuvexa::dialogs {
 
 /// Runs `body(Dialog_toolkit&)`. When no dialog can be shown, or the form fails outside its own traps, the reason goes
 /// to the suite's error dialog under the member's name and, tagged, to `error`, so that a caller without a screen
@@ -29,4 +29,4 @@ void run_dialog(Module& module, std::string& error, const std::string& member, B
     error = filled("Cuvexa.dll - {}\r\n{}", member, reason);
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::dialogs

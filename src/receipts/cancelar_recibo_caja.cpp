@@ -1,4 +1,5 @@
 // Cancellation of a cash receipt, with what its closing produced and, when asked, its deposit.
+#include "core/codes.h"
 #include "core/operation.h"
 #include "core/validations.h"
 #include "cuvexa/tesoreria.h"
@@ -11,7 +12,7 @@ void release_payment_lines(Operation& op, Rows& lines) {
     for (; !lines.eof(); lines.next()) {
         op.relay_unless(methods.ReleasePaymentLine(lines.text("Fp_Cve_Forma_Pago"), lines.text("Rp_Cheque"),
                                                    lines.text("Rp_Banco")),
-                        [&] { return methods.LastError(); });
+                        methods);
     }
 }
 
@@ -35,8 +36,7 @@ void cancel_applied_payments(Operation& op, const std::string& folio, bool allow
 
     const auto receivables = op.module().suite().new_accounts_receivable();
     for (; !payments.eof(); payments.next()) {
-        op.relay_unless(receivables->CancelPayment(payments.text("Cxc_Folio"), payments.text("Pc_Id")),
-                        [&] { return receivables->LastError(); });
+        op.relay_unless(receivables->CancelPayment(payments.text("Cxc_Folio"), payments.text("Pc_Id")), *receivables);
     }
 }
 
@@ -51,8 +51,7 @@ void cancel_advances(Operation& op, const std::string& folio) {
         folio);
     if (advances.eof()) return;
     const auto receivables = op.module().suite().new_accounts_receivable();
-    op.relay_unless(receivables->CancelDocumentAdvances("RECIBO_PAGO", folio),
-                    [&] { return receivables->LastError(); });
+    op.relay_unless(receivables->CancelDocumentAdvances(document::receipt, folio), *receivables);
 }
 
 void cancel_payables(Operation& op, const std::string& folio) {
@@ -66,7 +65,7 @@ void cancel_payables(Operation& op, const std::string& folio) {
         folio);
     if (created.eof()) return;
     const auto payables = op.module().suite().new_accounts_payable();
-    op.relay_unless(payables->CancelDocumentPayables("RECIBO_PAGO", folio), [&] { return payables->LastError(); });
+    op.relay_unless(payables->CancelDocumentPayables(document::receipt, folio), *payables);
 }
 
 void cancel_receivables(Operation& op, const std::string& folio) {
@@ -80,8 +79,7 @@ void cancel_receivables(Operation& op, const std::string& folio) {
         folio);
     if (created.eof()) return;
     const auto receivables = op.module().suite().new_accounts_receivable();
-    op.relay_unless(receivables->CancelDocumentReceivables("RECIBO_PAGO", folio),
-                    [&] { return receivables->LastError(); });
+    op.relay_unless(receivables->CancelDocumentReceivables(document::receipt, folio), *receivables);
 }
 
 /// Whether the deposit is to be cancelled along with the receipt. Refuses when it may not be.
@@ -136,15 +134,15 @@ bool Tesoreria::Cancelar_Recibo_Caja(const std::string& Rp_Folio, bool bCancelaD
             "ORDER BY Rp_Id ",
             Rp_Folio);
         op.refuse_if(lines.eof(), "No se encontró el recibo de caja:{}, especificado", Rp_Folio);
-        op.refuse_if(lines.text("Es_Cve_Estado") == "CA", "Imposible cancelar el recibo de caja:{}, esta cancelado",
-                     Rp_Folio);
+        op.refuse_if(lines.text("Es_Cve_Estado") == state::cancelled,
+                     "Imposible cancelar el recibo de caja:{}, esta cancelado", Rp_Folio);
         const std::string deposit = lines.text("Rp_Folio_Deposito");
-        check_same_day(op, lines.date("Rp_Fecha"), Form::tagged);
-        op.relay_unless(Valida_Poliza_Contable("RECIBO_PAGO", Rp_Folio));
+        check_same_day(op, lines.date("Rp_Fecha"), Wording::tagged);
+        op.relay_unless(Valida_Poliza_Contable(document::receipt, Rp_Folio));
 
         release_payment_lines(op, lines);
         DocumentPaymentsService& payments = op.module().document_payments();
-        op.relay_unless(payments.CancelDocumentPayments("RECIBO_PAGO", Rp_Folio), [&] { return payments.LastError(); });
+        op.relay_unless(payments.CancelDocumentPayments(document::receipt, Rp_Folio), payments);
         cancel_applied_payments(op, Rp_Folio, bCancelaPagos);
         cancel_advances(op, Rp_Folio);
         cancel_payables(op, Rp_Folio);

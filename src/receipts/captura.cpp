@@ -1,4 +1,5 @@
 // Capture of a cash receipt, line by line.
+#include "core/codes.h"
 #include "core/number_text.h"
 #include "core/operation.h"
 #include "core/validations.h"
@@ -25,12 +26,10 @@ void Tesoreria::NuevoReciboCaja() {
 }
 
 void Tesoreria::RpEncabezado(const tRpEncabezado& value) {
-    branch_server_id_ =
-        module_.data().LookupValue("Sc_Servidor_Id", "Sc_Cve_Sucursal", value.Sucursal.Sc_Cve_Sucursal, "Sucursal");
+    branch_server_id_ = branch_server_id(module_.data(), value.Sucursal.Sc_Cve_Sucursal);
     receipt_ = value;
-    fill(module_.statement(), "SELECT * FROM Tipo_Recibo_Pago WHERE Trp_Cve_Tipo_Recibo_Pago = '{}' ",
-         value.TipoReciboPago.Trp_Cve_Tipo_Recibo_Pago);
-    const Rows type(module_.session().GetConnection().execute(module_.statement()));
+    const Rows type = query(module_, "SELECT * FROM Tipo_Recibo_Pago WHERE Trp_Cve_Tipo_Recibo_Pago = '{}' ",
+                            value.TipoReciboPago.Trp_Cve_Tipo_Recibo_Pago);
     if (type.eof()) return;
     receipt_.TipoReciboPago.Trp_Descripcion = type.text("Trp_Descripcion");
     receipt_.TipoReciboPago.Trp_Solicitar_Fecha = type.text("Trp_Solicitar_Fecha") == "SI";
@@ -43,14 +42,14 @@ bool Tesoreria::Add_Recibo_Caja_Detalle() {
         const clsRpDetalle& extras = *receipt_line_extras_;
 
         if (receipt_.Rp_Folio.empty()) {
-            check_central_server(op, branch_server_id_, Form::plain);
-            check_same_day(op, receipt_.Rp_Fecha, Form::tagged);
-            check_operating_period(op, receipt_.Rp_Fecha, Form::tagged);
-            check_currency(op, receipt_.Mn_Cve_Moneda, Form::plain);
-            check_rate(op, receipt_.Rp_Tipo_Cambio, Form::plain);
+            check_central_server(op, branch_server_id_, Wording::plain);
+            check_same_day(op, receipt_.Rp_Fecha, Wording::tagged);
+            check_operating_period(op, receipt_.Rp_Fecha, Wording::tagged);
+            check_currency(op, receipt_.Mn_Cve_Moneda, Wording::plain);
+            check_rate(op, receipt_.Rp_Tipo_Cambio, Wording::plain);
 
             // Kept at once: when a check of the line below refuses, the receipt has its folio all the same.
-            receipt_.Rp_Folio = op.data().GetNextFolio(receipt_.Sucursal.Sc_Cve_Sucursal, "RECIBO_PAGO");
+            receipt_.Rp_Folio = op.data().GetNextFolio(receipt_.Sucursal.Sc_Cve_Sucursal, document::receipt);
             op.refuse_plain_if(receipt_.Rp_Folio.empty(), "Error al intentar obtener el folio del recibo de caja!");
             line_counter_ = 0;
             receipt_stamp_ = op.server_stamp();
@@ -74,9 +73,9 @@ bool Tesoreria::Add_Recibo_Caja_Detalle() {
         if (validate_payment_method_) {
             PaymentMethodService& methods = op.module().payment_methods();
             op.relay_unless(methods.ValidatePaymentLine(method, receipt_line_.Rp_Cheque, receipt_line_.Rp_Banco,
-                                                        receipt_line_.Rp_Importe, "RECIBO_PAGO", receipt_.Rp_Folio,
+                                                        receipt_line_.Rp_Importe, document::receipt, receipt_.Rp_Folio,
                                                         receipt_.Rp_Referencia, receipt_.Rp_Comentario),
-                            [&] { return methods.LastError(); });
+                            methods);
         }
         op.pass_on_unless(Inserta_Recibo_Pago());
     });

@@ -1,4 +1,5 @@
 // Closing of a cash receipt: what it collected goes to payables, receivables and accounting.
+#include "core/codes.h"
 #include "core/due_date.h"
 #include "core/operation.h"
 #include "core/posting.h"
@@ -7,7 +8,6 @@
 namespace cuvexa {
 namespace {
 
-constexpr auto code = "RECIBO_PAGO";
 constexpr auto source_table = "Recibo_Pago";
 
 /// One row of the closing query: the lines of one payment method, added up.
@@ -37,8 +37,7 @@ struct Collected {
 };
 
 void create_payable(Operation& op, AccountsPayableService& payables, const std::string& folio, const Collected& row) {
-    const Date due =
-        due_date(row.date, op.data().LookupValue("Pv_Dias_Credito", "Pv_Cve_Proveedor", row.party, "Proveedor"));
+    const Date due = supplier_due_date(op, row.date, row.party);
     Payable payable = payables.NewDocument();
     payable.supplier = row.party;
     payable.branch = row.branch;
@@ -52,13 +51,13 @@ void create_payable(Operation& op, AccountsPayableService& payables, const std::
     payable.reference = row.reference;
     payable.currency = row.currency;
     payable.exchange_rate = row.rate;
-    op.relay_unless(payables.CreatePayable(payable), [&] { return payables.LastError(); });
+    op.relay_unless(payables.CreatePayable(payable), payables);
 }
 
 void apply_receipt(Operation& op, AccountsReceivableService& receivables, const std::string& folio,
                    const Collected& row) {
     const Receipt_application receipt{.customer = row.party,
-                                      .document_code = code,
+                                      .document_code = document::receipt,
                                       .folio = folio,
                                       .date = row.date,
                                       .reference = row.reference,
@@ -67,13 +66,11 @@ void apply_receipt(Operation& op, AccountsReceivableService& receivables, const 
                                       .amount = row.amount,
                                       .currency = row.currency,
                                       .exchange_rate = row.rate};
-    op.relay_unless(receivables.ApplyReceipt(receipt), [&] { return receivables.LastError(); });
+    op.relay_unless(receivables.ApplyReceipt(receipt), receivables);
 }
 
 void create_receivable(Operation& op, AccountsReceivableService& receivables, const std::string& folio,
                        const Collected& row) {
-    const Date due =
-        due_date(row.date, op.data().LookupValue("Cl_Dias_Credito", "Cl_Cve_Cliente", row.method_customer, "Cliente"));
     const Receivable receivable{.branch = row.branch,
                                 .customer = row.method_customer,
                                 .exchange_rate = row.rate,
@@ -83,12 +80,12 @@ void create_receivable(Operation& op, AccountsReceivableService& receivables, co
                                 .comment = row.comment,
                                 .reference = row.reference,
                                 .date = row.date,
-                                .due_date = due,
+                                .due_date = customer_due_date(op, row.date, row.method_customer, "Cliente"),
                                 .amount = row.amount,
                                 .net_amount = row.amount,
                                 .net_price_amount = row.amount,
                                 .balance = row.amount};
-    op.relay_unless(receivables.CreateReceivable(receivable), [&] { return receivables.LastError(); });
+    op.relay_unless(receivables.CreateReceivable(receivable), receivables);
 }
 
 void mark_applied(Operation& op, const std::string& folio) {
@@ -153,18 +150,19 @@ bool Tesoreria::FinReciboCaja(const std::string& Rp_Folio) {
 
         for (; !rows.eof(); rows.next()) {
             const Collected row(rows);
-            if (row.asks_for == "04") {
+            if (row.asks_for == receipt_purpose::supplier_loan) {
                 create_payable(op, *payables, Rp_Folio, row);
                 mark_applied(op, Rp_Folio);
-            } else if (row.asks_for == "02" || row.asks_for == "03") {
+            } else if (row.asks_for == receipt_purpose::customer_collection ||
+                       row.asks_for == receipt_purpose::debtor_collection) {
                 apply_receipt(op, *receivables, Rp_Folio, row);
                 mark_applied(op, Rp_Folio);
             }
             if (row.creates_receivable) create_receivable(op, *receivables, Rp_Folio, row);
         }
 
-        post_if_enabled(op, *accounting, code, Rp_Folio, company);
-        op.relay_unless(op.data().RegisterDocument(code, Rp_Folio), [&] { return op.data().LastErrorText(); });
+        post_if_enabled(op, *accounting, document::receipt, Rp_Folio, company);
+        op.relay_unless(op.data().RegisterDocument(document::receipt, Rp_Folio), op.data());
     });
 }
 

@@ -4,6 +4,7 @@
 #include <optional>
 #include <span>
 
+#include "core/codes.h"
 #include "core/number_text.h"
 #include "core/operation.h"
 #include "cuvexa/tesoreria.h"
@@ -53,16 +54,18 @@ struct Kind {
 };
 
 constexpr std::array kinds = {
-    Kind{0, "TES_MODO_AUTORIZAR_ANTICIPO_PROVEEDOR", "05", "un anticipo a proveedor", "Anticipo_Proveedor_Presupuesto",
-         "App_", supplier_levels,
+    Kind{budget::supplier_advance, "TES_MODO_AUTORIZAR_ANTICIPO_PROVEEDOR", check_purpose::supplier_advance,
+         "un anticipo a proveedor", "Anticipo_Proveedor_Presupuesto", "App_", supplier_levels,
          "Proveedor.Pv_Cve_Proveedor AS Proveedor, Grupo_Proveedor.Gp_Cve_Grupo_Proveedor AS Grupo_Proveedor",
          supplier_join},
-    Kind{1, "TES_MODO_AUTORIZAR_GASTO_X_COMPROBAR", "02", "un gasto x comprobar", "Gasto_x_Comprobar_Presupuesto",
-         "Gcp_", debtor_levels, "Cliente.Cl_Cve_Cliente AS Deudor", debtor_join},
-    Kind{3, "TES_MODO_AUTORIZAR_PRESTAMO_DEUDOR", "04", "un préstamo a deudor", "Prestamo_Deudor_Presupuesto", "Pdp_",
-         debtor_levels, "Cliente.Cl_Cve_Cliente AS Deudor", debtor_join},
-    Kind{4, "TES_MODO_AUTORIZAR_DEVOLUCION_CLIENTE", "03", "una devolución a cliente", "Devolucion_Cliente_Presupuesto",
-         "Dcp_", customer_levels, "Cliente.Cl_Cve_Cliente AS Cliente", customer_join},
+    Kind{budget::expense_to_verify, "TES_MODO_AUTORIZAR_GASTO_X_COMPROBAR", check_purpose::expense_to_verify,
+         "un gasto x comprobar", "Gasto_x_Comprobar_Presupuesto", "Gcp_", debtor_levels,
+         "Cliente.Cl_Cve_Cliente AS Deudor", debtor_join},
+    Kind{budget::debtor_loan, "TES_MODO_AUTORIZAR_PRESTAMO_DEUDOR", check_purpose::debtor_loan, "un préstamo a deudor",
+         "Prestamo_Deudor_Presupuesto", "Pdp_", debtor_levels, "Cliente.Cl_Cve_Cliente AS Deudor", debtor_join},
+    Kind{budget::customer_refund, "TES_MODO_AUTORIZAR_DEVOLUCION_CLIENTE", check_purpose::customer_refund,
+         "una devolución a cliente", "Devolucion_Cliente_Presupuesto", "Dcp_", customer_levels,
+         "Cliente.Cl_Cve_Cliente AS Cliente", customer_join},
 };
 
 // Control modes; every other value is no control either.
@@ -86,8 +89,8 @@ void check_chargeable(Operation& op, const std::string& folio) {
     const Rows check = op.query("SELECT * FROM Cheque WHERE Ch_Folio = '{}' ", folio);
     op.refuse_if(check.eof(), "el cheque: {} no existe!", folio);
     const std::string state = check.text("Es_Cve_Estado");
-    op.refuse_if(state == "CA" || state == "AP" || state == "PXA", "Imposible afectar el cheque: {}, con estado: {}",
-                 folio, state);
+    op.refuse_if(state == state::cancelled || state == state::applied || state == state::waiting,
+                 "Imposible afectar el cheque: {}, con estado: {}", folio, state);
 }
 
 /// The month of a check, as the budget tables and the sum of the spent amount see it.

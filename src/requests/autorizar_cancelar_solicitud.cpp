@@ -1,4 +1,5 @@
 // The two ways a captured check request goes on: authorized, or cancelled. Both work on the database alone.
+#include "core/codes.h"
 #include "core/operation.h"
 #include "cuvexa/tesoreria.h"
 
@@ -38,7 +39,7 @@ bool Tesoreria::Cancelar_Solicitud_Cheque(const std::string& Folio) {
                      "Imposible localizar la solicitud de cheque! \r\n"
                      "Solicitud: {}",
                      Folio);
-        op.refuse_if(request.text("Es_Cve_Estado") == "CA",
+        op.refuse_if(request.text("Es_Cve_Estado") == state::cancelled,
                      "La solicitud de cheque ya está cancelada! \r\n"
                      "Solicitud: {}",
                      Folio);

@@ -1,6 +1,7 @@
 // Capture of a check request: the header, its folio and its lines.
 #include <utility>
 
+#include "core/codes.h"
 #include "core/number_text.h"
 #include "core/operation.h"
 #include "core/report.h"
@@ -14,8 +15,8 @@ void check_catalogs(Operation& op, const tSchEncabezado& request) {
     const std::string& branch = request.Sucursal.Sc_Cve_Sucursal;
     op.refuse_if(op.data().LookupValue("Sc_Descripcion", "Sc_Cve_Sucursal", branch, "Sucursal").empty(),
                  "la sucursal: {}, no existe o está dada de baja", branch);
-    check_currency(op, request.Mn_Cve_Moneda, Form::tagged);
-    check_check_type(op, request.Tc_Cve_Tipo_Cheque, Form::tagged);
+    check_currency(op, request.Mn_Cve_Moneda, Wording::tagged);
+    check_check_type(op, request.Tc_Cve_Tipo_Cheque, Wording::tagged);
 }
 
 /// Only emptiness is refused, although the messages speak of valid values.
@@ -26,16 +27,15 @@ void check_options(Operation& op, const tSchEncabezado& request) {
 }
 
 void check_request(Operation& op, const tSchEncabezado& request) {
-    check_central_server(
-        op, op.data().LookupValue("Sc_Servidor_Id", "Sc_Cve_Sucursal", request.Sucursal.Sc_Cve_Sucursal, "Sucursal"),
-        Form::tagged);
-    check_same_day(op, request.Sch_Fecha, Form::tagged);
-    check_operating_period(op, request.Sch_Fecha, Form::tagged);
+    check_central_server(op, branch_server_id(op.data(), request.Sucursal.Sc_Cve_Sucursal), Wording::tagged);
+    check_same_day(op, request.Sch_Fecha, Wording::tagged);
+    check_operating_period(op, request.Sch_Fecha, Wording::tagged);
     check_catalogs(op, request);
     check_options(op, request);
     op.refuse_if(!is_valid_rate(request.Sch_Tipo_Cambio), "el tipo de cambio: {}, no es válido",
                  shown_number(request.Sch_Tipo_Cambio));
-    check_beneficiary(op, request.Tc_Cve_Tipo_Cheque, request.Sch_Solicitar_Valor, Advance::names_none, Form::tagged);
+    check_beneficiary(op, request.Tc_Cve_Tipo_Cheque, request.Sch_Solicitar_Valor, Advance::names_none,
+                      Wording::tagged);
     op.refuse_if(request.Sch_Importe == 0, "Importe del cheque erróneo!");
     // Asked a second time, as checks do; a request never comes so far with a rate that is not valid.
     op.refuse_if(!is_valid_rate(request.Sch_Tipo_Cambio), "El tipo de cambio del cheque es incorrecto!");
@@ -54,7 +54,7 @@ void check_line(Operation& op, const tSchDetalle& line, const std::string& reque
 }
 
 const char* initial_state(Module& module) {
-    return module.parameters().TES_AUTORIZAR_SOLICITUD_CHEQUE ? "PXA" : "AC";
+    return module.parameters().TES_AUTORIZAR_SOLICITUD_CHEQUE ? state::waiting : state::active;
 }
 
 }  // namespace
@@ -80,7 +80,7 @@ bool Tesoreria::Add_Solicitud_Cheque() {
         if (!request_.Sch_Folio.empty()) return;
         check_request(op, request_);
 
-        request_.Sch_Folio = op.data().GetNextFolio(request_.Sucursal.Sc_Cve_Sucursal, "SOLICITUD_CHEQUE");
+        request_.Sch_Folio = op.data().GetNextFolio(request_.Sucursal.Sc_Cve_Sucursal, document::check_request);
         op.refuse_if(request_.Sch_Folio.empty(), "Error al intentar obtener el folio de la solicitud de cheque!");
         request_stamp_ = op.server_stamp();
         op.relay_unless(Inserta_Solicitud_Cheque());

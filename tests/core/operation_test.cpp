@@ -80,15 +80,34 @@ TEST_F(Frame, the_text_of_a_member_called_inside_can_be_passed_on_unchanged) {
 }
 
 TEST_F(Frame, the_last_error_of_a_service_is_asked_only_after_its_failure) {
-    int asked = 0;
-    const auto last_error = [&] {
-        ++asked;
-        return std::string("no alcanza");
-    };
-    EXPECT_TRUE(run([&](Operation& op) { op.relay_unless(true, last_error); }));
-    EXPECT_EQ(asked, 0);
-    EXPECT_FALSE(run([&](Operation& op) { op.relay_unless(false, last_error); }));
+    struct {
+        int asked = 0;
+        std::string LastError() {
+            ++asked;
+            return "no alcanza";
+        }
+    } service;
+    EXPECT_TRUE(run([&](Operation& op) {
+        op.relay_unless(true, service);
+        op.pass_on_unless(true, service);
+    }));
+    EXPECT_EQ(service.asked, 0);
+    EXPECT_FALSE(run([&](Operation& op) { op.relay_unless(false, service); }));
     EXPECT_EQ(error, "Cuvexa.dll - Prueba()\r\nno alcanza");
+    EXPECT_FALSE(run([&](Operation& op) { op.pass_on_unless(false, service); }));
+    EXPECT_EQ(error, "no alcanza");
+    EXPECT_EQ(service.asked, 2);
+}
+
+TEST_F(Frame, the_data_service_is_asked_for_its_own_last_error) {
+    company.on.refuse("RegisterDocument", "sin registro");
+    EXPECT_FALSE(run([](Operation& op) { op.relay_unless(op.data().RegisterDocument("CHEQUE", "CH-1"), op.data()); }));
+    EXPECT_EQ(error, "Cuvexa.dll - Prueba()\r\nsin registro");
+}
+
+TEST_F(Frame, an_operation_may_speak_under_another_tag) {
+    EXPECT_FALSE(run([](Operation& op) { op.under("Cuvexa.dll - Otra()").refuse("mal"); }));
+    EXPECT_EQ(error, "Cuvexa.dll - Otra()\r\nmal");
 }
 
 TEST_F(Frame, any_failure_becomes_the_tag_and_its_description_without_its_number) {
@@ -155,50 +174,51 @@ TEST_F(Frame, a_report_carries_description_icon_routine_no_title_project_and_cod
 TEST_F(Frame, each_shared_validation_is_said_with_or_without_the_tag) {
     company.set_parameter("GEN_FORZAR_TIEMPO_REAL", "1");
     company.on.replica = true;
-    const auto text_of = [&](auto validation, Form form) {
-        EXPECT_FALSE(run([&](Operation& op) { validation(op, form); }));
+    const auto text_of = [&](auto validation, Wording wording) {
+        EXPECT_FALSE(run([&](Operation& op) { validation(op, wording); }));
         return error;
     };
     const auto both = [&](auto validation, const std::string& message) {
-        EXPECT_EQ(text_of(validation, Form::plain), message);
-        EXPECT_EQ(text_of(validation, Form::tagged), "Cuvexa.dll - Prueba()\r\n" + message);
+        EXPECT_EQ(text_of(validation, Wording::plain), message);
+        EXPECT_EQ(text_of(validation, Wording::tagged), "Cuvexa.dll - Prueba()\r\n" + message);
     };
-    both([](Operation& op, Form form) { check_central_server(op, "", form); },
+    both([](Operation& op, Wording wording) { check_central_server(op, "", wording); },
          "Esta operación solo puede realizarse en el servidor central");
-    both([](Operation& op, Form form) { check_central_server(op, "SUR", form); },
+    both([](Operation& op, Wording wording) { check_central_server(op, "SUR", wording); },
          "Esta operación solo puede realizarse en el servidor con id: SUR\r\nel id del servidor actual es: CENTRAL");
-    both([](Operation& op, Form form) { check_same_day(op, make_date(2024, 3, 1), form); },
+    both([](Operation& op, Wording wording) { check_same_day(op, make_date(2024, 3, 1), wording); },
          "No es posible realizar esta operación, la fecha del documento no es del día actual\r\n"
          "Fecha del documento: 01/03/2024, fecha del día: 15/03/2024");
-    both([](Operation& op, Form form) { check_operating_period(op, make_date(2023, 3, 1), form); },
+    both([](Operation& op, Wording wording) { check_operating_period(op, make_date(2023, 3, 1), wording); },
          "El período operativo correspondiente a la fecha: 01-03-2023, está cerrado o no existe!");
-    both([](Operation& op, Form form) { check_currency(op, "EUR", form); },
+    both([](Operation& op, Wording wording) { check_currency(op, "EUR", wording); },
          "La moneda: EUR, no existe o está dada de baja");
-    both([](Operation& op, Form form) { check_rate(op, -0.5, form); }, "El tipo de cambio: -0.5, no es válido");
-    both([](Operation& op, Form form) { check_rate(op, 0, form); }, "El tipo de cambio: 0, no es válido");
+    both([](Operation& op, Wording wording) { check_rate(op, -0.5, wording); },
+         "El tipo de cambio: -0.5, no es válido");
+    both([](Operation& op, Wording wording) { check_rate(op, 0, wording); }, "El tipo de cambio: 0, no es válido");
 }
 
 TEST_F(Frame, shared_validations_let_the_good_ones_pass) {
     company.set_parameter("GEN_FORZAR_TIEMPO_REAL", "1");
     EXPECT_TRUE(run([](Operation& op) {
-        check_central_server(op, "", Form::plain);
-        check_central_server(op, "CENTRAL", Form::plain);
-        check_same_day(op, make_date(2024, 3, 15, 23, 59, 59), Form::plain);
-        check_operating_period(op, make_date(2024, 3, 31, 23, 59, 59), Form::plain);
-        check_currency(op, "USD", Form::plain);
-        check_rate(op, 0.0001, Form::plain);
+        check_central_server(op, "", Wording::plain);
+        check_central_server(op, "CENTRAL", Wording::plain);
+        check_same_day(op, make_date(2024, 3, 15, 23, 59, 59), Wording::plain);
+        check_operating_period(op, make_date(2024, 3, 31, 23, 59, 59), Wording::plain);
+        check_currency(op, "USD", Wording::plain);
+        check_rate(op, 0.0001, Wording::plain);
     })) << error;
 }
 
 TEST_F(Frame, the_central_server_is_asked_for_only_by_a_branch_without_server) {
     company.mark();
-    EXPECT_TRUE(run([](Operation& op) { check_central_server(op, "CENTRAL", Form::plain); }));
+    EXPECT_TRUE(run([](Operation& op) { check_central_server(op, "CENTRAL", Wording::plain); }));
     EXPECT_THAT(company.on.asked, IsEmpty());
 }
 
 TEST_F(Frame, out_of_real_time_the_server_s_date_is_not_even_asked) {
     company.mark();
-    EXPECT_TRUE(run([](Operation& op) { check_same_day(op, make_date(1999, 1, 1), Form::plain); }));
+    EXPECT_TRUE(run([](Operation& op) { check_same_day(op, make_date(1999, 1, 1), Wording::plain); }));
     EXPECT_THAT(company.on.asked, IsEmpty());
 }
 

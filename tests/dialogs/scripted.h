@@ -21,6 +21,9 @@
 
 namespace cuvexa::testing {
 
+using dialogs::frmDeposito;
+using dialogs::frmFormaPago;
+
 /// The window and its user in one. Typing and keys go to the control that has the focus.
 class Scripted_window : public Form_window {
 public:

@@ -1,8 +1,9 @@
-// Statements of forms, composed like those of operations, in the module's buffer.
+// Statements on their way to the database: composed in the module's buffer, run on its session's connection.
 #pragma once
 
 #include <string>
 #include <type_traits>
+#include <utility>
 
 #include "core/rows.h"
 #include "core/statement.h"
@@ -10,6 +11,13 @@
 
 namespace cuvexa {
 
+/// Runs a statement that was composed elsewhere.
+inline Rows query_text(Module& module, std::string statement) {
+    module.statement() = std::move(statement);
+    return Rows(module.session().GetConnection().execute(module.statement()));
+}
+
+/// Runs a statement with its holes filled.
 template <class... Arguments>
 Rows query(Module& module, Holes<std::type_identity_t<Arguments>...> statement, const Arguments&... arguments) {
     fill(module.statement(), statement, arguments...);
