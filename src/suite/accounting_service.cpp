@@ -4,24 +4,24 @@
 #include <cmath>
 
 #include "core/case.h"
+#include "core/codes.h"
 #include "core/number_text.h"
 
-namespace cuvexa {
+namespace cuvexa::reference {
 namespace {
 
 constexpr std::string_view module_name = "CONTABILIDAD";
 
 }  // namespace
 
-bool Reference_accounting::IsPostingEnabled(const std::string& document_code) {
+bool Accounting::IsPostingEnabled(const std::string& document_code) {
     last_error_.clear();
     const Rows rows =
         context_->query("SELECT Ct_Automatica FROM Configuracion_Contable WHERE Ct_Codigo = '{}'", document_code);
     return !rows.eof() && rows.text("Ct_Automatica") == "SI";
 }
 
-bool Reference_accounting::PostDocument(const std::string& document_code, const std::string& folio,
-                                        const std::string& company) {
+bool Accounting::PostDocument(const std::string& document_code, const std::string& folio, const std::string& company) {
     return serve(last_error_, [&] {
         Voucher voucher = voucher_of(document_code, folio);
         if (!company.empty()) voucher.company = company;
@@ -34,7 +34,7 @@ bool Reference_accounting::PostDocument(const std::string& document_code, const 
     });
 }
 
-bool Reference_accounting::ValidateVoucherCancellation(const std::string& document_code, const std::string& folio) {
+bool Accounting::ValidateVoucherCancellation(const std::string& document_code, const std::string& folio) {
     return serve(last_error_, [&] {
         const Rows voucher = context_->query(
             "SELECT Pz_Folio, Pz_Fecha, Es_Cve_Estado FROM Poliza WHERE Pz_Documento = '{}' AND Pz_Tabla = '{}' AND "
@@ -46,16 +46,16 @@ bool Reference_accounting::ValidateVoucherCancellation(const std::string& docume
     });
 }
 
-Voucher Reference_accounting::voucher_of(const std::string& document_code, const std::string& folio) {
-    if (same_text(document_code, "RECIBO_PAGO")) return of_receipt(folio);
-    if (same_text(document_code, "BANCO_MOVIMIENTO")) return of_movement(folio);
-    if (same_text(document_code, "DEPOSITO_PAGO")) return of_deposit(folio);
-    if (same_text(document_code, "CHEQUE")) return of_check(folio);
+Voucher Accounting::voucher_of(const std::string& document_code, const std::string& folio) {
+    if (same_text(document_code, document::receipt)) return of_receipt(folio);
+    if (same_text(document_code, document::bank_movement)) return of_movement(folio);
+    if (same_text(document_code, document::deposit)) return of_deposit(folio);
+    if (same_text(document_code, document::check)) return of_check(folio);
     refuse("Los documentos de código: {}, no se contabilizan; desactive su contabilización automática", document_code);
 }
 
 /// Cash and the like against what the branch collects.
-Voucher Reference_accounting::of_receipt(const std::string& folio) {
+Voucher Accounting::of_receipt(const std::string& folio) {
     Rows rows = context_->query(
         "SELECT Recibo_Pago.Rp_Fecha, Recibo_Pago.Mn_Cve_Moneda, Recibo_Pago.Rp_Tipo_Cambio, "
         "Forma_Pago.Fp_Cuenta_Contable, Forma_Pago.Fp_Descripcion, Sucursal.Sc_Cuenta_Contable, "
@@ -72,8 +72,8 @@ Voucher Reference_accounting::of_receipt(const std::string& folio) {
     Voucher voucher{rows.text("Em_Cve_Empresa"), rows.date("Rp_Fecha"), "Recibo de caja " + folio, {}};
     for (; !rows.eof(); rows.next()) {
         voucher.entries.push_back(
-            {.debit_account = account_or(rows.text("Fp_Cuenta_Contable"), "Ct_Cuenta_Cargo", "RECIBO_PAGO"),
-             .credit_account = account_or(rows.text("Sc_Cuenta_Contable"), "Ct_Cuenta_Abono", "RECIBO_PAGO"),
+            {.debit_account = account_or(rows.text("Fp_Cuenta_Contable"), "Ct_Cuenta_Cargo", document::receipt),
+             .credit_account = account_or(rows.text("Sc_Cuenta_Contable"), "Ct_Cuenta_Abono", document::receipt),
              .amount = local_amount(rows.number("Importe"), rows.text("Mn_Cve_Moneda"), rows.number("Rp_Tipo_Cambio")),
              .text = rows.text("Fp_Descripcion")});
     }
@@ -81,7 +81,7 @@ Voucher Reference_accounting::of_receipt(const std::string& folio) {
 }
 
 /// The bank account against the account of the movement's kind.
-Voucher Reference_accounting::of_movement(const std::string& folio) {
+Voucher Accounting::of_movement(const std::string& folio) {
     const Rows rows = context_->query(
         "SELECT Banco_Movimiento.Bm_Fecha, Banco_Movimiento.Bm_Importe, Banco_Movimiento.Mn_Cve_Moneda, "
         "Banco_Movimiento.Bm_Tipo_Cambio, Banco_Movimiento.Bc_Cuenta_Contable, Banco_Movimiento.Bm_Comentario, "
@@ -97,18 +97,18 @@ Voucher Reference_accounting::of_movement(const std::string& folio) {
     return {rows.text("Em_Cve_Empresa"),
             rows.date("Bm_Fecha"),
             "Movimiento de banco " + folio,
-            {{.debit_account = account_or(rows.text("Bc_Cuenta_Contable"), "Ct_Cuenta_Cargo", "BANCO_MOVIMIENTO"),
-              .credit_account = account_or(rows.text("Bt_Cuenta_Contable"), "Ct_Cuenta_Abono", "BANCO_MOVIMIENTO"),
+            {{.debit_account = account_or(rows.text("Bc_Cuenta_Contable"), "Ct_Cuenta_Cargo", document::bank_movement),
+              .credit_account = account_or(rows.text("Bt_Cuenta_Contable"), "Ct_Cuenta_Abono", document::bank_movement),
               .amount = amount,
               .text = rows.text("Bm_Comentario")}}};
 }
 
 /// Money on its way to the bank against the cash and the like that it was.
-Voucher Reference_accounting::of_deposit(const std::string& folio) {
+Voucher Accounting::of_deposit(const std::string& folio) {
     const std::string transit =
         account_or(context_->look_up("Bt_Cuenta_Contable", "Bt_Cve_Banco_Tipo_Movimiento",
                                      context_->parameter("TES_MOVIMIENTO_DEPOSITO"), "Banco_Tipo_Movimiento"),
-                   "Ct_Cuenta_Cargo", "DEPOSITO_PAGO");
+                   "Ct_Cuenta_Cargo", document::deposit);
     Rows rows = context_->query(
         "SELECT Recibo_Pago.Rp_Fecha_Deposito, Recibo_Pago.Mn_Cve_Moneda, Recibo_Pago.Rp_Tipo_Cambio, "
         "Forma_Pago.Fp_Cuenta_Contable, Forma_Pago.Fp_Descripcion, Sucursal.Em_Cve_Empresa, "
@@ -124,7 +124,7 @@ Voucher Reference_accounting::of_deposit(const std::string& folio) {
     for (; !rows.eof(); rows.next()) {
         voucher.entries.push_back(
             {.debit_account = transit,
-             .credit_account = account_or(rows.text("Fp_Cuenta_Contable"), "Ct_Cuenta_Abono", "DEPOSITO_PAGO"),
+             .credit_account = account_or(rows.text("Fp_Cuenta_Contable"), "Ct_Cuenta_Abono", document::deposit),
              .amount = local_amount(rows.number("Importe"), rows.text("Mn_Cve_Moneda"), rows.number("Rp_Tipo_Cambio")),
              .text = rows.text("Fp_Descripcion")});
     }
@@ -132,7 +132,7 @@ Voucher Reference_accounting::of_deposit(const std::string& folio) {
 }
 
 /// The account of the check's type, or else of its beneficiary, against money on its way out of the bank.
-Voucher Reference_accounting::of_check(const std::string& folio) {
+Voucher Accounting::of_check(const std::string& folio) {
     const Rows rows = context_->query(
         "SELECT Cheque.Ch_Fecha, Cheque.Ch_Importe, Cheque.Ch_Tipo_Cambio, Cheque.Ch_Concepto, "
         "Cheque.Ch_Transferencia, "
@@ -146,7 +146,7 @@ Voucher Reference_accounting::of_check(const std::string& folio) {
     std::string debit = rows.text("Tc_Cuenta_Contable");
     const std::string beneficiary = rows.text("Ch_Solicitar_Valor");
     const std::string kind = rows.text("Tc_Solicitar");
-    if (debit.empty() && (kind == "01" || kind == "05")) {
+    if (debit.empty() && (kind == check_purpose::supplier_payment || kind == check_purpose::supplier_advance)) {
         debit = context_->look_up("Pv_Cuenta_Contable", "Pv_Cve_Proveedor", beneficiary, "Proveedor");
     } else if (debit.empty() && !kind.empty()) {
         debit = context_->look_up("Cl_Cuenta_Contable", "Cl_Cve_Cliente", beneficiary, "Cliente");
@@ -158,18 +158,18 @@ Voucher Reference_accounting::of_check(const std::string& folio) {
     return {rows.text("Em_Cve_Empresa"),
             rows.date("Ch_Fecha"),
             "Cheque " + folio,
-            {{.debit_account = account_or(debit, "Ct_Cuenta_Cargo", "CHEQUE"),
-              .credit_account = account_or(credit, "Ct_Cuenta_Abono", "CHEQUE"),
+            {{.debit_account = account_or(debit, "Ct_Cuenta_Cargo", document::check),
+              .credit_account = account_or(credit, "Ct_Cuenta_Abono", document::check),
               .amount = cents(rows.number("Ch_Importe") * rows.number("Ch_Tipo_Cambio")),
               .text = rows.text("Ch_Concepto")}}};
 }
 
-double Reference_accounting::local_amount(double amount, const std::string& currency, double exchange_rate) {
+double Accounting::local_amount(double amount, const std::string& currency, double exchange_rate) {
     return cents(same_text(currency, context_->parameter("FIN_MONEDA_LOCAL")) ? amount : amount * exchange_rate);
 }
 
-std::string Reference_accounting::account_or(const std::string& account, std::string_view configured_column,
-                                             std::string_view code) {
+std::string Accounting::account_or(const std::string& account, std::string_view configured_column,
+                                   std::string_view code) {
     if (!account.empty()) return account;
     const Rows rows =
         context_->query("SELECT {} FROM Configuracion_Contable WHERE Ct_Codigo = '{}'", Raw{configured_column}, code);
@@ -182,8 +182,7 @@ std::string Reference_accounting::account_or(const std::string& account, std::st
 
 /// True when the document's voucher stands as it should. One that does not is cancelled, so that another can be
 /// written.
-bool Reference_accounting::keeps_voucher(const std::string& document_code, const std::string& folio,
-                                         const Voucher& voucher) {
+bool Accounting::keeps_voucher(const std::string& document_code, const std::string& folio, const Voucher& voucher) {
     const Rows old = context_->query(
         "SELECT Poliza.Pz_Folio, Poliza.Pz_Fecha, Poliza.Es_Cve_Estado, SUM(Poliza_Detalle.Pzd_Cargo) AS Cargos FROM "
         "Poliza "
@@ -199,9 +198,9 @@ bool Reference_accounting::keeps_voucher(const std::string& document_code, const
     return false;
 }
 
-void Reference_accounting::cancel_voucher(const std::string& voucher_folio, Date date, const std::string& state,
-                                          const std::string& document) {
-    refuse_if(state == "CE", "La póliza: {}, de {}, está cerrada; ábrala en contabilidad antes de continuar",
+void Accounting::cancel_voucher(const std::string& voucher_folio, Date date, const std::string& state,
+                                const std::string& document) {
+    refuse_if(state == state::closed, "La póliza: {}, de {}, está cerrada; ábrala en contabilidad antes de continuar",
               voucher_folio, document);
     refuse_if(context_->is_period_closed(date, module_name),
               "El período contable de la póliza: {}, de {}, está cerrado; ábralo en contabilidad antes de continuar",
@@ -213,8 +212,8 @@ void Reference_accounting::cancel_voucher(const std::string& voucher_folio, Date
         context_->user(), now, context_->user(), now, voucher_folio);
 }
 
-void Reference_accounting::write(const std::string& document_code, const std::string& folio, const Voucher& voucher) {
-    const std::string voucher_folio = context_->take_folio({}, "POLIZA");
+void Accounting::write(const std::string& document_code, const std::string& folio, const Voucher& voucher) {
+    const std::string voucher_folio = context_->take_folio({}, document::voucher);
     const std::string now = context_->stamp();
     int line = 0;
     const auto write_line = [&](const std::string& account, const std::string& text, double debit, double credit) {
@@ -239,4 +238,4 @@ void Reference_accounting::write(const std::string& document_code, const std::st
         context_->user(), now, context_->user(), now);
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::reference

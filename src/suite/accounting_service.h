@@ -5,7 +5,7 @@
 
 #include "suite/context.h"
 
-namespace cuvexa {
+namespace cuvexa::reference {
 
 /// One side of a voucher's line, in local currency; negative amounts stand on the other side.
 struct Entry {
@@ -24,9 +24,9 @@ struct Voucher {
 
 /// Posts RECIBO_PAGO, BANCO_MOVIMIENTO, DEPOSITO_PAGO and CHEQUE. The debits of a live voucher equal its credits, to
 /// the cent, and a document has at most one live voucher.
-class Reference_accounting : public AccountingService {
+class Accounting : public AccountingService {
 public:
-    explicit Reference_accounting(std::shared_ptr<Suite_context> context) : context_(std::move(context)) {}
+    explicit Accounting(std::shared_ptr<Context> context) : context_(std::move(context)) {}
 
     bool IsPostingEnabled(const std::string& document_code) override;
 
@@ -58,8 +58,8 @@ private:
                         const std::string& document);
     void write(const std::string& document_code, const std::string& folio, const Voucher& voucher);
 
-    std::shared_ptr<Suite_context> context_;
+    std::shared_ptr<Context> context_;
     std::string last_error_;
 };
 
-}  // namespace cuvexa
+}  // namespace cuvexa::reference

@@ -3,15 +3,16 @@
 #include <cmath>
 
 #include "core/case.h"
+#include "core/codes.h"
 
-namespace cuvexa {
+namespace cuvexa::reference {
 namespace {
 
-constexpr std::string_view advance_code = "ANTICIPO_CXP";
+constexpr std::string_view advance_code = document::supplier_advance;
 
 }  // namespace
 
-Payable Reference_payables::NewDocument() {
+Payable Payables::NewDocument() {
     Payable payable;
     payable.date = payable.due_date = day_of(context_->now());
     payable.currency = context_->parameter("FIN_MONEDA_LOCAL");
@@ -19,7 +20,7 @@ Payable Reference_payables::NewDocument() {
     return payable;
 }
 
-bool Reference_payables::CreatePayable(const Payable& payable) {
+bool Payables::CreatePayable(const Payable& payable) {
     return serve(last_error_, [&] {
         supplier_account({.party = payable.supplier,
                           .branch = payable.branch,
@@ -37,7 +38,7 @@ bool Reference_payables::CreatePayable(const Payable& payable) {
     });
 }
 
-bool Reference_payables::CreateSupplierAdvance(const Supplier_advance& advance, std::string& payable_folio) {
+bool Payables::CreateSupplierAdvance(const Supplier_advance& advance, std::string& payable_folio) {
     return serve(last_error_, [&] {
         refuse_if(!(advance.amount > 0), "El importe del anticipo debe ser mayor que cero; indique un importe");
         payable_folio = supplier_account({.party = advance.supplier,
@@ -59,7 +60,7 @@ bool Reference_payables::CreateSupplierAdvance(const Supplier_advance& advance, 
     });
 }
 
-bool Reference_payables::AddPaymentLine(const Payment_line& line) {
+bool Payables::AddPaymentLine(const Payment_line& line) {
     return serve(last_error_, [&] {
         Account account = ledger_.require(line.payable_folio);
         const double amount = Ledger::in_currency_of(account, line.amount, line.currency, line.exchange_rate);
@@ -79,7 +80,7 @@ bool Reference_payables::AddPaymentLine(const Payment_line& line) {
     });
 }
 
-bool Reference_payables::ApplyPayments() {
+bool Payables::ApplyPayments() {
     return serve(last_error_, [&] {
         refuse_if(pending_.empty(), "No hay pagos por aplicar; agregue al menos uno");
         const std::vector<Pending> lines = std::exchange(pending_, {});
@@ -87,11 +88,11 @@ bool Reference_payables::ApplyPayments() {
     });
 }
 
-bool Reference_payables::CancelPayment(const std::string& payable_folio, const std::string& payment_id) {
+bool Payables::CancelPayment(const std::string& payable_folio, const std::string& payment_id) {
     return serve(last_error_, [&] { ledger_.cancel_payment(payable_folio, payment_id); });
 }
 
-bool Reference_payables::ValidateAdvanceCancellation(const std::string& advance_folio) {
+bool Payables::ValidateAdvanceCancellation(const std::string& advance_folio) {
     return serve(last_error_, [&] {
         for (const std::string& folio : ledger_.of_document(advance_code, advance_folio)) {
             refuse_if(ledger_.has_live_payments(folio),
@@ -103,7 +104,7 @@ bool Reference_payables::ValidateAdvanceCancellation(const std::string& advance_
     });
 }
 
-bool Reference_payables::CancelDocumentPayables(const std::string& document_code, const std::string& folio) {
+bool Payables::CancelDocumentPayables(const std::string& document_code, const std::string& folio) {
     return serve(last_error_, [&] {
         const std::vector<std::string> payables = ledger_.of_document(document_code, folio);
         ledger_.require_unpaid(payables);
@@ -111,19 +112,19 @@ bool Reference_payables::CancelDocumentPayables(const std::string& document_code
     });
 }
 
-std::string Reference_payables::supplier_account(const New_account& account) {
+std::string Payables::supplier_account(const New_account& account) {
     refuse_if(context_->look_up("Pv_Descripcion", "Pv_Cve_Proveedor", account.party, "Proveedor").empty(),
               "El proveedor: {}, no existe o está dado de baja; elija otro", account.party);
     return ledger_.open(account);
 }
 
-void Reference_payables::post(const Pending& pending) {
+void Payables::post(const Pending& pending) {
     const Payment_line& line = pending.line;
     const std::string id = ledger_.pay(pending.account, {.date = line.date,
                                                          .amount = line.amount,
                                                          .currency = line.currency,
                                                          .exchange_rate = line.exchange_rate,
-                                                         .source_table = "CHEQUE",
+                                                         .source_table = document::check,
                                                          .source_document = line.check_folio,
                                                          .reference = line.check_number,
                                                          .concept_text = "Pago con cheque o transferencia",
@@ -134,4 +135,4 @@ void Reference_payables::post(const Pending& pending) {
         line.check_number, line.bank, line.bank_name, line.bank_account_number, pending.account.folio, id);
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::reference

@@ -9,11 +9,11 @@
 
 #include "suite/ledger.h"
 
-namespace cuvexa {
+namespace cuvexa::reference {
 
-class Reference_payables : public AccountsPayableService {
+class Payables : public AccountsPayableService {
 public:
-    explicit Reference_payables(std::shared_ptr<Suite_context> context)
+    explicit Payables(std::shared_ptr<Context> context)
         : context_(std::move(context)), ledger_(*context_, payable_names) {}
 
     /// Today's date, local currency, rate 1.
@@ -54,10 +54,10 @@ private:
     std::string supplier_account(const New_account& account);
     void post(const Pending& pending);
 
-    std::shared_ptr<Suite_context> context_;
+    std::shared_ptr<Context> context_;
     Ledger ledger_;
     std::vector<Pending> pending_;
     std::string last_error_;
 };
 
-}  // namespace cuvexa
+}  // namespace cuvexa::reference

@@ -4,8 +4,9 @@
 #include <cmath>
 
 #include "core/case.h"
+#include "core/codes.h"
 
-namespace cuvexa {
+namespace cuvexa::reference {
 namespace {
 
 double whole_units(double amount) {
@@ -18,7 +19,7 @@ double first_given(double a, double b, double c) {
 
 }  // namespace
 
-bool Reference_receivables::ApplyReceipt(const Receipt_application& receipt) {
+bool Receivables::ApplyReceipt(const Receipt_application& receipt) {
     return serve(last_error_, [&] {
         require_customer(receipt.customer);
         refuse_if(!(receipt.amount > 0), "El importe a aplicar del recibo: {}, debe ser mayor que cero", receipt.folio);
@@ -38,7 +39,7 @@ bool Reference_receivables::ApplyReceipt(const Receipt_application& receipt) {
     });
 }
 
-bool Reference_receivables::CreateReceivable(const Receivable& receivable) {
+bool Receivables::CreateReceivable(const Receivable& receivable) {
     return serve(last_error_, [&] {
         require_customer(receivable.customer);
         const double amount = first_given(receivable.net_price_amount, receivable.net_amount, receivable.amount);
@@ -61,19 +62,19 @@ bool Reference_receivables::CreateReceivable(const Receivable& receivable) {
     });
 }
 
-bool Reference_receivables::ApplyCustomerDocument(const std::string& document_folio) {
+bool Receivables::ApplyCustomerDocument(const std::string& document_folio) {
     return serve(last_error_, [&] {
         const Rows expense = context_->query("SELECT * FROM Gasto_x_Comprobar WHERE Gc_Folio = '{}'", document_folio);
         refuse_if(expense.eof(), "El gasto por comprobar: {}, no existe; verifique el folio", document_folio);
-        refuse_if(expense.text("Es_Cve_Estado") == "CA", "El gasto por comprobar: {}, está cancelado; genere otro",
-                  document_folio);
-        if (!ledger_.of_document("GASTO_X_COMPROBAR", document_folio).empty()) return;
+        refuse_if(expense.text("Es_Cve_Estado") == state::cancelled,
+                  "El gasto por comprobar: {}, está cancelado; genere otro", document_folio);
+        if (!ledger_.of_document(document::expense, document_folio).empty()) return;
         const std::string customer = expense.text("Cl_Cve_Cliente");
         require_customer(customer);
         const double amount = expense.number("Gc_Importe");
         ledger_.open({.party = customer,
                       .branch = expense.text("Sc_Cve_Sucursal"),
-                      .source_table = "GASTO_X_COMPROBAR",
+                      .source_table = document::expense,
                       .source_document = document_folio,
                       .date = expense.date("Gc_Fecha"),
                       .due_date = expense.date("Gc_Fecha"),
@@ -87,11 +88,11 @@ bool Reference_receivables::ApplyCustomerDocument(const std::string& document_fo
     });
 }
 
-bool Reference_receivables::ValidateDocumentCancellation(const std::string& document_code, const std::string& folio) {
+bool Receivables::ValidateDocumentCancellation(const std::string& document_code, const std::string& folio) {
     return serve(last_error_, [&] { ledger_.require_unpaid(ledger_.of_document(document_code, folio)); });
 }
 
-bool Reference_receivables::CancelDocumentAdvances(const std::string& document_code, const std::string& folio) {
+bool Receivables::CancelDocumentAdvances(const std::string& document_code, const std::string& folio) {
     return serve(last_error_, [&] {
         std::vector<std::string> advances;
         Rows rows = context_->query(
@@ -104,7 +105,7 @@ bool Reference_receivables::CancelDocumentAdvances(const std::string& document_c
     });
 }
 
-bool Reference_receivables::CancelDocumentReceivables(const std::string& document_code, const std::string& folio) {
+bool Receivables::CancelDocumentReceivables(const std::string& document_code, const std::string& folio) {
     return serve(last_error_, [&] {
         const std::vector<std::string> receivables = ledger_.of_document(document_code, folio);
         ledger_.require_unpaid(receivables);
@@ -112,11 +113,11 @@ bool Reference_receivables::CancelDocumentReceivables(const std::string& documen
     });
 }
 
-bool Reference_receivables::CancelPayment(const std::string& receivable_folio, const std::string& payment_id) {
+bool Receivables::CancelPayment(const std::string& receivable_folio, const std::string& payment_id) {
     return serve(last_error_, [&] { ledger_.cancel_payment(receivable_folio, payment_id); });
 }
 
-bool Reference_receivables::RegisterPayment(const Receivable_payment& payment) {
+bool Receivables::RegisterPayment(const Receivable_payment& payment) {
     return serve(last_error_, [&] {
         const Account account = ledger_.require(payment.receivable_folio);
         refuse_if(!(payment.amount > 0), "El importe del pago de la cuenta por cobrar: {}, debe ser mayor que cero",
@@ -137,16 +138,17 @@ bool Reference_receivables::RegisterPayment(const Receivable_payment& payment) {
                                                      .concept_text = payment.concept_text,
                                                      .payment_method = payment.payment_method,
                                                      .affects_balance = payment.update_balance});
-        if (payment.register_document) context_->register_document("PAGO_CXC", account.folio + ":" + id);
+        if (payment.register_document)
+            context_->register_document(document::receivable_payment, account.folio + ":" + id);
     });
 }
 
-bool Reference_receivables::DocumentCheck(const std::string& document_code, const std::string& folio) {
+bool Receivables::DocumentCheck(const std::string& document_code, const std::string& folio) {
     return serve(last_error_, [&] {
-        if (same_text(document_code, "ANTICIPO_CXC")) {
+        if (same_text(document_code, document::customer_advance)) {
             const Rows advance = context_->query("SELECT Es_Cve_Estado FROM Anticipo_Cxc WHERE An_Folio = '{}'", folio);
             refuse_if(advance.eof(), "El anticipo: {}, no existe; verifique el folio", folio);
-            refuse_if(advance.text("Es_Cve_Estado") == "CA",
+            refuse_if(advance.text("Es_Cve_Estado") == state::cancelled,
                       "El anticipo: {}, está cancelado; sus pagos no pueden cambiar", folio);
         }
         refuse_if(context_->is_posted(document_code, folio),
@@ -157,12 +159,12 @@ bool Reference_receivables::DocumentCheck(const std::string& document_code, cons
     });
 }
 
-void Reference_receivables::require_customer(const std::string& customer) {
+void Receivables::require_customer(const std::string& customer) {
     refuse_if(context_->look_up("Cl_Descripcion", "Cl_Cve_Cliente", customer, "Cliente").empty(),
               "El cliente: {}, no existe o está dado de baja; elija otro", customer);
 }
 
-double Reference_receivables::pay_open_receivables(const Receipt_application& receipt) {
+double Receivables::pay_open_receivables(const Receipt_application& receipt) {
     const Rows named = context_->query(
         "SELECT TOP 1 Rp_Tabla, Rp_Documento FROM Recibo_Pago WHERE Rp_Folio = '{}' AND Rp_Tabla <> '' AND "
         "Rp_Documento <> '' "
@@ -182,7 +184,7 @@ double Reference_receivables::pay_open_receivables(const Receipt_application& re
 }
 
 /// Pays the open receivables in turn and gives what is left.
-double Reference_receivables::pay_from(const Receipt_application& receipt, Rows open, double left) {
+double Receivables::pay_from(const Receipt_application& receipt, Rows open, double left) {
     for (; !open.eof() && left >= tolerance; open.next()) {
         const Account account = ledger_.require(open.text("Cxc_Folio"));
         const double amount = std::min(left, account.balance);
@@ -200,4 +202,4 @@ double Reference_receivables::pay_from(const Receipt_application& receipt, Rows 
     return left;
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::reference

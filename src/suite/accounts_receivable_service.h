@@ -7,12 +7,11 @@
 
 #include "suite/receivable_ledger.h"
 
-namespace cuvexa {
+namespace cuvexa::reference {
 
-class Reference_receivables : public AccountsReceivableService {
+class Receivables : public AccountsReceivableService {
 public:
-    explicit Reference_receivables(std::shared_ptr<Suite_context> context)
-        : context_(std::move(context)), ledger_(*context_) {}
+    explicit Receivables(std::shared_ptr<Context> context) : context_(std::move(context)), ledger_(*context_) {}
 
     /// Pays the receivables of the document that the receipt names, or, when it names none, the customer's open
     /// receivables of that currency, oldest first; what is left is kept as an advance of the receipt. Refuses an
@@ -54,9 +53,9 @@ private:
     double pay_open_receivables(const Receipt_application& receipt);
     double pay_from(const Receipt_application& receipt, Rows open, double left);
 
-    std::shared_ptr<Suite_context> context_;
+    std::shared_ptr<Context> context_;
     Receivable_ledger ledger_;
     std::string last_error_;
 };
 
-}  // namespace cuvexa
+}  // namespace cuvexa::reference

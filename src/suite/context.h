@@ -1,25 +1,18 @@
 // What the reference services share: statements, refusals, and the few look-ups that all of them need.
 #pragma once
 
-#include <concepts>
 #include <string>
 #include <string_view>
 #include <type_traits>
 #include <utility>
 
-#include "core/rows.h"
-#include "core/statement.h"
 #include "cuvexa/suite/reference_suite.h"
+#include "suite/statements.h"
 
-namespace cuvexa {
-
-/// A piece of a statement that is a name or a condition, not a value.
-struct Raw {
-    std::string_view text;
-};
+namespace cuvexa::reference {
 
 /// A business refusal on its way to `LastError`.
-struct Suite_refusal {
+struct Refusal {
     std::string text;
 };
 
@@ -30,7 +23,7 @@ bool serve(std::string& last_error, Body&& body) {
     try {
         body();
         return true;
-    } catch (const Suite_refusal& refusal) {
+    } catch (const Refusal& refusal) {
         last_error = refusal.text;
         return false;
     }
@@ -38,42 +31,17 @@ bool serve(std::string& last_error, Body&& body) {
 
 template <class... Arguments>
 [[noreturn]] void refuse(Holes<std::type_identity_t<Arguments>...> message, const Arguments&... arguments) {
-    throw Suite_refusal{filled(message, arguments...)};
+    throw Refusal{filled(message, arguments...)};
 }
 
 template <class... Arguments>
 void refuse_if(bool condition, Holes<std::type_identity_t<Arguments>...> message, const Arguments&... arguments) {
-    if (condition) throw Suite_refusal{filled(message, arguments...)};
+    if (condition) refuse(message, arguments...);
 }
 
-/// A text value as it stands between the quotes of a statement.
-std::string escaped(std::string_view text);
-
-inline std::string_view sql_piece(Raw raw) {
-    return raw.text;
-}
-template <std::convertible_to<std::string_view> Text>
-std::string sql_piece(const Text& text) {
-    return escaped(text);
-}
-inline double sql_piece(double number) {
-    return number;
-}
-inline int sql_piece(int number) {
-    return number;
-}
-
-/// A statement with its holes filled: texts escaped, names and conditions as they stand.
-template <class... Arguments>
-std::string sql(Holes<std::type_identity_t<Arguments>...> statement, const Arguments&... arguments) {
-    std::string text;
-    append_filled(text, statement.literal(), {Piece(sql_piece(arguments)).view()...});
-    return text;
-}
-
-class Suite_context {
+class Context {
 public:
-    Suite_context(Connection& connection, Suite_options options)
+    Context(Connection& connection, Suite_options options)
         : connection_(connection),
           own_(options.own_connection ? *options.own_connection : connection),
           options_(std::move(options)) {}
@@ -92,7 +60,7 @@ public:
 
     template <class... Arguments>
     Rows query(Holes<std::type_identity_t<Arguments>...> statement, const Arguments&... arguments) {
-        return Rows(own_.execute(sql(statement, arguments...)));
+        return reference::query(own_, statement, arguments...);
     }
     template <class... Arguments>
     void execute(Holes<std::type_identity_t<Arguments>...> statement, const Arguments&... arguments) {
@@ -106,9 +74,7 @@ public:
     /// A system parameter as text, or `fallback` when it is absent.
     std::string parameter(std::string_view name, std::string_view fallback = {});
 
-    /// The next number of a series as a folio; empty, with `why` filled, when the series is closed.
-    std::string next_folio(const std::string& branch, const std::string& document_code, std::string& why);
-    /// The same; a closed series is a refusal.
+    /// The next folio of a series; a closed one is a refusal.
     std::string take_folio(const std::string& branch, const std::string& document_code);
 
     void register_document(std::string_view document_code, std::string_view folio);
@@ -120,7 +86,6 @@ public:
     bool is_period_closed(Date date, std::string_view module);
 
 private:
-    void begin_series(std::string_view code, std::string_view branch);
     std::string period_state(Date date, std::string_view module);
 
     Connection& connection_;
@@ -134,4 +99,4 @@ double cents(double amount);
 /// Half a cent: what is nearer to nothing than this is nothing.
 inline constexpr double tolerance = 0.005;
 
-}  // namespace cuvexa
+}  // namespace cuvexa::reference

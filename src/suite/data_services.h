@@ -3,11 +3,11 @@
 
 #include "suite/context.h"
 
-namespace cuvexa {
+namespace cuvexa::reference {
 
-class Reference_data : public DataServices {
+class Data : public DataServices {
 public:
-    explicit Reference_data(std::shared_ptr<Suite_context> context) : context_(std::move(context)) {}
+    explicit Data(std::shared_ptr<Context> context) : context_(std::move(context)) {}
 
     std::string LookupValue(const std::string& column, const std::string& key_column, const std::string& key,
                             const std::string& table, const std::string& condition) override;
@@ -32,8 +32,8 @@ public:
     std::string LastErrorText() override { return last_error_; }
 
 private:
-    std::shared_ptr<Suite_context> context_;
+    std::shared_ptr<Context> context_;
     std::string last_error_;
 };
 
-}  // namespace cuvexa
+}  // namespace cuvexa::reference

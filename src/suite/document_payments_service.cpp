@@ -1,13 +1,14 @@
 #include "suite/document_payments_service.h"
 
 #include "core/case.h"
+#include "core/codes.h"
 #include "suite/receivable_ledger.h"
 
-namespace cuvexa {
+namespace cuvexa::reference {
 
-bool Reference_document_payments::CancelDocumentPayments(const std::string& document_code, const std::string& folio) {
+bool Document_payments::CancelDocumentPayments(const std::string& document_code, const std::string& folio) {
     return serve(last_error_, [&] {
-        if (same_text(document_code, "RECIBO_PAGO")) return;
+        if (same_text(document_code, document::receipt)) return;
         Receivable_ledger ledger(*context_);
         Rows payments = context_->query(
             "SELECT Cxc_Folio, Pc_ID FROM Pago_Cxc "
@@ -19,4 +20,4 @@ bool Reference_document_payments::CancelDocumentPayments(const std::string& docu
     });
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::reference

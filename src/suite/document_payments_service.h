@@ -3,11 +3,11 @@
 
 #include "suite/context.h"
 
-namespace cuvexa {
+namespace cuvexa::reference {
 
-class Reference_document_payments : public DocumentPaymentsService {
+class Document_payments : public DocumentPaymentsService {
 public:
-    explicit Reference_document_payments(std::shared_ptr<Suite_context> context) : context_(std::move(context)) {}
+    explicit Document_payments(std::shared_ptr<Context> context) : context_(std::move(context)) {}
 
     /// Cancels the live payments of the document. Those of a cash receipt are left alone: whoever cancels a receipt
     /// decides about its payments one by one, or keeps the receipt because it is applied.
@@ -16,8 +16,8 @@ public:
     std::string LastError() override { return last_error_; }
 
 private:
-    std::shared_ptr<Suite_context> context_;
+    std::shared_ptr<Context> context_;
     std::string last_error_;
 };
 
-}  // namespace cuvexa
+}  // namespace cuvexa::reference

@@ -1,20 +1,21 @@
 #include "suite/expenses.h"
 
+#include "core/codes.h"
 #include "core/number_text.h"
 #include "cuvexa/errors.h"
 #include "suite/receivable_ledger.h"
 
-namespace cuvexa {
+namespace cuvexa::reference {
 
 std::string register_expense_advance(Reference_suite& suite, const Expense_record& record) {
-    Suite_context& context = suite.context();
+    Context& context = suite.context();
     std::string folio, error;
     const bool done = serve(error, [&] {
         refuse_if(context.look_up("Cl_Descripcion", "Cl_Cve_Cliente", record.debtor, "Cliente").empty(),
                   "El deudor: {}, no existe o está dado de baja; elija otro", record.debtor);
         folio = Receivable_ledger(context).open_advance({.party = record.debtor,
                                                          .branch = record.branch,
-                                                         .source_table = "GASTO_REGISTRO",
+                                                         .source_table = document::expense_record,
                                                          .source_document = record.expense,
                                                          .date = record.date,
                                                          .due_date = record.date,
@@ -30,7 +31,7 @@ std::string register_expense_advance(Reference_suite& suite, const Expense_recor
 
 void link_advance_to_check(Reference_suite& suite, const std::string& check_folio, const std::string& advance_folio,
                            double amount, double exchange_rate) {
-    Suite_context& context = suite.context();
+    Context& context = suite.context();
     const Rows count = context.query(
         "SELECT COUNT(*) AS Lineas FROM Gasto_x_Comprobar_Documento WHERE Gc_Documento = '{}' AND Gc_Tabla = 'CHEQUE'",
         check_folio);
@@ -44,4 +45,4 @@ void link_advance_to_check(Reference_suite& suite, const std::string& check_foli
         context.user(), now, context.user(), now);
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::reference

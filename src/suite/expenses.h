@@ -6,7 +6,7 @@
 #include "cuvexa/date.h"
 #include "cuvexa/suite/reference_suite.h"
 
-namespace cuvexa {
+namespace cuvexa::reference {
 
 /// An expense that a debtor has proved, held as an advance until it is set against the money of a check.
 struct Expense_record {
@@ -28,4 +28,4 @@ std::string register_expense_advance(Reference_suite& suite, const Expense_recor
 void link_advance_to_check(Reference_suite& suite, const std::string& check_folio, const std::string& advance_folio,
                            double amount, double exchange_rate = 1);
 
-}  // namespace cuvexa
+}  // namespace cuvexa::reference

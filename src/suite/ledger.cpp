@@ -3,9 +3,10 @@
 #include <cmath>
 
 #include "core/case.h"
+#include "core/codes.h"
 #include "core/number_text.h"
 
-namespace cuvexa {
+namespace cuvexa::reference {
 
 std::optional<Account> Ledger::find(std::string_view folio) {
     const Raw prefix{names_.prefix};
@@ -94,8 +95,8 @@ void Ledger::cancel_payment(const std::string& folio, const std::string& payment
                                         Raw{names_.payments}, Raw{names_.prefix}, folio, payment_id);
     refuse_if(payment.eof(), "El pago: {}, de la {}: {}, no existe; verifique el número", payment_id, names_.noun,
               folio);
-    refuse_if(payment.text("Es_Cve_Estado") == "CA", "El pago: {}, de la {}: {}, ya está cancelado", payment_id,
-              names_.noun, folio);
+    refuse_if(payment.text("Es_Cve_Estado") == state::cancelled, "El pago: {}, de la {}: {}, ya está cancelado",
+              payment_id, names_.noun, folio);
     refuse_if(context_.is_posted(names_.payments, folio + ":" + payment_id),
               "El pago: {}, de la {}: {}, está contabilizado; cancele antes su registro en contabilidad", payment_id,
               names_.noun, folio);
@@ -163,4 +164,4 @@ void Ledger::mark_payment_cancelled(std::string_view folio, std::string_view pay
     update_balance(folio);
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::reference

@@ -6,9 +6,10 @@
 #include <string_view>
 #include <vector>
 
+#include "core/codes.h"
 #include "suite/context.h"
 
-namespace cuvexa {
+namespace cuvexa::reference {
 
 /// How the two ledgers call the same things.
 struct Ledger_names {
@@ -21,10 +22,11 @@ struct Ledger_names {
     std::string_view noun;      ///< in messages
 };
 
-inline constexpr Ledger_names receivable_names = {
-    "Cuenta_x_Cobrar", "Pago_Cxc", "Cxc", "Cl_Cve_Cliente", "CUENTA_X_COBRAR", "CUENTAS_X_COBRAR", "cuenta por cobrar"};
+inline constexpr Ledger_names receivable_names = {"Cuenta_x_Cobrar",  "Pago_Cxc",           "Cxc",
+                                                  "Cl_Cve_Cliente",   document::receivable, "CUENTAS_X_COBRAR",
+                                                  "cuenta por cobrar"};
 inline constexpr Ledger_names payable_names = {
-    "Cuenta_x_Pagar", "Pago_Cxp", "Cxp", "Pv_Cve_Proveedor", "CUENTA_X_PAGAR", "CUENTAS_X_PAGAR", "cuenta por pagar"};
+    "Cuenta_x_Pagar", "Pago_Cxp", "Cxp", "Pv_Cve_Proveedor", document::payable, "CUENTAS_X_PAGAR", "cuenta por pagar"};
 
 /// A receivable or payable as it stands. What is owed the other way (an advance) has negative figures.
 struct Account {
@@ -33,7 +35,7 @@ struct Account {
     double amount = 0;
     double balance = 0;
 
-    bool cancelled() const { return state == "CA"; }
+    bool cancelled() const { return state == state::cancelled; }
     /// Whether its document took it back by relabelling it.
     bool withdrawn() const { return source_table.find("-CA:") != std::string::npos; }
 };
@@ -60,7 +62,7 @@ struct New_payment {
 
 class Ledger {
 public:
-    Ledger(Suite_context& context, const Ledger_names& names) : context_(context), names_(names) {}
+    Ledger(Context& context, const Ledger_names& names) : context_(context), names_(names) {}
 
     std::optional<Account> find(std::string_view folio);
 
@@ -97,10 +99,10 @@ protected:
     void update_balance(std::string_view folio);
     void mark_payment_cancelled(std::string_view folio, std::string_view payment_id);
 
-    Suite_context& context_;
+    Context& context_;
 
 private:
     const Ledger_names& names_;
 };
 
-}  // namespace cuvexa
+}  // namespace cuvexa::reference

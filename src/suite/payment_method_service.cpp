@@ -1,11 +1,10 @@
 #include "suite/payment_method_service.h"
 
-namespace cuvexa {
+namespace cuvexa::reference {
 
-bool Reference_payment_methods::ValidatePaymentLine(const std::string& payment_method,
-                                                    const std::string& reference_number, const std::string& bank,
-                                                    double, const std::string&, const std::string&, const std::string&,
-                                                    const std::string&) {
+bool Payment_methods::ValidatePaymentLine(const std::string& payment_method, const std::string& reference_number,
+                                          const std::string& bank, double, const std::string&, const std::string&,
+                                          const std::string&, const std::string&) {
     return serve(last_error_, [&] {
         const Rows method = context_->query(
             "SELECT Fp_Descripcion, Fp_Requiere_Banco, Fp_Requiere_Referencia FROM Forma_Pago "
@@ -21,9 +20,9 @@ bool Reference_payment_methods::ValidatePaymentLine(const std::string& payment_m
     });
 }
 
-bool Reference_payment_methods::ReleasePaymentLine(const std::string&, const std::string&, const std::string&) {
+bool Payment_methods::ReleasePaymentLine(const std::string&, const std::string&, const std::string&) {
     last_error_.clear();
     return true;
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::reference

@@ -3,11 +3,11 @@
 
 #include "suite/context.h"
 
-namespace cuvexa {
+namespace cuvexa::reference {
 
-class Reference_payment_methods : public PaymentMethodService {
+class Payment_methods : public PaymentMethodService {
 public:
-    explicit Reference_payment_methods(std::shared_ptr<Suite_context> context) : context_(std::move(context)) {}
+    explicit Payment_methods(std::shared_ptr<Context> context) : context_(std::move(context)) {}
 
     /// Refuses an unknown or retired method, and a line without the bank or the reference that its method requires.
     bool ValidatePaymentLine(const std::string& payment_method, const std::string& reference_number,
@@ -22,8 +22,8 @@ public:
     std::string LastError() override { return last_error_; }
 
 private:
-    std::shared_ptr<Suite_context> context_;
+    std::shared_ptr<Context> context_;
     std::string last_error_;
 };
 
-}  // namespace cuvexa
+}  // namespace cuvexa::reference

@@ -1,11 +1,12 @@
 #include "suite/receivable_ledger.h"
 
 #include "core/case.h"
+#include "core/codes.h"
 
-namespace cuvexa {
+namespace cuvexa::reference {
 namespace {
 
-constexpr std::string_view advance_code = "ANTICIPO_CXC";
+constexpr std::string_view advance_code = document::customer_advance;
 
 }  // namespace
 
@@ -88,4 +89,4 @@ void Receivable_ledger::reopen_advance(std::string_view advance_folio) {
         context_.user(), context_.stamp(), advance_folio);
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::reference

@@ -3,11 +3,11 @@
 
 #include "suite/ledger.h"
 
-namespace cuvexa {
+namespace cuvexa::reference {
 
 class Receivable_ledger : public Ledger {
 public:
-    explicit Receivable_ledger(Suite_context& context) : Ledger(context, receivable_names) {}
+    explicit Receivable_ledger(Context& context) : Ledger(context, receivable_names) {}
 
     /// Cancels a payment. One that applied an advance has two halves, on the receivable that was paid and on the
     /// advance's own; they share their reference and go together, and the advance may be used again.
@@ -26,4 +26,4 @@ private:
     void reopen_advance(std::string_view advance_folio);
 };
 
-}  // namespace cuvexa
+}  // namespace cuvexa::reference

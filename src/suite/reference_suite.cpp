@@ -11,7 +11,7 @@
 namespace cuvexa {
 
 Reference_suite::Reference_suite(Connection& connection, Suite_options options)
-    : context_(std::make_shared<Suite_context>(connection, std::move(options))) {}
+    : context_(std::make_shared<reference::Context>(connection, std::move(options))) {}
 
 Reference_suite::~Reference_suite() = default;
 
@@ -23,30 +23,30 @@ void Reference_suite::set_user(std::string user) {
 }
 
 std::shared_ptr<SessionServices> Reference_suite::session() {
-    return std::make_shared<Reference_session>(context_);
+    return std::make_shared<reference::Session>(context_);
 }
 std::shared_ptr<DataServices> Reference_suite::data() {
-    return std::make_shared<Reference_data>(context_);
+    return std::make_shared<reference::Data>(context_);
 }
 
 std::shared_ptr<PaymentMethodService> Reference_suite::payment_methods() {
-    return std::make_shared<Reference_payment_methods>(context_);
+    return std::make_shared<reference::Payment_methods>(context_);
 }
 
 std::shared_ptr<DocumentPaymentsService> Reference_suite::document_payments() {
-    return std::make_shared<Reference_document_payments>(context_);
+    return std::make_shared<reference::Document_payments>(context_);
 }
 
 std::unique_ptr<AccountsPayableService> Reference_suite::new_accounts_payable() {
-    return std::make_unique<Reference_payables>(context_);
+    return std::make_unique<reference::Payables>(context_);
 }
 
 std::unique_ptr<AccountsReceivableService> Reference_suite::new_accounts_receivable() {
-    return std::make_unique<Reference_receivables>(context_);
+    return std::make_unique<reference::Receivables>(context_);
 }
 
 std::unique_ptr<AccountingService> Reference_suite::new_accounting() {
-    return std::make_unique<Reference_accounting>(context_);
+    return std::make_unique<reference::Accounting>(context_);
 }
 
 }  // namespace cuvexa

@@ -4,7 +4,7 @@
 
 #include "core/case.h"
 
-namespace cuvexa {
+namespace cuvexa::reference {
 namespace {
 
 bool reads_true(std::string_view text) {
@@ -14,25 +14,24 @@ bool reads_true(std::string_view text) {
 
 }  // namespace
 
-Value Reference_session::GetParameter(const std::string& name, int, const std::string& type,
-                                      const std::string& fallback) {
+Value Session::GetParameter(const std::string& name, int, const std::string& type, const std::string& fallback) {
     std::string text = context_->parameter(name, fallback);
     if (same_text(type, "B")) return reads_true(text);
     return text;
 }
 
-std::string Reference_session::GetServerId() {
+std::string Session::GetServerId() {
     const Rows rows = context_->query("SELECT Sv_Servidor_Id FROM Servidor_Suite WHERE Sv_Llave = 1");
     return rows.eof() ? std::string() : rows.text("Sv_Servidor_Id");
 }
 
-bool Reference_session::IsReplicaServer() {
+bool Session::IsReplicaServer() {
     const Rows rows = context_->query("SELECT Sv_Replica FROM Servidor_Suite WHERE Sv_Llave = 1");
     return !rows.eof() && reads_true(rows.text("Sv_Replica"));
 }
 
-void Reference_session::ReportError(const std::string& description, int style, const std::string& routine,
-                                    const std::string& title, const std::string& project, const std::string& code) {
+void Session::ReportError(const std::string& description, int style, const std::string& routine,
+                          const std::string& title, const std::string& project, const std::string& code) {
     if (context_->options().report_error) {
         context_->options().report_error({description, style, routine, title, project, code});
     } else {
@@ -40,4 +39,4 @@ void Reference_session::ReportError(const std::string& description, int style, c
     }
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::reference

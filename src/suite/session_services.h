@@ -3,11 +3,11 @@
 
 #include "suite/context.h"
 
-namespace cuvexa {
+namespace cuvexa::reference {
 
-class Reference_session : public SessionServices {
+class Session : public SessionServices {
 public:
-    explicit Reference_session(std::shared_ptr<Suite_context> context) : context_(std::move(context)) {}
+    explicit Session(std::shared_ptr<Context> context) : context_(std::move(context)) {}
 
     Connection& GetConnection() override { return context_->session_connection(); }
 
@@ -23,7 +23,7 @@ public:
                      const std::string& project, const std::string& code) override;
 
 private:
-    std::shared_ptr<Suite_context> context_;
+    std::shared_ptr<Context> context_;
 };
 
-}  // namespace cuvexa
+}  // namespace cuvexa::reference

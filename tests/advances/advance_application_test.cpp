@@ -35,7 +35,7 @@ public:
     }
 
     void link(const std::string& advance, double amount, double rate = 1) {
-        link_advance_to_check(*suite(), check, advance, amount, rate);
+        reference::link_advance_to_check(*suite(), check, advance, amount, rate);
         mark();
     }
 

@@ -99,10 +99,10 @@ private:
         told("Crear_Cheque_Gasto_x_Comprobar", done);
         if (!done) return;
         const double amount = between(1, 50000) / 100.0;
-        const std::string advance = register_expense_advance(
+        const std::string advance = reference::register_expense_advance(
             *company.suite(), {"DE01", "MTY", "GR-" + std::to_string(number_), Company::today(), amount, "MXN"});
-        link_advance_to_check(*company.suite(), company.treasury().Encabezado().Ch_Folio, advance,
-                              chance(0.5) ? amount : amount / 2);
+        reference::link_advance_to_check(*company.suite(), company.treasury().Encabezado().Ch_Folio, advance,
+                                         chance(0.5) ? amount : amount / 2);
     }
 
     void take_back() {

@@ -559,18 +559,18 @@ TEST_F(Ledgers, the_payments_of_an_advance_may_be_undone_while_nobody_holds_it) 
 }
 
 TEST_F(Ledgers, expense_advances_are_registered_and_linked_for_checks) {
-    const std::string folio = register_expense_advance(
+    const std::string folio = reference::register_expense_advance(
         suite,
         {.debtor = "DE02", .branch = "GDL", .expense = "GR-40", .date = today(), .amount = 300, .currency = "MXN"});
     EXPECT_EQ(folio, "AN-GDL-00000001");
     EXPECT_EQ(scalar("SELECT An_Tabla AS value FROM Anticipo_Cxc WHERE An_Folio = '" + folio + "'"), "GASTO_REGISTRO");
-    link_advance_to_check(suite, "CH-1", folio, 300);
-    link_advance_to_check(suite, "CH-1", "AN-MTY-00000001", 100);
+    reference::link_advance_to_check(suite, "CH-1", folio, 300);
+    reference::link_advance_to_check(suite, "CH-1", "AN-MTY-00000001", 100);
     EXPECT_THAT(
         column("SELECT Gcd_ID AS value FROM Gasto_x_Comprobar_Documento WHERE Gc_Tabla = 'CHEQUE' ORDER BY Gcd_ID"),
         ElementsAre("0001", "0002"));
     EXPECT_THROW(
-        register_expense_advance(
+        reference::register_expense_advance(
             suite,
             {.debtor = "DE02", .branch = "GDL", .expense = "X", .date = today(), .amount = 0, .currency = "MXN"}),
         Database_error);

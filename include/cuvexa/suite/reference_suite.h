@@ -33,7 +33,9 @@ struct Suite_options {
         nullptr;  ///< where the suite runs its own statements; without it, the session's connection
 };
 
-class Suite_context;
+namespace reference {
+class Context;
+}
 
 /// The reference suite. Its services keep what they need of it and may outlive it; the connections must outlive both.
 /// Used by one thread.
@@ -64,10 +66,10 @@ public:
     std::unique_ptr<AccountingService> new_accounting() override;
 
     /// For the suite's own files.
-    Suite_context& context() { return *context_; }
+    reference::Context& context() { return *context_; }
 
 private:
-    std::shared_ptr<Suite_context> context_;
+    std::shared_ptr<reference::Context> context_;
 };
 
 }  // namespace cuvexa
