@@ -65,6 +65,7 @@ const std::map<std::string, std::string> tables = {
 const std::map<std::string, std::set<std::string>> inside = {
     {"Genera_Deposito", {"Registra_Movimiento_Banco"}},
     {"Crear_Cheque_…", {"Add_Cheque_Detalle", "Afectar_Cheque_Presupuesto", "Registra_Movimiento_Banco"}},
+    {"Registra_Movimiento_Bancario_Cheque", {"Registra_Movimiento_Banco"}},
     {"Cancelar_Deposito", {"Cancelar_Documento_Bancos"}},
     {"Cancelar_Recibo_Caja", {"Cancelar_Deposito", "Cancelar_Documento_Bancos"}},
     {"Cancelar_Cheque", {"Cancelar_Aplicacion_Cheque", "Cancelar_Documento_Bancos"}},
@@ -109,6 +110,7 @@ private:
 class Scenario : public Watched_company {
 public:
     void run() {
+        budget_mode("0");
         receipts();
         checks();
         expenses();
@@ -163,6 +165,10 @@ private:
         deposit(cancelled_along);
         cancel_receipt(cancelled_along, true);
 
+        const std::string advance = receipt("03", "DE01", cash);
+        close(advance);
+        cancel_receipt(advance);
+
         const std::string loan = receipt("04", "PV01", charged);
         close(loan);
         cancel_receipt(loan);
@@ -186,6 +192,14 @@ private:
     }
 
     // ---- Checks
+
+    /// "2" holds back every check of a debtor: there is no budget.
+    void budget_mode(const std::string& mode) {
+        sql("DELETE FROM Prestamo_Deudor_Presupuesto");
+        sql("DELETE FROM Gasto_x_Comprobar_Presupuesto");
+        set_parameter("TES_MODO_AUTORIZAR_PRESTAMO_DEUDOR", mode);
+        set_parameter("TES_MODO_AUTORIZAR_GASTO_X_COMPROBAR", mode);
+    }
 
     void begin_check(const std::string& type, const std::string& beneficiary) {
         tTsEncabezado header = check_header();
@@ -247,11 +261,13 @@ private:
                [&](Tesoreria& treasury) { return treasury.Registra_Movimiento_Bancario_Cheque(check()); });
 
         const std::string held_back = created_check("0004", "DE01", &Tesoreria::Crear_Cheque_Deudor);
-        set_parameter("TES_MODO_AUTORIZAR_PRESTAMO_DEUDOR", "2");
+        budget_mode("2");
         during("Afectar_Cheque_Presupuesto",
                [&](Tesoreria& treasury) { return treasury.Afectar_Cheque_Presupuesto(held_back, 3); });
         take_back(held_back);
         cancel_check(created_check("0004", "DE01", &Tesoreria::Crear_Cheque_Deudor));
+        cancel_check(expense_check());
+        budget_mode("0");
     }
 
     void expenses() {
@@ -279,9 +295,6 @@ private:
         const std::string cancelled = expense_check();
         advance_for(cancelled);
         cancel_check(cancelled);
-
-        set_parameter("TES_MODO_AUTORIZAR_GASTO_X_COMPROBAR", "2");
-        cancel_check(expense_check());
     }
 
     // ---- Bank movements and check requests
