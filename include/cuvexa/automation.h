@@ -10,10 +10,15 @@
 
 namespace cuvexa {
 
+/// The method that a client calls.
+struct Called_method {
+    std::string_view name;      ///< the published one
+    bool shows_dialog = false;  ///< it waits for a person: no time to keep others waiting
+};
+
 /// Stands around the run of every method that a client calls. It must run `call` once, in the same thread; `call`
-/// answers False when the member refused (a Boolean result of False) and throws what the member throws. `member` is the
-/// published name.
-using Around_call = std::function<void(std::string_view member, const std::function<bool()>& call)>;
+/// answers False when the method refused (a Boolean result of False) and throws what the method throws.
+using Around_call = std::function<void(const Called_method& method, const std::function<bool()>& call)>;
 
 /// Answers the requests, one per line, until their end; each answer is one line, flushed. The objects that clients
 /// create live over `module` until they are released or the requests end. Nothing that a request holds or that a member

@@ -249,7 +249,7 @@ Variant Session::run_method(Automation_object& object, const Member& member, std
         return !accepted || *accepted;
     };
     if (around_call_) {
-        around_call_(member.name, run);
+        around_call_({member.name, member.shows_dialog}, run);
     } else {
         run();
     }

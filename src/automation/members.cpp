@@ -196,6 +196,11 @@ Member data(Member member) {
     return member;
 }
 
+Member dialog(Member member) {
+    member.shows_dialog = true;
+    return member;
+}
+
 Member helped(Member member, std::string_view help) {
     member.help = help;
     return member;
@@ -249,8 +254,8 @@ std::vector<Member> members_of_tesoreria() {
                {ref("Bc_Cve_Banco_Cuenta"), ref("Rp_Folio"), ref("Dp_Fecha"), ref("Bm_Firme"), ref("Bm_Fecha_Firme"),
                 opt_val("sComentario")}),
         method("GetSaldo", 0x60030020, &T::GetSaldo, {ref("Bc_Cve_Banco_Cuenta"), opt_ref("SoloFirme")}),
-        method("PedirDatosDeposito", 0x60030021, &T::PedirDatosDeposito,
-               {ref("FechaDeposito"), ref("Moneda"), opt_ref("EnFirme"), opt_ref("Empresa")}),
+        dialog(method("PedirDatosDeposito", 0x60030021, &T::PedirDatosDeposito,
+                      {ref("FechaDeposito"), ref("Moneda"), opt_ref("EnFirme"), opt_ref("Empresa")})),
         method("Cancelar_Movimiento_Bancos", 0x60030022, &T::Cancelar_Movimiento_Bancos, {ref("Bm_Folio")}),
         method("Cancelar_Recibo_Caja", 0x60030023, &T::Cancelar_Recibo_Caja,
                {ref("Rp_Folio"), opt_ref("bCancelaDeposito"), opt_ref("bCancelaPagos")}),
@@ -266,9 +271,9 @@ std::vector<Member> members_of_tesoreria() {
         method("Cancelar_Solicitud_Cheque", 0x6003003B, &T::Cancelar_Solicitud_Cheque, {ref("Folio")}),
         method("Afectar_Cheque_Presupuesto", 0x6003004C, &T::Afectar_Cheque_Presupuesto,
                {ref("Ch_Folio"), ref("Tipo")}),
-        helped(method("PedirDatosFormaPago", 0x60030059, &T::PedirDatosFormaPago,
-                      {ref("FormaPago"), opt_ref("Dcb_Tabla"), opt_ref("Dcb_Documento"), opt_ref("Banco"),
-                       opt_ref("Referencia"), opt_ref("Cuenta"), opt_ref("nBanco"), opt_ref("bSugerirCuenta")}),
+        helped(dialog(method("PedirDatosFormaPago", 0x60030059, &T::PedirDatosFormaPago,
+                             {ref("FormaPago"), opt_ref("Dcb_Tabla"), opt_ref("Dcb_Documento"), opt_ref("Banco"),
+                              opt_ref("Referencia"), opt_ref("Cuenta"), opt_ref("nBanco"), opt_ref("bSugerirCuenta")})),
                "Zerlonda - Tesoreria"),
         get("RpDetalle2", 0x6803004D, &T::RpDetalle2),
         let("RpDetalle2", 0x6803004D, &T::RpDetalle2),

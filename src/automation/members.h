@@ -29,7 +29,8 @@ struct Member {
     std::string_view name;
     std::int32_t identifier = 0;
     Member_kind kind = Member_kind::method;
-    bool data_member = false;  ///< a public field of the class: get and let without a procedure behind
+    bool data_member = false;   ///< a public field of the class: get and let without a procedure behind
+    bool shows_dialog = false;  ///< waits for a person
     std::vector<Parameter> parameters;
     Value_type result;
     std::string_view help = {};

@@ -36,9 +36,9 @@ void serve(const Rpc_options& options) {
     module.dialog_toolkit(windows);
     std::ios::sync_with_stdio(false);
     std::cin.tie(nullptr);
-    const Around_call as_a_whole = [&](std::string_view member, const std::function<bool()>& call) {
+    const Around_call as_a_whole = [&](const Called_method& method, const std::function<bool()>& call) {
         // A dialog waits for a person, and nobody else could write meanwhile.
-        if (member.starts_with("PedirDatos")) {
+        if (method.shows_dialog) {
             call();
         } else {
             unit_of_work(database.connection(), call);

@@ -505,8 +505,8 @@ TEST_F(Json_rpc, each_answer_is_flushed_as_one_line) {
 
 TEST_F(Json_rpc, methods_run_inside_what_stands_around_them) {
     std::vector<std::string> seen;
-    around_call = [&](std::string_view member, const std::function<bool()>& call) {
-        seen.push_back("before " + std::string(member));
+    around_call = [&](const Called_method& method, const std::function<bool()>& call) {
+        seen.push_back("before " + std::string(method.name));
         seen.push_back(call() ? "accepted" : "refused");
     };
     result("call", R"({"object":1,"member":"crear_cheque","args":["C1"]})");
@@ -516,9 +516,20 @@ TEST_F(Json_rpc, methods_run_inside_what_stands_around_them) {
     EXPECT_THAT(seen, testing::ElementsAre("before Crear_Cheque", "refused", "before Nuevo", "accepted"));
 }
 
+TEST_F(Json_rpc, what_stands_around_a_method_knows_whether_it_shows_a_dialog) {
+    std::vector<bool> seen;
+    around_call = [&](const Called_method& method, const std::function<bool()>& call) {
+        seen.push_back(method.shows_dialog);
+        call();
+    };
+    result("call", R"({"object":1,"member":"pedirdatosdeposito","args":["2024-03-15","MXN"]})");
+    result("call", R"({"object":1,"member":"Nuevo"})");
+    EXPECT_THAT(seen, testing::ElementsAre(true, false));
+}
+
 TEST_F(Json_rpc, what_a_member_throws_passes_through_what_stands_around_it) {
     bool passed = false;
-    around_call = [&](std::string_view, const std::function<bool()>& call) {
+    around_call = [&](const Called_method&, const std::function<bool()>& call) {
         try {
             call();
         } catch (const Automation_error&) {
@@ -531,7 +542,7 @@ TEST_F(Json_rpc, what_a_member_throws_passes_through_what_stands_around_it) {
 }
 
 TEST_F(Json_rpc, a_failure_of_what_stands_around_is_a_run_time_error) {
-    around_call = [](std::string_view, const std::function<bool()>&) { throw Database_error("disco lleno"); };
+    around_call = [](const Called_method&, const std::function<bool()>&) { throw Database_error("disco lleno"); };
     EXPECT_EQ(error("call", R"({"object":1,"member":"Nuevo"})")["data"],
               Json::parse(R"({"number":440,"description":"disco lleno"})"));
 }

@@ -141,6 +141,16 @@ TEST(Member_table, only_the_payment_method_dialog_carries_a_help_text) {
     }
 }
 
+TEST(Member_table, the_two_dialogs_say_that_they_are_dialogs) {
+    std::vector<std::string_view> dialogs;
+    for (const Automation_class& type : automation_classes()) {
+        for (const Member& member : type.members) {
+            if (member.shows_dialog) dialogs.push_back(member.name);
+        }
+    }
+    EXPECT_THAT(dialogs, testing::ElementsAre("PedirDatosDeposito", "PedirDatosFormaPago"));
+}
+
 TEST(Member_table, optional_parameters_are_worth_false_zero_or_the_empty_text) {
     const auto default_of = [](std::string_view name, std::size_t parameter) {
         for (const Member& member : find_class("Tesoreria")->members) {
