@@ -1,26 +1,40 @@
 // The demonstration: chapters that call the component as any program would and show what each call moved.
 #pragma once
 
+#include <concepts>
 #include <ostream>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
-#include "automation/record_table.h"
+#include "automation/variant.h"
 #include "cli/terminal.h"
+#include "cli/written.h"
 #include "cuvexa/data_access.h"
-#include "cuvexa/tesoreria.h"
+#include "cuvexa/module.h"
 
 namespace cuvexa::cli {
 
-/// Where the chapters play: it narrates, runs calls, and shows rows and balances.
+/// What a call passes, and how a program writes it: a value, or a variable that holds a record.
+struct Argument {
+    template <class V>
+    requires std::constructible_from<Variant, V> Argument(V&& given)
+        : value(std::forward<V>(given)), text(written(value)) {}
+    Argument(std::string_view variable, const Record& record) : value(record), text(variable) {}
+
+    Variant value;
+    std::string text;
+};
+using Arguments = std::vector<Argument>;
+
+/// Where the chapters play: it narrates, calls the component by the names of its members, and shows rows and balances.
+/// What is shown of a call is made of the name and the values that the call is made with.
 class Stage {
 public:
     Stage(Module& module, Connection& connection, std::ostream& out);
 
-    /// The instance that all chapters use.
-    Tesoreria& tesoreria() { return tesoreria_; }
     Connection& connection() { return *connection_; }
 
     /// The date on which everything happens.
@@ -32,25 +46,31 @@ public:
     /// A remark between two calls.
     void say(std::string_view remark);
 
-    /// Shows a line as a program writes it.
-    void wrote(std::string_view line);
+    /// Runs a method and shows it with its result. Throws `Refused` with `Error` when it gives False.
+    void call(std::string_view method, const Arguments& arguments = {});
 
-    /// Shows an assignment of a record: its fields that are not empty, or those that `before` does not have alike.
+    /// The same for a call that must be refused: shows its `Error`, and throws `Refused` when it gives True.
+    void refused_call(std::string_view method, const Arguments& arguments);
+
+    /// Assigns a record to a property and shows its fields that are not empty, or those that `before` does not have
+    /// alike.
     template <class R>
-    void wrote(std::string_view property, R record, R before = {}) {
-        const bool shortened = !(before == R{});
-        wrote(std::string(property) + " = {" + (shortened ? "…, " : "") +
-              fields_text({&record_type<R>(), &record}, {&record_type<R>(), &before}) + "}");
+    void let(std::string_view property, const R& record, const R& before = {}) {
+        assign(property, record, before);
     }
 
-    /// Shows a call, as a program writes it, and its result. Throws `Refused` with `Error` when it gave False.
-    void call(std::string_view written, bool result);
+    /// Shows a record in a variable, which a call may pass.
+    template <class R>
+    Argument variable(std::string_view name, const R& record) {
+        show_assignment(name, record, R{});
+        return {name, record};
+    }
 
-    /// The same for a call that must be refused: shows its `Error`, and throws `Refused` when it gave True.
-    void refused_call(std::string_view written, bool result);
+    /// Reads a property, or a field of a record in it ("RpEncabezado.Rp_Folio"), and shows its value.
+    std::string get(std::string_view path);
 
-    /// Shows a call that gives a value, and the value.
-    void value(std::string_view written, const std::string& result);
+    /// The same, silently.
+    std::string peek(std::string_view path);
 
     /// The rows of a statement under a title.
     void rows(std::string_view title, std::string_view statement, std::span<const Column> columns);
@@ -77,25 +97,28 @@ private:
         double amount = 0;
     };
     std::vector<Balance> read_balances();
-    static std::string fields_text(Record_place place, Record_place before);
 
     enum class Block { calls, other };
 
     /// Between two blocks stands one empty line; calls that follow each other are one block.
     std::ostream& begin(Block block);
 
+    bool run(std::string_view method, const Arguments& arguments);
+    std::string ask(std::string_view path);
+    void assign(std::string_view property, const Record& record, const Record& before);
+    void show_assignment(std::string_view name, const Record& record, const Record& before);
+    void show_line(std::string_view line);
+    void show_result(std::string_view text);
+
     Connection* connection_;
     std::ostream* out_;
-    Tesoreria tesoreria_;
+    Object tesoreria_;
     Date today_;
     std::vector<Balance> first_balances_;
     std::vector<Balance> balances_;
     int chapter_ = 0;
     Block last_block_ = Block::other;
 };
-
-/// A text between double quotes.
-std::string in_quotes(std::string_view text);
 
 // The chapters, in their order.
 void receipt_chapter(Stage& stage);

@@ -63,11 +63,9 @@ void begin_check(Stage& stage, const Purpose& purpose, const std::string& transf
     header.Mn_Cve_Moneda = "MXN";
     header.Ch_Tipo_Cambio = 1;
     header.Sucursal.Sc_Cve_Sucursal = "MTY";
-    stage.wrote("Nuevo()");
-    stage.tesoreria().Nuevo();
-    stage.wrote("Encabezado", header, stage.shown_check);
+    stage.call("Nuevo");
+    stage.let("Encabezado", header, stage.shown_check);
     stage.shown_check = header;
-    stage.tesoreria().Encabezado(header);
 }
 
 void set_line(Stage& stage, const std::string& concept_text, double amount_paid, const std::string& document = {}) {
@@ -77,17 +75,16 @@ void set_line(Stage& stage, const std::string& concept_text, double amount_paid,
     line.Mn_Cve_Moneda = "MXN";
     line.Ch_Tipo_Cambio = 1;
     line.Ch_Importe = amount_paid;
-    stage.wrote("Detalle", line);
-    stage.tesoreria().Detalle(line);
+    stage.let("Detalle", line);
 }
 
 void add_line(Stage& stage, const std::string& concept_text, double amount_paid, const std::string& document = {}) {
     set_line(stage, concept_text, amount_paid, document);
-    stage.call("Add_Cheque_Detalle()", stage.tesoreria().Add_Cheque_Detalle());
+    stage.call("Add_Cheque_Detalle");
 }
 
 std::string check_in_capture(Stage& stage) {
-    return stage.tesoreria().Encabezado().Ch_Folio;
+    return stage.peek("Encabezado.Ch_Folio");
 }
 
 void keep_check(Stage& stage) {
@@ -99,9 +96,7 @@ void pay_supplier(Stage& stage) {
     begin_check(stage, {"0001", "PV01", "Aceros del Bajío", "Pago de facturas"});
     add_line(stage, "Factura A-1001", 1000, "CXP-MTY-00000001");
     add_line(stage, "Factura A-1002", 500, "CXP-MTY-00000002");
-    const std::string folio = check_in_capture(stage);
-    stage.call("Crear_Cheque_Pago_Proveedor(" + in_quotes(folio) + ")",
-               stage.tesoreria().Crear_Cheque_Pago_Proveedor(folio));
+    stage.call("Crear_Cheque_Pago_Proveedor", {check_in_capture(stage)});
     keep_check(stage);
 }
 
@@ -109,7 +104,7 @@ void advance_to_supplier(Stage& stage) {
     stage.say("Anticipo a proveedor: de una línea; pasa por su presupuesto.");
     begin_check(stage, {"0005", "PV01", "Aceros del Bajío", "Anticipo de lámina"});
     set_line(stage, "Anticipo", 600);
-    stage.call("Crear_Cheque_Anticipo_Cxp()", stage.tesoreria().Crear_Cheque_Anticipo_Cxp());
+    stage.call("Crear_Cheque_Anticipo_Cxp");
     keep_check(stage);
 }
 
@@ -117,7 +112,7 @@ void expense_to_justify(Stage& stage) {
     stage.say("Gasto por comprobar: crea además el gasto que el deudor comprobará.");
     begin_check(stage, {"0002", "DE01", "Laura Méndez", "Viáticos"});
     set_line(stage, "Viáticos", 400);
-    stage.call("Crear_Cheque_Gasto_x_Comprobar()", stage.tesoreria().Crear_Cheque_Gasto_x_Comprobar());
+    stage.call("Crear_Cheque_Gasto_x_Comprobar");
     keep_check(stage);
 }
 
@@ -125,7 +120,7 @@ void loan_to_debtor(Stage& stage) {
     stage.say("Préstamo a deudor.");
     begin_check(stage, {"0004", "DE01", "Laura Méndez", "Préstamo personal"});
     set_line(stage, "Préstamo", 300);
-    stage.call("Crear_Cheque_Deudor()", stage.tesoreria().Crear_Cheque_Deudor());
+    stage.call("Crear_Cheque_Deudor");
     keep_check(stage);
 }
 
@@ -133,14 +128,12 @@ void refund_to_customer(Stage& stage) {
     stage.say("Devolución a cliente, y devolución de un anticipo suyo.");
     begin_check(stage, {"0003", "CL01", "Constructora Peña Alta", "Devolución de mercancía"});
     add_line(stage, "Devolución", 200);
-    stage.call("Crear_Cheque_Devolucion_Cliente()", stage.tesoreria().Crear_Cheque_Devolucion_Cliente());
+    stage.call("Crear_Cheque_Devolucion_Cliente");
     keep_check(stage);
 
     begin_check(stage, {"0003", "CL01", "Constructora Peña Alta", "Devolución de anticipo"});
     add_line(stage, "Anticipo", 100);
-    const std::string folio = check_in_capture(stage);
-    stage.call("Crear_Cheque_Devolucion_Anticipo(" + in_quotes(folio) + ")",
-               stage.tesoreria().Crear_Cheque_Devolucion_Anticipo(folio));
+    stage.call("Crear_Cheque_Devolucion_Anticipo", {check_in_capture(stage)});
     keep_check(stage);
 }
 
@@ -155,15 +148,14 @@ void move_money(Stage& stage, const std::string& type, const std::string& accoun
     movement.Bm_Importe = amount_moved;
     movement.Bm_Tipo_Cambio = 1;
     movement.EnFirme = true;
-    stage.wrote("Datos", movement);
-    stage.call("Registra_Movimiento_Banco(Datos)", stage.tesoreria().Registra_Movimiento_Banco(movement));
+    stage.call("Registra_Movimiento_Banco", {stage.variable("Datos", movement)});
 }
 
 void transfer_between_accounts(Stage& stage) {
     stage.say("Traspaso entre cuentas propias: el documento no mueve saldos; los dos movimientos se registran aparte.");
     begin_check(stage, {"0000", "", "Comercializadora Río Claro", "Fondeo de nómina"}, "SI");
     add_line(stage, "Traspaso", 900);
-    stage.call("Crear_Traspaso_Cuenta_Propia()", stage.tesoreria().Crear_Traspaso_Cuenta_Propia());
+    stage.call("Crear_Traspaso_Cuenta_Propia");
     move_money(stage, "TRF", "SRR-MXN", 900);
     move_money(stage, "DEP", "PTO-MXN", 900);
     keep_check(stage);
@@ -217,47 +209,40 @@ void budget_chapter(Stage& stage) {
                   "se puede aplicar.");
     begin_check(stage, {"0005", "PV01", "Aceros del Bajío", "Anticipo de varilla"});
     set_line(stage, "Anticipo", 15000);
-    stage.call("Crear_Cheque_Anticipo_Cxp()", stage.tesoreria().Crear_Cheque_Anticipo_Cxp());
+    stage.call("Crear_Cheque_Anticipo_Cxp");
     const std::string folio = check_in_capture(stage);
     stage.rows("Cheque", checks_select("Ch_Folio = " + sql_text(folio)), check_columns);
     keep_check(stage);
-    stage.refused_call("Aplicar_Cheque(" + in_quotes(folio) + ", " + iso_date(stage.today()) + ")",
-                       stage.tesoreria().Aplicar_Cheque(folio, stage.today()));
+    stage.refused_call("Aplicar_Cheque", {folio, stage.today()});
     stage.balances();
 }
 
 void application_chapter(Stage& stage) {
-    Tesoreria& tesoreria = stage.tesoreria();
     stage.chapter("Aplicación: el cheque surte efecto",
                   "El pago a proveedor se aplica en firme: sus líneas pagan las cuentas por pagar y el movimiento "
                   "queda firme (FI). El\n"
                   "anticipo se aplica en tránsito y crea la cuenta por pagar, a favor, que las facturas consumirán.");
     const std::string& payment = stage.checks.at(0);
     const std::string& advance = stage.checks.at(1);
-    const std::string day = iso_date(stage.today());
-    stage.call("Aplicar_Cheque(" + in_quotes(payment) + ", " + day + ", True)",
-               tesoreria.Aplicar_Cheque(payment, stage.today(), true));
-    stage.call("Finalizar_Cheque(" + in_quotes(payment) + ")", tesoreria.Finalizar_Cheque(payment));
-    stage.call("Aplicar_Cheque(" + in_quotes(advance) + ", " + day + ")",
-               tesoreria.Aplicar_Cheque(advance, stage.today()));
+    stage.call("Aplicar_Cheque", {payment, stage.today(), true});
+    stage.call("Finalizar_Cheque", {payment});
+    stage.call("Aplicar_Cheque", {advance, stage.today()});
     show_payables(stage);
     show_checks(stage);
     show_movements(stage);
 }
 
 void way_back_chapter(Stage& stage) {
-    Tesoreria& tesoreria = stage.tesoreria();
     stage.chapter(
         "De regreso: todo se cancela",
         "Cada cancelación deshace en orden inverso lo que su documento movió. Ningún renglón se borra: queda en CA.");
     for (auto check = stage.checks.rbegin(); check != stage.checks.rend(); ++check) {
-        stage.call("Cancelar_Cheque(" + in_quotes(*check) + ")", tesoreria.Cancelar_Cheque(*check));
+        stage.call("Cancelar_Cheque", {*check});
     }
     stage.say(
         "El recibo está depositado y aplicado: los dos últimos argumentos permiten cancelar también el depósito y los "
         "pagos.");
-    stage.call("Cancelar_Recibo_Caja(" + in_quotes(stage.receipt) + ", True, True)",
-               tesoreria.Cancelar_Recibo_Caja(stage.receipt, true, true));
+    stage.call("Cancelar_Recibo_Caja", {stage.receipt, true, true});
     show_checks(stage);
     show_payables(stage);
     stage.balances();

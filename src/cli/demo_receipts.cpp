@@ -52,9 +52,8 @@ void show_receivable(Stage& stage) {
 }
 
 void capture_line(Stage& stage, const tRpDetalle& line) {
-    stage.wrote("RpDetalle", line);
-    stage.tesoreria().RpDetalle(line);
-    stage.call("Add_Recibo_Caja_Detalle()", stage.tesoreria().Add_Recibo_Caja_Detalle());
+    stage.let("RpDetalle", line);
+    stage.call("Add_Recibo_Caja_Detalle");
 }
 
 tRpEncabezado receipt_header(Date date) {
@@ -74,15 +73,11 @@ tRpEncabezado receipt_header(Date date) {
 }  // namespace
 
 void receipt_chapter(Stage& stage) {
-    Tesoreria& tesoreria = stage.tesoreria();
     stage.chapter("Recibo de caja: se captura línea por línea",
                   "El cliente CL01 paga su factura FV-5001 en Monterrey: una parte en efectivo y otra con cheque.\n"
                   "La primera línea valida el encabezado y toma el folio; cada línea es un renglón de Recibo_Pago.");
-    stage.wrote("NuevoReciboCaja()");
-    tesoreria.NuevoReciboCaja();
-    const tRpEncabezado header = receipt_header(stage.today());
-    stage.wrote("RpEncabezado", header);
-    tesoreria.RpEncabezado(header);
+    stage.call("NuevoReciboCaja");
+    stage.let("RpEncabezado", receipt_header(stage.today()));
 
     tRpDetalle cash;
     cash.Fp_Cve_Forma_Pago.Fp_Cve_Forma_Pago = "01";
@@ -96,8 +91,7 @@ void receipt_chapter(Stage& stage) {
     check.Rp_Importe = 3500;
     capture_line(stage, check);
 
-    stage.receipt = tesoreria.RpEncabezado().Rp_Folio;
-    stage.value("RpEncabezado.Rp_Folio", in_quotes(stage.receipt));
+    stage.receipt = stage.get("RpEncabezado.Rp_Folio");
     show_receipt(stage);
 }
 
@@ -106,34 +100,28 @@ void closing_chapter(Stage& stage) {
         "Cierre: el recibo paga lo que cobra",
         "Al cerrarse, el recibo se aplica a la cuenta por cobrar de la factura y sus líneas pasan de AC a AP.");
     show_receivable(stage);
-    stage.call("FinReciboCaja(" + in_quotes(stage.receipt) + ")", stage.tesoreria().FinReciboCaja(stage.receipt));
+    stage.call("FinReciboCaja", {stage.receipt});
     show_receivable(stage);
     show_receipt(stage);
 }
 
 void deposit_chapter(Stage& stage) {
-    Tesoreria& tesoreria = stage.tesoreria();
     stage.chapter("Depósito: el dinero llega al banco",
                   "El recibo se deposita en la cuenta SRR-MXN: una línea y un movimiento por forma de pago y cheque. "
                   "Se mueven los\n"
                   "saldos de la cuenta y de su banco, y las líneas del recibo pasan de AP a AD.");
-    const std::string day = iso_date(stage.today());
-    stage.call(
-        "Genera_Deposito(\"SRR-MXN\", " + in_quotes(stage.receipt) + ", " + day + ", True, " + day +
-            ", \"Corte del día\")",
-        tesoreria.Genera_Deposito("SRR-MXN", stage.receipt, stage.today(), true, stage.today(), "Corte del día"));
-    stage.value("Dp_Folio", in_quotes(tesoreria.Dp_Folio()));
-    stage.value("FolioMovimiento", in_quotes(tesoreria.FolioMovimiento));
-    stage.rows("Deposito_Pago",
-               "SELECT * FROM Deposito_Pago WHERE Dp_Folio = " + sql_text(tesoreria.Dp_Folio()) + " ORDER BY Dp_Id",
+    stage.call("Genera_Deposito", {"SRR-MXN", stage.receipt, stage.today(), true, stage.today(), "Corte del día"});
+    const std::string deposit = stage.get("Dp_Folio");
+    stage.get("FolioMovimiento");
+    stage.rows("Deposito_Pago", "SELECT * FROM Deposito_Pago WHERE Dp_Folio = " + sql_text(deposit) + " ORDER BY Dp_Id",
                deposit_columns);
     stage.rows("Banco_Movimiento",
                "SELECT * FROM Banco_Movimiento WHERE Bm_Tabla = 'DEPOSITO_PAGO' AND Bm_Documento = " +
-                   sql_text(tesoreria.Dp_Folio()) + " ORDER BY Bm_Folio",
+                   sql_text(deposit) + " ORDER BY Bm_Folio",
                movement_columns);
     show_receipt(stage);
     stage.balances();
-    stage.value("GetSaldo(\"SRR-MXN\")", number_text(tesoreria.GetSaldo("SRR-MXN")));
+    stage.call("GetSaldo", {"SRR-MXN"});
 }
 
 }  // namespace cuvexa::cli

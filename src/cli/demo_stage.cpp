@@ -1,5 +1,6 @@
-#include <algorithm>
+#include <stdexcept>
 
+#include "automation/invoke.h"
 #include "cli/command.h"
 #include "cli/demo.h"
 #include "cuvexa/suite/audit.h"
@@ -33,14 +34,6 @@ std::string wrapped(std::string_view line, std::string_view indent) {
     return lines.append(line);
 }
 
-/// A field that is no record, as a program writes it.
-std::string simple_text(const Place& place) {
-    if (const auto* flag = std::get_if<bool*>(&place)) return **flag ? "True" : "False";
-    if (const auto* number = std::get_if<double*>(&place)) return number_text(**number);
-    if (const auto* date = std::get_if<Date*>(&place)) return iso_date(**date);
-    return in_quotes(*std::get<std::string*>(place));
-}
-
 std::string indented(std::string_view text, std::string_view indent) {
     std::string lines(indent);
     for (const char c : text) {
@@ -51,10 +44,27 @@ std::string indented(std::string_view text, std::string_view indent) {
     return lines;
 }
 
+std::string call_text(std::string_view method, const Arguments& arguments) {
+    std::string text;
+    for (const Argument& argument : arguments) text.append(text.empty() ? "" : ", ").append(argument.text);
+    return std::string(method) + '(' + text + ')';
+}
+
+Place field_named(std::string_view name, Record& record) {
+    const Record_place place = place_of(record);
+    for (const Field& field : place.type->fields) {
+        if (field.name == name) return field.place(place.record);
+    }
+    throw std::out_of_range("no field " + std::string(name));
+}
+
 }  // namespace
 
 Stage::Stage(Module& module, Connection& connection, std::ostream& out)
-    : connection_(&connection), out_(&out), tesoreria_(module), today_(day_of(module.data().GetServerDate())) {
+    : connection_(&connection),
+      out_(&out),
+      tesoreria_(find_class("Tesoreria")->create(module)),
+      today_(day_of(module.data().GetServerDate())) {
     first_balances_ = balances_ = read_balances();
 }
 
@@ -72,24 +82,59 @@ void Stage::say(std::string_view remark) {
     begin(Block::other) << indented(remark, "   ") << '\n';
 }
 
-void Stage::wrote(std::string_view line) {
+void Stage::show_line(std::string_view line) {
     begin(Block::calls) << "   > " << wrapped(line, "       ") << '\n';
 }
 
-void Stage::value(std::string_view written, const std::string& result) {
-    wrote(written);
-    *out_ << indented(result, "     ") << '\n';
+void Stage::show_result(std::string_view text) {
+    *out_ << indented(text, "     ") << '\n';
 }
 
-void Stage::call(std::string_view written, bool result) {
-    value(written, result ? "True" : "False");
-    if (!result) throw Refused(tesoreria_.Error());
+void Stage::show_assignment(std::string_view name, const Record& record, const Record& before) {
+    show_line(std::string(name) + " = " + written(record, before));
 }
 
-void Stage::refused_call(std::string_view written, bool result) {
-    value(written, result ? "True" : "False");
-    if (result) throw Refused("Se esperaba un rechazo: " + std::string(written));
-    value("Error", tesoreria_.Error());
+void Stage::assign(std::string_view property, const Record& record, const Record& before) {
+    show_assignment(property, record, before);
+    std::vector<Variant> value{record};
+    Invoke(*tesoreria_, property, Member_kind::property_let, value);
+}
+
+bool Stage::run(std::string_view method, const Arguments& arguments) {
+    show_line(call_text(method, arguments));
+    std::vector<Variant> values;
+    for (const Argument& argument : arguments) values.push_back(argument.value);
+    const Variant result = Invoke(*tesoreria_, method, Member_kind::method, values);
+    if (!is_missing(result)) show_result(written(result));
+    return result != Variant(false);
+}
+
+void Stage::call(std::string_view method, const Arguments& arguments) {
+    if (!run(method, arguments)) throw Refused(peek("Error"));
+}
+
+void Stage::refused_call(std::string_view method, const Arguments& arguments) {
+    if (run(method, arguments)) throw Refused("Se esperaba un rechazo: " + call_text(method, arguments));
+    show_result(ask("Error"));
+}
+
+std::string Stage::get(std::string_view path) {
+    std::string text = ask(path);
+    show_result(written(text));
+    return text;
+}
+
+std::string Stage::ask(std::string_view path) {
+    show_line(path);
+    return peek(path);
+}
+
+std::string Stage::peek(std::string_view path) {
+    const std::size_t dot = path.find('.');
+    std::vector<Variant> none;
+    Variant value = Invoke(*tesoreria_, path.substr(0, dot), Member_kind::property_get, none);
+    if (dot == std::string_view::npos) return std::get<std::string>(value);
+    return *std::get<std::string*>(field_named(path.substr(dot + 1), std::get<Record>(value)));
 }
 
 void Stage::rows(std::string_view title, std::string_view statement, std::span<const Column> columns) {
@@ -143,30 +188,10 @@ void Stage::audit() {
     const auto findings = cuvexa::audit(*connection_);
     if (findings.empty()) return say("Auditoría: todo cuadra.");
     say("Auditoría:");
-    for (const Finding& finding : findings) value(finding.document, finding.figures + "\n" + finding.remedy);
-}
-
-std::string Stage::fields_text(Record_place place, Record_place before) {
-    std::string text;
-    const auto add = [&](std::string_view name, const std::string& value) {
-        if (!text.empty()) text += ", ";
-        text += std::string(name) + ": " + value;
-    };
-    for (const Field& field : place.type->fields) {
-        const Place now = field.place(place.record);
-        const Place then = field.place(before.record);
-        if (const auto* record = std::get_if<Record_place>(&now)) {
-            const std::string inner = fields_text(*record, std::get<Record_place>(then));
-            if (!inner.empty()) add(field.name, '{' + inner + '}');
-        } else if (const std::string value = simple_text(now); value != simple_text(then)) {
-            add(field.name, value);
-        }
+    for (const Finding& finding : findings) {
+        show_line(finding.document);
+        show_result(finding.figures + "\n" + finding.remedy);
     }
-    return text;
-}
-
-std::string in_quotes(std::string_view text) {
-    return '"' + std::string(text) + '"';
 }
 
 }  // namespace cuvexa::cli
