@@ -1,4 +1,4 @@
-# An installed package gives find_package(Cuvexa) with Cuvexa::core, Cuvexa::sqlite, Cuvexa::suite and Cuvexa::automation.
+# An installed package gives find_package(Cuvexa) with Cuvexa::core, Cuvexa::company, Cuvexa::suite, Cuvexa::automation and the engines.
 include(CMakePackageConfigHelpers)
 
 get_property(libraries GLOBAL PROPERTY CUVEXA_LIBRARIES)

@@ -1,6 +1,5 @@
 // A cash receipt of two lines, captured, closed and deposited. The database: cuvexa init --db company.db --sample
-#include <cuvexa/database/sqlite_connection.h>
-#include <cuvexa/suite/reference_suite.h>
+#include <cuvexa/company.h>
 #include <cuvexa/tesoreria.h>
 
 #include <iostream>
@@ -38,8 +37,8 @@ std::string capture(cuvexa::Tesoreria& tesoreria, cuvexa::Date date) {
 
 void run(const std::string& file) {
     const cuvexa::Date date = cuvexa::make_date(2024, 3, 15);
-    cuvexa::Sqlite_connection connection(file);
-    cuvexa::Module module(std::make_shared<cuvexa::Reference_suite>(connection));
+    const cuvexa::Company company({.database = file});
+    cuvexa::Module module(company.suite());
     cuvexa::Tesoreria tesoreria(module);
 
     const std::string receipt = capture(tesoreria, date);

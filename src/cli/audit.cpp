@@ -13,7 +13,7 @@ namespace cuvexa::cli {
 namespace {
 
 struct Audit_options {
-    Database_options database;
+    Company_options company;
     bool json = false;
 };
 
@@ -43,10 +43,10 @@ void show_progress(const std::string& check) {
 }
 
 void run_audit(const Audit_options& options) {
-    Database database(options.database, Access::read);
+    const Company company(options.company, Access::read);
     const bool watched = isatty(STDERR_FILENO) != 0;
     const auto findings =
-        audit(database.connection(), watched ? show_progress : std::function<void(const std::string&)>());
+        audit(company.connection(), watched ? show_progress : std::function<void(const std::string&)>());
     if (watched) std::cerr << "\r\033[K";
 
     if (options.json) {
@@ -65,7 +65,7 @@ void add_audit(CLI::App& program) {
     CLI::App* command =
         program.add_subcommand("audit", "List what does not add up; exit code 1 when anything does not");
     command->add_flag("--json", options->json, "An array of objects, for programs");
-    options->database.add_to(*command);
+    add_company_options(*command, options->company);
     command->callback([options] { run_audit(*options); });
 }
 

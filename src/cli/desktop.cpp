@@ -15,12 +15,13 @@ std::shared_ptr<Dialog_toolkit> desktop() {
 #endif
 }
 
-void report_in_windows(Suite_options& options, const std::shared_ptr<Dialog_toolkit>& desktop) {
-    if (!desktop || !desktop->obstacle().empty()) return;
+Suite_options reporting_in(const std::shared_ptr<Dialog_toolkit>& desktop, Suite_options options) {
+    if (!desktop || !desktop->obstacle().empty()) return options;
     options.report_error = [desktop](const Reported_error& report) {
         desktop->show_error(
             {report.description, report.style, report.routine, report.title, report.project, report.code});
     };
+    return options;
 }
 
 }  // namespace cuvexa::cli

@@ -11,8 +11,7 @@ namespace cuvexa::cli {
 /// What draws the dialogs; null when this program was built without windows.
 std::shared_ptr<Dialog_toolkit> desktop();
 
-/// Shows what the suite reports in its error dialog when there is a display; without one it stays a line on standard
-/// error.
-void report_in_windows(Suite_options& options, const std::shared_ptr<Dialog_toolkit>& desktop);
+/// The options with what the suite reports shown in the desktop's error dialog; without a display they stay as they are.
+Suite_options reporting_in(const std::shared_ptr<Dialog_toolkit>& desktop, Suite_options options);
 
 }  // namespace cuvexa::cli

@@ -4,104 +4,68 @@
 #include <string>
 
 #include "cli/command.h"
-#include "cli/desktop.h"
-#include "cuvexa/suite/reference_suite.h"
+#include "cli/session.h"
 #include "cuvexa/tesoreria.h"
 
 namespace cuvexa::cli {
 
 namespace {
 
-struct Dialog_options {
-    Database_options database;
-    std::string user = Suite_options{}.user;
-    std::string server_date;
-
-    void add_to(CLI::App& command) {
-        command.add_option("--user", user, "User that the audit columns carry")
-            ->type_name("NAME")
-            ->capture_default_str();
-        command.add_option("--server-date", server_date, "Fix the server's date: 2024-03-15 or 2024-03-15T10:20:30")
-            ->type_name("ISO")
-            ->check([](const std::string& text) { return parse_date(text) ? "" : "not a date: " + text; });
-        database.add_to(command);
-    }
-};
-
-struct Deposit_options : Dialog_options {
+struct Deposit_options : Session_options {
     std::string date;
     std::string currency;
     bool firm = false;
-    std::string company;
+    std::string of_company;
     std::string receipts;
 };
 
-struct Payment_options : Dialog_options {
+struct Payment_options : Session_options {
     std::string method, table, document, bank, reference, account, bank_name;
     bool suggest = false;
 };
 
-/// The component on a database, with windows.
-class Session {
-public:
-    explicit Session(const Dialog_options& options) : database_(options.database, Access::write) {
-        Suite_options suite;
-        suite.date_style = database_.date_style();
-        suite.user = options.user;
-        if (!options.server_date.empty()) suite.server_date = parse_date(options.server_date);
-        const auto windows = desktop();
-        suite.report_error = [](const Reported_error&) {};  // without windows only that, and the command says it itself
-        report_in_windows(suite, windows);
-        module_ = std::make_unique<Module>(std::make_shared<Reference_suite>(database_.connection(), suite));
-        module_->dialog_toolkit(windows);
-        treasury_ = std::make_unique<Tesoreria>(*module_);
-    }
+/// A session that says by itself, not through the suite, what the dialog left in `Error`.
+Session session_for_a_dialog(const Session_options& options) {
+    return Session(options, {.report_error = [](const Reported_error&) {}});
+}
 
-    Module& module() { return *module_; }
-    Tesoreria& treasury() { return *treasury_; }
-
-    /// Ends the command with the component's error, when there is one.
-    void refuse_on_error() const {
-        if (!treasury_->Error().empty()) throw Refused(treasury_->Error());
-    }
-
-private:
-    Database database_;
-    std::unique_ptr<Module> module_;
-    std::unique_ptr<Tesoreria> treasury_;
-};
+/// Prints what the dialog gave; ends the command with the component's error, when there is one.
+void print_answer(const std::string& answer, const Tesoreria& treasury) {
+    if (!treasury.Error().empty()) throw Refused(treasury.Error());
+    std::cout << answer << '\n';
+}
 
 /// Takes the answer of the dialog apart and deposits the receipts with it.
-void deposit_receipts(Session& session, const std::string& answer, Date date, const std::string& receipts) {
+void deposit_receipts(Tesoreria& treasury, const std::string& answer, Date date, const std::string& receipts) {
     const auto first = answer.find('|');
     const auto second = answer.find('|', first + 1);
     const auto firm_date = parse_date(answer.substr(first + 1, second - first - 1));
     const bool firm = answer.substr(second + 1) == "1";
-    if (!session.treasury().Genera_Deposito(answer.substr(0, first), receipts, date, firm, firm_date.value_or(date))) {
-        throw Refused(session.treasury().Error());
+    if (!treasury.Genera_Deposito(answer.substr(0, first), receipts, date, firm, firm_date.value_or(date))) {
+        throw Refused(treasury.Error());
     }
-    std::cout << session.treasury().Dp_Folio() << '\n';
+    std::cout << treasury.Dp_Folio() << '\n';
 }
 
 void ask_deposit(const Deposit_options& options) {
-    Session session(options);
+    Session session = session_for_a_dialog(options);
+    Tesoreria treasury(session.module());
     const Date today = day_of(session.module().data().GetServerDate());
     const Date date = options.date.empty() ? today : parse_date(options.date).value_or(today);
     const std::string& local = session.module().parameters().FIN_MONEDA_LOCAL;
-    const std::string answer = session.treasury().PedirDatosDeposito(
-        date, options.currency.empty() ? local : options.currency, options.firm ? 1 : 0, options.company);
-    session.refuse_on_error();
-    std::cout << answer << '\n';
-    if (!answer.empty() && !options.receipts.empty()) deposit_receipts(session, answer, date, options.receipts);
+    const std::string answer = treasury.PedirDatosDeposito(date, options.currency.empty() ? local : options.currency,
+                                                           options.firm ? 1 : 0, options.of_company);
+    print_answer(answer, treasury);
+    if (!answer.empty() && !options.receipts.empty()) deposit_receipts(treasury, answer, date, options.receipts);
 }
 
 void ask_payment(const Payment_options& options) {
-    Session session(options);
+    Session session = session_for_a_dialog(options);
+    Tesoreria treasury(session.module());
     const std::string answer =
-        session.treasury().PedirDatosFormaPago(options.method, options.table, options.document, options.bank,
-                                               options.reference, options.account, options.bank_name, options.suggest);
-    session.refuse_on_error();
-    std::cout << answer << '\n';
+        treasury.PedirDatosFormaPago(options.method, options.table, options.document, options.bank, options.reference,
+                                     options.account, options.bank_name, options.suggest);
+    print_answer(answer, treasury);
 }
 
 void add_deposit(CLI::App& dialog) {
@@ -109,10 +73,10 @@ void add_deposit(CLI::App& dialog) {
     CLI::App* command = dialog.add_subcommand("deposit", "Ask for account and firm date: ACCOUNT|DATE|0 or 1");
     command->add_option("--date", options->date, "Date of the deposit; the server's day if not given")
         ->type_name("ISO")
-        ->check([](const std::string& text) { return parse_date(text) ? "" : "not a date: " + text; });
+        ->check(date_problem);
     command->add_option("--currency", options->currency, "Currency of the receipts; the local one if not given")
         ->type_name("KEY");
-    command->add_option("--company", options->company, "Only accounts of this company or of all")->type_name("KEY");
+    command->add_option("--company", options->of_company, "Only accounts of this company or of all")->type_name("KEY");
     command->add_flag("--firm", options->firm, "Propose that the money is firm");
     command
         ->add_option("--receipts", options->receipts, "Then deposit these receipts, and print the folio of the deposit")

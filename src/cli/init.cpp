@@ -9,20 +9,27 @@ namespace cuvexa::cli {
 namespace {
 
 struct Init_options {
-    Database_options database;
+    Company_options company;
     bool sample = false;
     bool if_missing = false;
 };
 
+/// False when it stood there already, and may.
+bool make(const Init_options& options) {
+    const Contents contents = options.sample ? Contents::sample_company : Contents::schema;
+    if (options.if_missing) return Company::create_if_missing(options.company, contents);
+    Company::create(options.company, contents);
+    return true;
+}
+
 void init(const Init_options& options) {
-    const std::string file = options.database.shown();
-    if (options.if_missing && options.database.stands()) {
-        Database(options.database, Access::read);  // refuses what is no database of this version
-        std::cout << "Ya existía: " << file << '\n';
-        return;
+    const std::string name = options.company.shown();
+    if (make(options)) {
+        std::cout << "Base de datos creada" << (options.sample ? " con la empresa de muestra: " : ": ") << name << '\n';
+    } else {
+        Company(options.company, Access::read);  // refuses what is no database of this version
+        std::cout << "Ya existía: " << name << '\n';
     }
-    Database::create(options.database, options.sample);
-    std::cout << "Base de datos creada" << (options.sample ? " con la empresa de muestra: " : ": ") << file << '\n';
 }
 
 }  // namespace
@@ -32,7 +39,7 @@ void add_init(CLI::App& program) {
     CLI::App* command = program.add_subcommand("init", "Make a database");
     command->add_flag("--sample", options->sample, "With the sample company");
     command->add_flag("--if-missing", options->if_missing, "Leave an existing database as it is, and succeed");
-    options->database.add_to(*command);
+    add_company_options(*command, options->company);
     command->callback([options] { init(*options); });
 }
 

@@ -13,16 +13,16 @@ namespace {
 constexpr Column columns[] = {{"name", "Parámetro"}, {"value", "Valor"}};
 
 struct Parameter_options {
-    Database_options database;
+    Company_options company;
     std::string name;
     std::string value;
     bool json = false;
 };
 
 void list(const Parameter_options& options) {
-    Database database(options.database, Access::read);
+    const Company company(options.company, Access::read);
     std::vector<Row> rows;
-    for (const System_parameter& parameter : parameters(database.connection()))
+    for (const System_parameter& parameter : parameters(company.connection()))
         rows.push_back({parameter.name, parameter.value});
     if (options.json) {
         print_json(std::cout, columns, rows);
@@ -32,20 +32,20 @@ void list(const Parameter_options& options) {
 }
 
 void get(const Parameter_options& options) {
-    Database database(options.database, Access::read);
-    const auto value = parameter(database.connection(), options.name);
+    const Company company(options.company, Access::read);
+    const auto value = parameter(company.connection(), options.name);
     if (!value) throw Refused("No existe el parámetro: " + options.name);
     std::cout << *value << '\n';
 }
 
 void set(const Parameter_options& options) {
-    Database database(options.database, Access::write);
-    set_parameter(database.connection(), options.name, options.value);
+    const Company company(options.company, Access::write);
+    set_parameter(company.connection(), options.name, options.value);
 }
 
 void unset(const Parameter_options& options) {
-    Database database(options.database, Access::write);
-    if (!unset_parameter(database.connection(), options.name)) throw Refused("No existe el parámetro: " + options.name);
+    const Company company(options.company, Access::write);
+    if (!unset_parameter(company.connection(), options.name)) throw Refused("No existe el parámetro: " + options.name);
 }
 
 }  // namespace
@@ -54,7 +54,7 @@ void add_parameter(CLI::App& program) {
     auto options = std::make_shared<Parameter_options>();
     CLI::App* command = program.add_subcommand("parameter", "System parameters");
     command->require_subcommand(1);
-    options->database.add_to(*command);
+    add_company_options(*command, options->company);
 
     const auto add = [&](const char* name, const char* help, void (*action)(const Parameter_options&)) {
         CLI::App* verb = command->add_subcommand(name, help)->fallthrough();

@@ -11,7 +11,7 @@ namespace cuvexa::cli {
 namespace {
 
 struct Show_options {
-    Database_options database;
+    Company_options company;
     std::string view;
     std::string key;
     bool json = false;
@@ -19,8 +19,8 @@ struct Show_options {
 
 void show(const Show_options& options) {
     const View& view = view_named(options.view);
-    Database database(options.database, Access::read);
-    const auto rows = read_view(database.connection(), view, options.key);
+    const Company company(options.company, Access::read);
+    const auto rows = read_view(company.connection(), view, options.key);
     if (options.json) {
         print_json(std::cout, view.columns, rows);
     } else {
@@ -37,7 +37,7 @@ void add_show(CLI::App& program) {
     command->add_option("view", options->view, "What to show")->required()->check(CLI::IsMember(view_names()));
     command->add_option("key", options->key, "Only the document, or the account, of this folio or key");
     command->add_flag("--json", options->json, "An array of objects, for programs");
-    options->database.add_to(*command);
+    add_company_options(*command, options->company);
     command->callback([options] { show(*options); });
 }
 

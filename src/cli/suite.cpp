@@ -20,7 +20,7 @@ constexpr Column series_columns[] = {
     {"code", "Documento"}, {"branch", "Sucursal"}, {"last", "Último folio", Column_kind::number}, {"open", "Abierta"}};
 
 struct Suite_command_options {
-    Database_options database;
+    Company_options company;
     bool json = false;
     std::string id;
     bool replica = false, central = false;
@@ -84,8 +84,8 @@ void show_json(Connection& connection) {
 }
 
 void show(const Suite_command_options& options) {
-    Database database(options.database, Access::read);
-    Connection& connection = database.connection();
+    const Company company(options.company, Access::read);
+    Connection& connection = company.connection();
     if (options.json) return show_json(connection);
     const Server_identity server = server_identity(connection);
     std::cout << "Servidor: " << server.id << (server.replica ? " (réplica)" : " (central)")
@@ -98,29 +98,29 @@ void show(const Suite_command_options& options) {
 }
 
 void set_server(const Suite_command_options& options) {
-    Database database(options.database, Access::write);
-    Server_identity server = server_identity(database.connection());
+    const Company company(options.company, Access::write);
+    Server_identity server = server_identity(company.connection());
     server.id = options.id;
     if (options.replica || options.central) server.replica = options.replica;
-    set_server_identity(database.connection(), server);
+    set_server_identity(company.connection(), server);
 }
 
 void set_posting_of(const Suite_command_options& options) {
-    Database database(options.database, Access::write);
-    set_posting(database.connection(), options.code, options.on_off == "on");
+    const Company company(options.company, Access::write);
+    set_posting(company.connection(), options.code, options.on_off == "on");
 }
 
 void set_period_state(const Suite_command_options& options) {
-    Database database(options.database, Access::write);
+    const Company company(options.company, Access::write);
     const int year = std::stoi(options.month.substr(0, 4));
     const int month = std::stoi(options.month.substr(5));
-    set_period(database.connection(), {options.module, year, month, options.open_close == "open"});
+    set_period(company.connection(), {options.module, year, month, options.open_close == "open"});
 }
 
 void administer_series(const Suite_command_options& options) {
     const bool changes = options.next > 0 || options.close || options.reopen;
-    Database database(options.database, changes ? Access::write : Access::read);
-    Connection& connection = database.connection();
+    const Company company(options.company, changes ? Access::write : Access::read);
+    Connection& connection = company.connection();
     if (options.next > 0) set_next_folio(connection, options.code, options.branch, options.next);
     if (options.close || options.reopen)
         set_folio_series_open(connection, options.code, options.branch, options.reopen);
@@ -128,8 +128,8 @@ void administer_series(const Suite_command_options& options) {
 }
 
 void mark(const Suite_command_options& options) {
-    Database database(options.database, Access::write);
-    mark_posted(database.connection(), options.code, options.folio, Suite_options{}.user);
+    const Company company(options.company, Access::write);
+    mark_posted(company.connection(), options.code, options.folio, Suite_options{}.user);
 }
 
 std::string month_problem(const std::string& text) {
@@ -146,7 +146,7 @@ void add_suite(CLI::App& program) {
     auto options = std::make_shared<Suite_command_options>();
     CLI::App* command = program.add_subcommand("suite", "Administer the reference suite");
     command->require_subcommand(1);
-    options->database.add_to(*command);
+    add_company_options(*command, options->company);
 
     const auto add = [&](const char* name, const char* help, void (*action)(const Suite_command_options&)) {
         CLI::App* verb = command->add_subcommand(name, help)->fallthrough();

@@ -3,6 +3,7 @@
 #include "core/case.h"
 #include "core/codes.h"
 #include "cuvexa/errors.h"
+#include "cuvexa/suite/schema.h"
 #include "suite/statements.h"
 
 namespace cuvexa {

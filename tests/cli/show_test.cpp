@@ -81,6 +81,23 @@ TEST_F(Cli_demo, plays_in_memory_and_leaves_nothing) {
     EXPECT_FALSE(std::filesystem::exists(folder / "demo.db"));
 }
 
+TEST_F(Cli_demo, shows_calls_as_a_program_writes_them_with_what_they_gave) {
+    const std::string text = output_of("demo");
+    for (const char* part : {
+             "   > RpDetalle = {Fp_Cve_Forma_Pago: {Fp_Cve_Forma_Pago: \"01\"}, Rp_Importe: 1500}\n"
+             "   > Add_Recibo_Caja_Detalle()\n     True\n",
+             "   > RpEncabezado.Rp_Folio\n     \"RP-MTY-00000001\"\n",
+             "   > Genera_Deposito(\"SRR-MXN\", \"RP-MTY-00000001\", 2024-03-15, True, 2024-03-15, \"Corte del día\")\n"
+             "     True\n",
+             "   > GetSaldo(\"SRR-MXN\")\n     5000\n",
+             "   > Nuevo()\n   > Encabezado = {…, Tc_Cve_Tipo_Cheque: \"0005\", Ch_Referencia: \"2002\", ",
+             "   > Registra_Movimiento_Banco(Datos)\n     True\n",
+             "     False\n   > Error\n     Cuvexa.dll - Aplicar_Cheque()\n",
+         }) {
+        EXPECT_THAT(text, HasSubstr(part));
+    }
+}
+
 TEST_F(Cli_demo, keeps_its_database_and_may_be_played_again_on_it) {
     output_of("demo --db demo.db --synchronous off");
     output_of("demo --db demo.db --synchronous off");

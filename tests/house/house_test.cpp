@@ -36,8 +36,8 @@ const std::set<std::string> doors = {"automation", "desktop", "cli"};
 /// How far down a room stands; it may include what stands above it. Negative: there is no such room.
 int depth_of(const std::string& room) {
     static const std::map<std::string, int> depths = {{"include/cuvexa", 0},   {"core", 1},     {"suite", 3},
-                                                      {"database/dialect", 3}, {"database", 4}, {"automation", 6},
-                                                      {"desktop", 7},          {"cli", 8}};
+                                                      {"database/dialect", 3}, {"database", 4}, {"company", 6},
+                                                      {"automation", 6},       {"desktop", 7},  {"cli", 8}};
     if (subsystems.contains(room)) return 2;
     if (engines.contains(room)) return 5;
     const auto depth = depths.find(room);
@@ -101,11 +101,17 @@ bool is_standard_header(const std::string& name) {
                        [](unsigned char c) { return std::islower(c) != 0 || std::isdigit(c) != 0 || c == '_'; });
 }
 
+/// What the standard library lacks where a company's file is made: to bring its name to the disk.
+bool is_file_system_header(const std::string& name) {
+    return name == "fcntl.h" || name == "unistd.h";
+}
+
 /// Why a room may not include that; empty when it may.
 std::string objection(const std::string& room, const std::string& include) {
     const std::string name = include.substr(1, include.size() - 2);
     if (include.front() == '<') {
-        const bool named_for_it = engines.contains(room) || doors.contains(room);
+        const bool named_for_it =
+            engines.contains(room) || doors.contains(room) || (room == "company" && is_file_system_header(name));
         return is_standard_header(name) || named_for_it ? "" : "a header of others";
     }
     if (name.find('/') == std::string::npos) return "";  // of its own folder
@@ -137,6 +143,9 @@ TEST(House, the_include_rule_objects_to_what_it_should) {
     EXPECT_EQ(objection("suite", "\"cuvexa/suite/reference_suite.h\""), "");
     EXPECT_EQ(objection("cli", "\"cuvexa/database/sqlite_connection.h\""), "");
     EXPECT_EQ(objection("core", "\"core/case.h\""), "");
+    EXPECT_EQ(objection("company", "\"database/connection_string.h\""), "");
+    EXPECT_EQ(objection("company", "<unistd.h>"), "");
+    EXPECT_EQ(objection("cli", "\"company/engine.h\""), "");
     EXPECT_NE(objection("core", "\"receipts/x.h\""), "");
     EXPECT_NE(objection("core", "<sqlite3.h>"), "");
     EXPECT_NE(objection("suite", "<nlohmann/json.hpp>"), "");
@@ -149,6 +158,11 @@ TEST(House, the_include_rule_objects_to_what_it_should) {
     EXPECT_NE(objection("database/dialect", "<sqlite3.h>"), "");
     EXPECT_NE(objection("database/dialect", "\"database/row_set.h\""), "");
     EXPECT_NE(objection("database/sqlite", "\"database/odbc/handle.h\""), "");
+    EXPECT_NE(objection("company", "<sqlite3.h>"), "");
+    EXPECT_NE(objection("company", "\"automation/members.h\""), "");
+    EXPECT_NE(objection("automation", "\"company/engine.h\""), "");
+    EXPECT_NE(objection("suite", "\"company/engine.h\""), "");
+    EXPECT_NE(objection("database", "\"company/engine.h\""), "");
     EXPECT_NE(objection("include/cuvexa", "\"core/operation.h\""), "");
 }
 

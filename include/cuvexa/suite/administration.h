@@ -9,9 +9,6 @@
 
 namespace cuvexa {
 
-/// Version of the schema that this program writes and reads.
-inline constexpr int schema_version = 1;
-
 /// Whether the database holds this schema, of whatever version.
 bool has_schema(Connection& connection);
 

@@ -1,0 +1,54 @@
+#include "company/engine.h"
+
+#include "database/connection_string.h"
+
+namespace cuvexa::company {
+
+namespace {
+
+/// How a kind is told by a database's name; the first that claims it has it.
+struct Kind {
+    bool (*claims)(std::string_view database);
+    bool server;
+    std::string (*shown)(std::string_view database);
+    std::unique_ptr<Engine> (*engine)(const Company_options& options);
+};
+
+bool any(std::string_view) {
+    return true;
+}
+
+std::string as_it_is(std::string_view database) {
+    return std::string(database);
+}
+
+constexpr Kind kinds[] = {
+    {is_connection_string, true, without_password, odbc_engine},
+    {any, false, as_it_is, file_engine},
+};
+
+const Kind& kind_of(std::string_view database) {
+    const Kind* kind = kinds;
+    while (!kind->claims(database)) ++kind;
+    return *kind;
+}
+
+}  // namespace
+
+std::unique_ptr<Engine> engine_for(const Company_options& options) {
+    return kind_of(options.database).engine(options);
+}
+
+}  // namespace cuvexa::company
+
+namespace cuvexa {
+
+bool Company_options::is_server() const {
+    return company::kind_of(database).server;
+}
+
+std::string Company_options::shown() const {
+    return company::kind_of(database).shown(database);
+}
+
+}  // namespace cuvexa

@@ -1,0 +1,71 @@
+// The embedded engine: a company in a file.
+#include "company/engine.h"
+#include "company/files.h"
+#include "cuvexa/database/sqlite_connection.h"
+
+namespace cuvexa::company {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+Sqlite_options engine_options(const Company_options& options) {
+    Sqlite_options engine;
+    engine.synchronous = synchronous_named(options.synchronous);
+    engine.busy_timeout_ms = static_cast<int>(options.wait_s * 1000);
+    return engine;
+}
+
+Opened new_database(const std::string& file, const Company_options& options) {
+    Sqlite_options engine = engine_options(options);
+    engine.create = true;
+    return {.connection = std::make_unique<Sqlite_connection>(file, engine), .file = file};
+}
+
+// The engine would say the same of a missing file and of a folder: that it cannot open it.
+void require_file(const std::string& file) {
+    std::error_code ignored;
+    const auto status = fs::status(path(file), ignored);
+    if (!fs::exists(status)) {
+        throw Company_error("No existe la base de datos: " + file + " (se crea con: cuvexa init --db " + file + ")");
+    }
+    if (fs::is_directory(status)) throw Company_error("No es una base de datos sino una carpeta: " + file);
+}
+
+class File_engine final : public Engine {
+public:
+    explicit File_engine(const Company_options& options) : options_(options) {}
+
+    bool stands() const override { return fs::exists(path(file())); }
+
+    Opened open(Access access) const override {
+        require_file(file());
+        Sqlite_options engine = engine_options(options_);
+        engine.read_only = access == Access::read;
+        return {.connection = std::make_unique<Sqlite_connection>(file(), engine), .file = file()};
+    }
+
+    void create(const Fill& fill) const override {
+        refuse_in_place(file());
+        Draft draft(file());
+        fill(new_database(draft.name(), options_));
+        draft.become(file());
+    }
+
+private:
+    const std::string& file() const { return options_.database; }
+
+    Company_options options_;
+};
+
+}  // namespace
+
+std::unique_ptr<Engine> file_engine(const Company_options& options) {
+    return std::make_unique<File_engine>(options);
+}
+
+Opened open_in_memory(const Company_options& options) {
+    return new_database(":memory:", options);
+}
+
+}  // namespace cuvexa::company
