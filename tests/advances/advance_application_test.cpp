@@ -3,7 +3,7 @@
 #include "suite/expenses.h"
 #include "support/company.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 const std::string apply_tag = "Cuvexa.dll - Aplicar_Cheque()\r\n";
@@ -556,4 +556,4 @@ TEST_F(Advance_undoing, each_failing_statement_stands_behind_both_tags) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -11,7 +11,7 @@
 #include "automation/type_text.h"
 #include "support/places.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 std::string shown_type(const Value_type& type) {
@@ -68,4 +68,4 @@ TEST(Documentation, names_every_record) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

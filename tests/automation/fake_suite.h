@@ -10,7 +10,7 @@
 #include "cuvexa/module.h"
 #include "cuvexa/services.h"
 
-namespace cuvexa {
+namespace cuvexa::tests {
 
 /// What was asked, and whether anything answers at all.
 struct Notes {
@@ -142,4 +142,4 @@ struct Fake_module {
     Notes& notes = suite->notes;
 };
 
-}  // namespace cuvexa
+}  // namespace cuvexa::tests

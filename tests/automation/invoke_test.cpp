@@ -13,7 +13,7 @@
 #include "automation/fake_suite.h"
 #include "cuvexa/tesoreria.h"
 
-namespace cuvexa {
+namespace cuvexa::tests {
 namespace {
 
 constexpr auto method = Member_kind::method;
@@ -407,4 +407,4 @@ TEST_F(Invocation, a_failing_accessor_without_a_trap_reaches_the_caller) {
 }
 
 }  // namespace
-}  // namespace cuvexa
+}  // namespace cuvexa::tests

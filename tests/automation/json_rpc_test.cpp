@@ -16,7 +16,7 @@
 #include "cuvexa/tesoreria.h"
 #include "support/places.h"
 
-namespace cuvexa {
+namespace cuvexa::tests {
 namespace {
 
 using Json = nlohmann::json;
@@ -562,4 +562,4 @@ TEST_F(Json_rpc, the_conversation_of_the_manual_is_the_real_one) {
 }
 
 }  // namespace
-}  // namespace cuvexa
+}  // namespace cuvexa::tests

@@ -12,7 +12,7 @@
 
 #include "automation/members.h"
 
-namespace cuvexa {
+namespace cuvexa::tests {
 
 class Made_up_object final : public Automation_object {
 public:
@@ -76,4 +76,4 @@ private:
     }
 };
 
-}  // namespace cuvexa
+}  // namespace cuvexa::tests

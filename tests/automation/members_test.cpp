@@ -14,7 +14,7 @@
 #include "automation/type_text.h"
 #include "support/places.h"
 
-namespace cuvexa {
+namespace cuvexa::tests {
 namespace {
 
 /// As in "60030020 method GetSaldo(ref Bc_Cve_Banco_Cuenta String, opt ref SoloFirme Boolean) Double".
@@ -176,4 +176,4 @@ TEST(Member_table, every_row_is_bound_to_the_cpp_member_of_its_name) {
 }
 
 }  // namespace
-}  // namespace cuvexa
+}  // namespace cuvexa::tests

@@ -9,7 +9,7 @@
 
 #include "automation/type_text.h"
 
-namespace cuvexa {
+namespace cuvexa::tests {
 namespace {
 
 std::vector<std::string> fields_of(std::string_view name) {
@@ -171,4 +171,4 @@ TEST(Record_table, a_field_is_reached_by_its_place) {
 }
 
 }  // namespace
-}  // namespace cuvexa
+}  // namespace cuvexa::tests

@@ -5,7 +5,7 @@
 
 #include "automation/record_table.h"
 
-namespace cuvexa {
+namespace cuvexa::tests {
 
 inline std::string type_text(const Value_type& type) {
     switch (type.type) {
@@ -29,4 +29,4 @@ inline std::string type_text(const Value_type& type) {
     return {};
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::tests

@@ -1,7 +1,7 @@
 // The bank movement of a check or transfer.
 #include "support/in_turn.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 const std::string tag = "Cuvexa.dll - Registra_Movimiento_Bancario_Cheque()\r\n";
@@ -174,4 +174,4 @@ TEST_F(Check_movement, a_folio_with_a_quote_fails_in_the_database) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -4,7 +4,7 @@
 
 #include "support/in_turn.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 const std::string tag = "Cuvexa.dll - Registra_Movimiento_Banco()\r\n";
@@ -400,4 +400,4 @@ TEST_F(Bank_movement, malformed_text_fails_and_a_long_one_is_kept_whole) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -1,7 +1,7 @@
 // The balance of an account.
 #include "support/obstructed_treasury.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 class Account_balance : public Obstructed_treasury {
@@ -61,4 +61,4 @@ TEST_F(Account_balance, that_the_database_does_not_give_is_zero_with_the_tag) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

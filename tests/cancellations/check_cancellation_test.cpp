@@ -1,7 +1,7 @@
 // Taking a check back: its application, or the check for good.
 #include "support/obstructed_treasury.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 const std::string application_tag = "Cuvexa.dll - Cancelar_Aplicacion_Cheque()\r\n";
@@ -524,4 +524,4 @@ TEST_F(Check_to_cancel, for_an_expense_that_fails_on_the_way_is_not_marked) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

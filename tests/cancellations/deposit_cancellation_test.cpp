@@ -1,7 +1,7 @@
 // Cancellation of a deposit.
 #include "support/obstructed_treasury.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 const std::string tag = "Cuvexa.dll - Cancelar_Deposito()\r\n";
@@ -179,4 +179,4 @@ TEST_P(Deposit_failure, leaves_what_the_statements_before_it_wrote) {
 INSTANTIATE_TEST_SUITE_P(At_each_statement, Deposit_failure, ::testing::Range<std::size_t>(1, 11));
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -1,7 +1,7 @@
 // The accounting guard.
 #include "support/obstructed_treasury.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 
 bool guard(Tesoreria& treasury, const std::string& table, const std::string& document);
 
@@ -71,4 +71,4 @@ TEST_F(Accounting_guard, reports_a_service_that_does_not_answer) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

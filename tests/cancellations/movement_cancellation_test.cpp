@@ -1,7 +1,7 @@
 // Cancellation of bank movements, by their folio and by their document.
 #include "support/obstructed_treasury.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 const std::string folio_tag = "Cuvexa.dll - Cancelar_Movimiento_Bancos()\r\n";
@@ -244,4 +244,4 @@ TEST_F(Registered_movements, one_of_a_document_that_cannot_be_registered_stays_c
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -1,7 +1,7 @@
 // Cancellation of a cash receipt.
 #include "support/obstructed_treasury.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 const std::string tag = "Cuvexa.dll - Cancelar_Recibo_Caja()\r\n";
@@ -320,4 +320,4 @@ TEST_F(Closed_receipt, a_service_that_does_not_answer_is_reported_behind_the_tag
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

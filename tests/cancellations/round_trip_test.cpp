@@ -4,7 +4,7 @@
 
 #include "support/in_turn.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 /// What is owed and owned: accounts, banks, what customers owe, what is owed to suppliers, usable advances. What a
@@ -243,4 +243,4 @@ INSTANTIATE_TEST_SUITE_P(Of_a, Round_trip, ::testing::ValuesIn(journeys),
                          [](const auto& info) { return info.param.name; });
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -2,7 +2,7 @@
 #include "checks/statements.h"
 #include "support/company.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 const std::string tag = "Cuvexa.dll - Aplicar_Cheque()\r\n";
@@ -547,4 +547,4 @@ TEST_F(Check_closing, each_failure_stands_behind_the_tag) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -4,7 +4,7 @@
 
 #include "support/company.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 const std::string line_tag = "Cuvexa.dll - Inserta_Detalle_Cheque()\r\n";
@@ -430,4 +430,4 @@ TEST_F(Check_capture, line_numbers_pad_to_four_digits_and_end_with_the_sixteen_b
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -5,7 +5,7 @@
 #include "checks/statements.h"
 #include "support/company.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 const std::string insert_tag = "Cuvexa.dll - Inserta_Cheque()\r\n";
@@ -519,4 +519,4 @@ TEST_F(Expense_check, a_failure_of_its_own_statements_stands_behind_its_own_tag)
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -6,7 +6,7 @@
 #include "suite/expenses.h"
 #include "support/company.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 class Random_checks {
@@ -181,4 +181,4 @@ INSTANTIATE_TEST_SUITE_P(Seeds, Check_properties, ::testing::Values(1u, 20260101
 });
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

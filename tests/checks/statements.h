@@ -9,7 +9,7 @@
 
 #include "support/company.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 
 /// "INSERT Cheque", "UPDATE Banco", "SELECT Cheque_x_Aplicar" (the first table after FROM).
 inline std::string in_short(const std::string& statement) {
@@ -38,4 +38,4 @@ inline void meanwhile(Company& company, const std::string& event, const std::str
     }
 }
 
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

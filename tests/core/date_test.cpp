@@ -8,7 +8,7 @@
 
 #include "cuvexa/errors.h"
 
-namespace cuvexa {
+namespace cuvexa::tests {
 namespace {
 
 template <class Body>
@@ -125,4 +125,4 @@ TEST(Date, the_local_clock_gives_today_without_a_time_of_day) {
 }
 
 }  // namespace
-}  // namespace cuvexa
+}  // namespace cuvexa::tests

@@ -3,7 +3,7 @@
 
 #include "support/company.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 /// A session that notes how each parameter is asked for.
@@ -134,4 +134,4 @@ TEST(Module_start, the_statement_buffer_holds_the_last_statement) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

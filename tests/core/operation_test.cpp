@@ -8,7 +8,7 @@
 #include "core/validations.h"
 #include "support/company.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 constexpr auto tag = "Cuvexa.dll - Prueba()";
@@ -223,4 +223,4 @@ TEST_F(Frame, out_of_real_time_the_server_s_date_is_not_even_asked) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

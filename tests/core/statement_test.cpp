@@ -8,7 +8,7 @@
 
 #include "cuvexa/errors.h"
 
-namespace cuvexa {
+namespace cuvexa::tests {
 namespace {
 
 TEST(Holes, are_filled_in_order_with_values_as_they_stand) {
@@ -47,4 +47,4 @@ TEST(Holes, a_long_value_is_kept_whole) {
 }
 
 }  // namespace
-}  // namespace cuvexa
+}  // namespace cuvexa::tests

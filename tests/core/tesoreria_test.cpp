@@ -3,7 +3,7 @@
 
 #include "support/company.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 const std::string not_supported = "Esta operación no está soportada por la versión del sistema";
@@ -187,4 +187,4 @@ TEST_F(Treasury, two_instances_of_a_module_share_nothing_but_the_services) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

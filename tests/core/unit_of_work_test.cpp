@@ -3,7 +3,7 @@
 
 #include "support/company.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 using ::testing::HasSubstr;
@@ -166,4 +166,4 @@ TEST_F(Whole_calls, one_inside_another_is_refused_and_the_outer_one_goes_on) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -12,7 +12,7 @@
 #include "core/number_text.h"
 #include "cuvexa/errors.h"
 
-namespace cuvexa {
+namespace cuvexa::tests {
 namespace {
 
 using namespace std::string_literals;
@@ -175,4 +175,4 @@ TEST(Same_text, ascii_letters_compare_without_regard_to_case) {
 }
 
 }  // namespace
-}  // namespace cuvexa
+}  // namespace cuvexa::tests

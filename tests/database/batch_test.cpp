@@ -5,7 +5,8 @@
 
 #include "cuvexa/errors.h"
 
-namespace cuvexa::dialect {
+namespace cuvexa::tests {
+using namespace dialect;
 namespace {
 
 std::string refusal_of(const std::string& text) {
@@ -45,4 +46,4 @@ TEST(A_batch, is_not_what_one_statement_may_hold) {
 }
 
 }  // namespace
-}  // namespace cuvexa::dialect
+}  // namespace cuvexa::tests

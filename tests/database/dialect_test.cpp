@@ -1,7 +1,7 @@
 // Each construct of the SQL Server dialect: what it becomes, and that it then means the same.
 #include "fixture.h"
 
-namespace cuvexa::test {
+namespace cuvexa::tests {
 namespace {
 
 using testing::ElementsAre;
@@ -285,4 +285,4 @@ TEST_F(Dialect_on_sqlite, a_quote_in_a_value_breaks_the_statement_and_smuggles_n
 }
 
 }  // namespace
-}  // namespace cuvexa::test
+}  // namespace cuvexa::tests

@@ -15,7 +15,7 @@
 #include "cuvexa/errors.h"
 #include "database/sqlite/engine.h"
 
-namespace cuvexa::test {
+namespace cuvexa::tests {
 
 /// The column of every row, as text.
 inline std::vector<std::string> column(Connection& connection, std::string_view name, std::string_view text) {
@@ -80,4 +80,4 @@ private:
     std::filesystem::path folder_;
 };
 
-}  // namespace cuvexa::test
+}  // namespace cuvexa::tests

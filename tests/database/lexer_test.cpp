@@ -2,7 +2,8 @@
 
 #include "fixture.h"
 
-namespace cuvexa::dialect {
+namespace cuvexa::tests {
+using namespace dialect;
 namespace {
 
 using testing::ElementsAre;
@@ -118,4 +119,4 @@ TEST(Lexer, doubled_quotes_in_a_text_stand_for_one) {
 }
 
 }  // namespace
-}  // namespace cuvexa::dialect
+}  // namespace cuvexa::tests

@@ -7,7 +7,7 @@
 #include "fixture.h"
 #include "support/places.h"
 
-namespace cuvexa::test {
+namespace cuvexa::tests {
 namespace {
 
 using testing::ElementsAre;
@@ -352,4 +352,4 @@ TEST_F(Operation_statements, the_balance_of_firm_movements_is_refused_by_the_eng
 }
 
 }  // namespace
-}  // namespace cuvexa::test
+}  // namespace cuvexa::tests

@@ -4,7 +4,7 @@
 #include "fixture.h"
 #include "support/recording_connection.h"
 
-namespace cuvexa::test {
+namespace cuvexa::tests {
 namespace {
 
 using testing::ElementsAre;
@@ -84,4 +84,4 @@ TEST_F(Script, a_commit_that_fails_undoes_the_transaction) {
 }
 
 }  // namespace
-}  // namespace cuvexa::test
+}  // namespace cuvexa::tests

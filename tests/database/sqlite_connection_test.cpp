@@ -7,7 +7,7 @@
 
 #include "fixture.h"
 
-namespace cuvexa::test {
+namespace cuvexa::tests {
 namespace {
 
 using testing::ElementsAre;
@@ -419,4 +419,4 @@ TEST(Sqlite_file, a_bare_handle_runs_the_translated_text_on_equal_terms) {
 }
 
 }  // namespace
-}  // namespace cuvexa::test
+}  // namespace cuvexa::tests

@@ -6,7 +6,7 @@
 #include "fixture.h"
 #include "support/recording_connection.h"
 
-namespace cuvexa::test {
+namespace cuvexa::tests {
 namespace {
 
 using nlohmann::json;
@@ -98,4 +98,4 @@ TEST_F(Trace, a_recording_connection_remembers_texts_and_fails_the_one_it_is_tol
 }
 
 }  // namespace
-}  // namespace cuvexa::test
+}  // namespace cuvexa::tests

@@ -4,7 +4,7 @@
 
 #include "support/in_turn.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 const std::string tag = "Cuvexa.dll - Genera_Deposito()\r\n";
@@ -659,4 +659,4 @@ TEST_F(Deposit_generation, folios_compare_without_regard_to_case) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -19,7 +19,7 @@
 #include "cuvexa/qt_dialogs.h"
 #include "support/company.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 
 using Step = std::function<void(QWidget& top)>;
 using Steps = std::vector<Step>;
@@ -131,4 +131,4 @@ private:
     std::unique_ptr<QObject> loop_;  ///< its timers end with it
 };
 
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

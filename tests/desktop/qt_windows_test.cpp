@@ -11,7 +11,7 @@
 #include "desktop/qt/display.h"
 #include "desktop/qt/form_window.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 constexpr auto account = "txt_Bc_Cve_Banco_Cuenta";
@@ -365,4 +365,4 @@ TEST_F(Display, the_platform_without_screen_needs_none) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -25,7 +25,7 @@
 #include "support/company.h"
 #include "support/places.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 namespace fs = std::filesystem;
@@ -299,4 +299,4 @@ TEST_F(Real_window, without_a_display_the_program_says_so) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

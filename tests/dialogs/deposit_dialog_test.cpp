@@ -1,7 +1,7 @@
 // The dialog that asks for the deposit data, over scripted controls.
 #include "dialogs/scripted.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 Report refusal(const std::string& message, const std::string& code) {
@@ -509,4 +509,4 @@ TEST(Deposit_dialog, its_answer_is_what_a_deposit_needs) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

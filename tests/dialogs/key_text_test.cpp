@@ -2,7 +2,8 @@
 
 #include <gtest/gtest.h>
 
-namespace cuvexa::dialogs {
+namespace cuvexa::tests {
+using namespace dialogs;
 namespace {
 
 TEST(Key_text, spanish_letters_become_capitals_and_the_rest_stays) {
@@ -37,4 +38,4 @@ TEST(Key_text, a_search_looks_anywhere_in_the_column) {
 }
 
 }  // namespace
-}  // namespace cuvexa::dialogs
+}  // namespace cuvexa::tests

@@ -1,7 +1,7 @@
 // The dialog that asks for the data of a payment method, over scripted controls.
 #include "dialogs/scripted.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 using ::testing::Contains;
@@ -522,4 +522,4 @@ TEST(Payment_method_dialog, without_a_toolkit_it_says_so_and_gives_the_empty_tex
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -19,7 +19,7 @@
 #include "dialogs/frm_forma_pago.h"
 #include "support/company.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 
 using dialogs::frmDeposito;
 using dialogs::frmFormaPago;
@@ -148,4 +148,4 @@ public:
     bool suggest = false;
 };
 
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -15,7 +15,7 @@
 
 #include "support/places.h"
 
-namespace cuvexa {
+namespace cuvexa::tests {
 namespace {
 
 namespace fs = std::filesystem;
@@ -466,4 +466,4 @@ TEST(House, sources_are_plain_text_without_tabs_or_blanks_at_line_ends) {
 }
 
 }  // namespace
-}  // namespace cuvexa
+}  // namespace cuvexa::tests

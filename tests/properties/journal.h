@@ -10,7 +10,7 @@
 #include "automation/json_rpc.h"
 #include "support/company.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 
 /// One `Tesoreria` of a company, driven by the requests that `cuvexa rpc` would read.
 class Journal {
@@ -71,4 +71,4 @@ private:
     std::vector<std::string> lines_;
 };
 
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -16,7 +16,7 @@
 #include "cuvexa/suite/audit.h"
 #include "journal.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 using Json = Journal::Json;
@@ -553,4 +553,4 @@ TEST(Shrinking, leaves_only_the_steps_without_which_nothing_fails) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

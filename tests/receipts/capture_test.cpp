@@ -4,7 +4,7 @@
 
 #include "support/in_turn.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
@@ -851,4 +851,4 @@ TEST_F(Receipt_capture, accents_go_in_and_come_back) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -3,7 +3,7 @@
 
 #include "support/in_turn.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 const std::string tag = "Cuvexa.dll - FinReciboCaja()\r\n";
@@ -430,4 +430,4 @@ TEST_F(Receipt_closing, a_receipt_without_date_is_a_failure_under_the_tag) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

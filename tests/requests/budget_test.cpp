@@ -3,7 +3,7 @@
 
 #include "support/company.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 const std::string tag = "Afectar_Cheque_Presupuesto()\r\n";
@@ -430,4 +430,4 @@ TEST_F(Budget_check, the_budget_of_a_group_counts_all_its_suppliers) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

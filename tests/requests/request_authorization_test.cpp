@@ -1,7 +1,7 @@
 // Authorization and cancellation of a check request.
 #include "support/obstructed_treasury.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 const std::string authorize_tag = "Cuvexa.dll - Autorizar_Solicitud_Cheque()\r\n";
@@ -191,4 +191,4 @@ TEST_F(Written_request, a_service_that_does_not_answer_is_reported_behind_the_ta
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -4,7 +4,7 @@
 
 #include "support/obstructed_treasury.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 const std::string add_tag = "Cuvexa.dll - Add_Solicitud_Cheque()\r\n";
@@ -465,4 +465,4 @@ TEST_F(Check_request, the_line_counter_stops_after_32767) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -1,7 +1,7 @@
 // A check request with the reference services: from its capture to its end, and every failure on the way.
 #include "support/in_turn.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 tSchEncabezado header() {
@@ -128,4 +128,4 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& info) { return info.param.name; });
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

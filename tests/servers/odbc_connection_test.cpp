@@ -13,7 +13,7 @@
 #include "cuvexa/unit_of_work.h"
 #include "database/connection_string.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 using ::testing::AllOf;
@@ -289,4 +289,4 @@ TEST(Odbc_without_a_server, a_port_where_nobody_listens_is_told) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

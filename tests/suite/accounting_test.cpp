@@ -1,7 +1,7 @@
 // Vouchers.
 #include "suite/fixture.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 class Accounting : public Suite_test {
@@ -197,4 +197,4 @@ TEST_F(Accounting, the_debits_of_every_voucher_equal_its_credits) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

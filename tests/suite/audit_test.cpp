@@ -6,7 +6,7 @@
 #include "cuvexa/unit_of_work.h"
 #include "support/company.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 using ::testing::Contains;
@@ -191,4 +191,4 @@ TEST_F(A_day_of_work, every_planted_inconsistency_is_found_by_its_rule) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

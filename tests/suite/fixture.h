@@ -14,7 +14,7 @@
 #include "cuvexa/suite/reference_suite.h"
 #include "cuvexa/suite/schema.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
@@ -57,4 +57,4 @@ protected:
     Reference_suite suite{connection, {.user = "CAJA1", .server_date = today()}};
 };
 
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

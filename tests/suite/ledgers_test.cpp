@@ -6,7 +6,7 @@
 #include "suite/expenses.h"
 #include "suite/fixture.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 using Payables = Suite_test;
@@ -642,4 +642,4 @@ TEST_F(Ledgers, over_random_sequences_balances_add_up_and_payments_stay_dense) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -9,7 +9,7 @@
 #include "cuvexa/errors.h"
 #include "suite/fixture.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 using Schema = Suite_test;
@@ -147,4 +147,4 @@ TEST_F(Schema, parameters_are_listed_set_and_unset) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -1,7 +1,7 @@
 #include "cuvexa/errors.h"
 #include "suite/fixture.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 using Session = Suite_test;
@@ -203,4 +203,4 @@ TEST_F(Data, a_payment_line_needs_what_its_method_requires) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

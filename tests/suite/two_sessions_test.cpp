@@ -7,7 +7,7 @@
 
 #include "suite/fixture.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 std::vector<std::string> take_folios(const std::string& path, int count) {
@@ -76,4 +76,4 @@ TEST(Two_sessions, a_series_that_cannot_be_begun_is_a_failure_with_the_database_
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -41,7 +41,7 @@
 #include "support/snapshot.h"
 #include "support/test_database.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -237,4 +237,4 @@ struct Refusal_case {
     std::string error;
 };
 
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

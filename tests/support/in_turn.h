@@ -8,7 +8,7 @@
 
 #include "support/company.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 
 /// The tables of `Company::changes`, each once, in order: "+Deposito_Pago ~Recibo_Pago".
 inline std::string touched(const std::vector<std::string>& changes) {
@@ -109,4 +109,4 @@ inline void expect_refusals_in_order(const std::vector<Step>& steps, const Prepa
     }
 }
 
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -16,7 +16,7 @@
 
 #include "cuvexa/services.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 
 /// One call of the suite's error dialog.
 struct Report {
@@ -440,4 +440,4 @@ private:
     Obstacles& on_;
 };
 
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -18,7 +18,7 @@
 #include "support/snapshot.h"
 #include "support/test_database.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -136,4 +136,4 @@ INSERT INTO Banco_Cuenta (Bc_Cve_Banco_Cuenta, Bc_Descripcion, Bn_Cve_Banco, Mn_
     std::optional<Tesoreria> treasury_;
 };
 
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -7,7 +7,7 @@
 
 #include "cuvexa/services.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 
 namespace plain {
 
@@ -130,4 +130,4 @@ private:
     Connection& connection_;
 };
 
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

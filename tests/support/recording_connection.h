@@ -10,7 +10,7 @@
 
 #include "cuvexa/data_access.h"
 
-namespace cuvexa::test {
+namespace cuvexa::tests {
 
 class Recording_connection : public Connection {
 public:
@@ -47,4 +47,4 @@ private:
     std::string failure_;
 };
 
-}  // namespace cuvexa::test
+}  // namespace cuvexa::tests

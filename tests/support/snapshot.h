@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 
 /// Runs a query in the engine's own words, past every layer, and hands each row to `each(columns, values)`.
 template <class Each>
@@ -110,4 +110,4 @@ private:
     std::map<std::string, Row> rows_;
 };
 
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -24,7 +24,7 @@
 #include "cuvexa/database/odbc_connection.h"
 #endif
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 
 /// A date as the embedded database would keep it, with what stands between day and time.
 inline std::string stored_date(Date date, char separator) {
@@ -219,4 +219,4 @@ private:
     char date_separator_;
 };
 
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

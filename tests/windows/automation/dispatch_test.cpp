@@ -3,7 +3,9 @@
 #include "windows/automation/probe.h"
 #include "windows/automation/server.h"
 
-namespace cuvexa::com::testing {
+namespace cuvexa::tests {
+
+using namespace com;
 namespace {
 
 using ::testing::StartsWith;
@@ -369,4 +371,4 @@ TEST_F(Arguments_of_calls, the_place_of_a_refused_one_is_told_as_the_caller_coun
 }
 
 }  // namespace
-}  // namespace cuvexa::com::testing
+}  // namespace cuvexa::tests

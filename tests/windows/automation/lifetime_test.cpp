@@ -10,7 +10,9 @@
 #include "support/plain_suite.h"
 #include "windows/automation/probe.h"
 
-namespace cuvexa::com::testing {
+namespace cuvexa::tests {
+
+using namespace com;
 namespace {
 
 // ---- The library ---------------------------------------------------------------------------------------------------
@@ -190,7 +192,7 @@ struct Modules : ::testing::Test {
         ~Held() { ++counts.ended; }
         Modules& counts;
         Sqlite_connection connection{":memory:", {.synchronous = Synchronous::off}};
-        Module module{std::make_shared<cuvexa::testing::Plain_suite>(connection)};
+        Module module{std::make_shared<cuvexa::tests::Plain_suite>(connection)};
     };
 
     std::shared_ptr<Module> of_apartment() {
@@ -282,4 +284,4 @@ TEST_F(Modules, come_and_go_with_apartments_many_times) {
 }
 
 }  // namespace
-}  // namespace cuvexa::com::testing
+}  // namespace cuvexa::tests

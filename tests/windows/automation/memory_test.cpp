@@ -8,7 +8,9 @@
 #include "windows/automation/probe.h"
 #include "windows/automation/server.h"
 
-namespace cuvexa::com::testing {
+namespace cuvexa::tests {
+
+using namespace com;
 namespace {
 
 /// Strings that are given back are kept by the system for the next one, unless it is told not to.
@@ -166,4 +168,4 @@ TEST_F(Memory, of_objects_is_given_back) {
 }
 
 }  // namespace
-}  // namespace cuvexa::com::testing
+}  // namespace cuvexa::tests

@@ -2,7 +2,9 @@
 
 #include <new>
 
-namespace cuvexa::com::testing {
+namespace cuvexa::tests {
+
+using namespace com;
 namespace {
 
 using Arguments = std::span<Variant>;
@@ -100,4 +102,4 @@ const Automation_class& Probe::type() const {
     return probe;
 }
 
-}  // namespace cuvexa::com::testing
+}  // namespace cuvexa::tests

@@ -12,7 +12,9 @@
 #include "cuvexa/errors.h"
 #include "cuvexa/tesoreria.h"
 
-namespace cuvexa::com::testing {
+namespace cuvexa::tests {
+
+using namespace com;
 
 class Probe final : public Automation_object {
 public:
@@ -48,4 +50,4 @@ inline void* function_of(IDispatch* client, Probe_member member) {
     return table[7 + member];
 }
 
-}  // namespace cuvexa::com::testing
+}  // namespace cuvexa::tests

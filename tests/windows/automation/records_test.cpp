@@ -8,7 +8,9 @@
 #include "windows/automation/probe.h"
 #include "windows/automation/server.h"
 
-namespace cuvexa::com::testing {
+namespace cuvexa::tests {
+
+using namespace com;
 namespace {
 
 constexpr const char* odd_text = "Acción ñ 😀 \"comillas\" 'apóstrofos' “más”";
@@ -390,4 +392,4 @@ TEST_F(Records, that_lack_every_member_are_refused) {
 }
 
 }  // namespace
-}  // namespace cuvexa::com::testing
+}  // namespace cuvexa::tests

@@ -11,7 +11,9 @@
 #include "cuvexa/database/sqlite_connection.h"
 #include "cuvexa/suite/schema.h"
 
-namespace cuvexa::com::testing {
+namespace cuvexa::tests {
+
+using namespace com;
 
 // ---- The database --------------------------------------------------------------------------------------------------
 
@@ -254,4 +256,4 @@ const Record_type& record_named(std::string_view name) {
     throw std::runtime_error("no record " + std::string(name));
 }
 
-}  // namespace cuvexa::com::testing
+}  // namespace cuvexa::tests

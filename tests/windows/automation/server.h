@@ -22,7 +22,9 @@
 #include "automation/com/values.h"
 #include "automation/members.h"
 
-namespace cuvexa::com::testing {
+namespace cuvexa::tests {
+
+using namespace com;
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
@@ -194,4 +196,4 @@ const Record& record_in(const Outcome& outcome) {
 
 const Record_type& record_named(std::string_view name);
 
-}  // namespace cuvexa::com::testing
+}  // namespace cuvexa::tests

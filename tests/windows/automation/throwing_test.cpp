@@ -3,7 +3,9 @@
 #include "windows/automation/probe.h"
 #include "windows/automation/server.h"
 
-namespace cuvexa::com::testing {
+namespace cuvexa::tests {
+
+using namespace com;
 namespace {
 
 using Function = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, VARIANT_BOOL*);
@@ -164,4 +166,4 @@ TEST(Leaving_object, lives_until_its_member_has_run) {
 }
 
 }  // namespace
-}  // namespace cuvexa::com::testing
+}  // namespace cuvexa::tests

@@ -10,7 +10,9 @@
 #include "automation/com/type_library_writer.h"
 #include "windows/automation/server.h"
 
-namespace cuvexa::com::testing {
+namespace cuvexa::tests {
+
+using namespace com;
 namespace {
 
 constexpr bool process_is_64 = sizeof(void*) == 8;
@@ -455,4 +457,4 @@ TEST(Type_library_of_the_other_bitness, has_sizes_of_its_own) {
 }
 
 }  // namespace
-}  // namespace cuvexa::com::testing
+}  // namespace cuvexa::tests

@@ -3,7 +3,9 @@
 #include "automation/com/registry.h"
 #include "windows/automation/server.h"
 
-namespace cuvexa::com::testing {
+namespace cuvexa::tests {
+
+using namespace com;
 namespace {
 
 /// Stands in for one of the system's keys in this process.
@@ -65,4 +67,4 @@ TEST_F(User_registration, writes_for_the_user_alone_and_takes_all_of_it_back) {
 }
 
 }  // namespace
-}  // namespace cuvexa::com::testing
+}  // namespace cuvexa::tests

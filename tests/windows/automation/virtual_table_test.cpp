@@ -5,7 +5,9 @@
 
 #include "windows/automation/server.h"
 
-namespace cuvexa::com::testing {
+namespace cuvexa::tests {
+
+using namespace com;
 namespace {
 
 struct Virtual_table : ::testing::Test {
@@ -233,4 +235,4 @@ TEST_F(Virtual_table, lets_and_gets_every_extra_under_its_own_name) {
 }
 
 }  // namespace
-}  // namespace cuvexa::com::testing
+}  // namespace cuvexa::tests

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 
 using win32::text_of;
 using win32::utf8;
@@ -204,4 +204,4 @@ int row_count() {
     return ListView_GetItemCount(Desk::child(id_table));
 }
 
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -25,7 +25,7 @@
 #include "desktop/win32/text.h"
 #include "support/test_database.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -130,4 +130,4 @@ inline constexpr int id_description = 1000, id_where = 1001, id_accept = IDOK;
 std::string cell(int row, int column);
 int row_count();
 
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -3,7 +3,7 @@
 
 #include "windows/dialogs/desk.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 using win32::color_ref;
@@ -184,4 +184,4 @@ TEST(Win32_looks, the_error_dialog_has_the_icon_of_its_style_and_without_one_beg
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

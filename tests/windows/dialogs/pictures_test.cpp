@@ -5,7 +5,7 @@
 
 #include "windows/dialogs/desk.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 std::string folder() {
@@ -118,4 +118,4 @@ TEST_F(Win32_pictures, of_errors) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

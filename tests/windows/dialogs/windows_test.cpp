@@ -3,7 +3,7 @@
 
 #include "windows/dialogs/desk.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 using win32::text_of;
@@ -668,4 +668,4 @@ TEST(Win32_texts, an_ampersand_is_an_ampersand_and_breaks_are_the_systems) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

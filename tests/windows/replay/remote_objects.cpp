@@ -12,7 +12,7 @@
 #include "automation/com/record_memory.h"
 #include "automation/com/values.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 using com::Any;
@@ -211,4 +211,4 @@ Object new_remote_object(std::string_view class_name) {
     return std::make_shared<Remote_object>(Late_object::create("Cuvexa." + std::string(type->name)), type->name);
 }
 
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -4,7 +4,7 @@
 #include "automation/com/pointers.h"
 #include "automation/members.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 
 /// A new object of the class with that name, created by the system as a program of another language creates it; null
 /// when there is no such class.
@@ -13,4 +13,4 @@ Object new_remote_object(std::string_view class_name);
 /// The class's members by name and identifier, each passed on to an object behind `IDispatch`.
 Object remote(com::Pointer<IDispatch> object, std::string_view class_name);
 
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

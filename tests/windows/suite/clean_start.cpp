@@ -1,7 +1,7 @@
 // A run that ended early may have left the suite registered; this one begins without it.
 #include "windows/suite/registered.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 class Clean_start : public ::testing::Environment {
@@ -11,4 +11,4 @@ class Clean_start : public ::testing::Environment {
 [[maybe_unused]] const auto* const clean_start = ::testing::AddGlobalTestEnvironment(new Clean_start);
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -3,7 +3,7 @@
 
 #include "windows/suite/registered.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 std::string refusal(Connection& connection, const std::string& text) {
@@ -41,4 +41,4 @@ TEST(Engine, keeps_what_was_acknowledged_in_a_write_ahead_log) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

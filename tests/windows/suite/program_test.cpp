@@ -2,7 +2,7 @@
 #ifdef CUVEXA_WITH_PROGRAM
 #include "windows/suite/registered.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 /// Runs the program beside this one; its exit code and what it wrote.
@@ -64,5 +64,5 @@ TEST(Program, shows_what_the_component_does) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests
 #endif

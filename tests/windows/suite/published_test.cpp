@@ -6,7 +6,7 @@
 #include "automation/com/suite/record_object.h"
 #include "windows/suite/registered.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 class Published : public Registered_suite {
@@ -229,4 +229,4 @@ TEST_F(Published, a_class_that_is_not_the_librarys_has_no_factory) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -16,7 +16,7 @@
 #include "cuvexa/suite/schema.h"
 #include "support/snapshot.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 
 using namespace cuvexa::com;
 using ::testing::ElementsAre;
@@ -129,4 +129,4 @@ private:
     Library library_;
 };
 
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -3,7 +3,7 @@
 #include "automation/com/registry.h"
 #include "windows/suite/registered.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 using Registry = std::map<std::wstring, std::wstring>;
@@ -220,4 +220,4 @@ TEST(Published_registration, the_version_is_that_of_the_product) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -6,7 +6,7 @@
 #include "automation/com/object.h"
 #include "windows/suite/registered.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 std::string shown(const VARIANT& value);
@@ -386,4 +386,4 @@ TEST_F(Scripted_connection, the_suite_is_asked_for_its_connection_each_time) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -6,7 +6,7 @@
 #include "database/sqlite/engine.h"
 #include "windows/suite/registered.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 using Journal = std::vector<std::string>;
@@ -329,4 +329,4 @@ TEST_F(Services, an_error_that_is_reported_is_shown_to_the_user) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -8,7 +8,7 @@
 #include "database/sqlite/engine.h"
 #include "windows/suite/registered.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 /// A value of the registry for as long as the test runs; the key below `Software\Cuvexa` goes with it.
@@ -237,4 +237,4 @@ TEST_F(Settings, what_the_component_reports_goes_to_whoever_shows_it) {
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -12,7 +12,7 @@
 #include "cuvexa/database/sqlite_connection.h"
 #include "cuvexa/suite/schema.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 using com::any;
@@ -133,4 +133,4 @@ TEST_F(Library_dialogs, the_payment_method_dialog_gives_bank_reference_and_accou
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests
