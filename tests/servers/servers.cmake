@@ -11,7 +11,7 @@ if(TARGET cuvexa_odbc)
         list(APPEND only_on_sqlite ${test})
     endforeach()
     list(JOIN only_on_sqlite ":" only_on_sqlite)
-    foreach(folder servers receipts banks deposits checks advances requests cancellations)
+    foreach(folder servers statements receipts banks deposits checks advances requests cancellations)
         if(TARGET cuvexa_${folder}_tests)
             add_test(NAME postgresql.${folder} COMMAND ${CMAKE_CURRENT_LIST_DIR}/with_postgresql
                 $<TARGET_FILE:cuvexa_${folder}_tests> --gtest_brief=1 --gtest_filter=-${only_on_sqlite})

@@ -38,6 +38,7 @@
 #include "cuvexa/suite/schema.h"
 #include "cuvexa/tesoreria.h"
 #include "support/obstacles.h"
+#include "support/recording_connection.h"
 #include "support/snapshot.h"
 #include "support/test_database.h"
 
@@ -49,7 +50,7 @@ using ::testing::IsEmpty;
 class Company {
 public:
     Company() : database_(sample_company_sql()) {
-        suite_ = std::make_shared<Reference_suite>(connection(), Suite_options{.user = "CAJA1", .server_date = now()});
+        suite_ = std::make_shared<Reference_suite>(wire_, Suite_options{.user = "CAJA1", .server_date = now()});
         restart();
     }
 
@@ -115,6 +116,7 @@ public:
     void mark() {
         marked_.emplace(database_.look());
         on.forget();
+        wire_.clear();
     }
     std::vector<std::string> changes() const { return marked_->changes_to(Snapshot(database_.look())); }
     std::vector<std::string> changes_with_audit() const {
@@ -124,6 +126,9 @@ public:
     const std::vector<std::string>& statements() const { return on.statements; }
 
     Connection& connection() { return database_.connection(); }
+
+    /// The connection of component and services, which remembers what both of them send.
+    Recording_connection& wire() { return wire_; }
 
     /// The engine's own handle where the database is embedded; null on a server.
     sqlite3* embedded() const { return database_.embedded(); }
@@ -224,6 +229,7 @@ public:
 
 private:
     Test_database database_;
+    Recording_connection wire_{database_.connection()};
     std::shared_ptr<Reference_suite> suite_;
     std::optional<Module> module_;
     std::optional<Tesoreria> treasury_;

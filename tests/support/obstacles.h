@@ -77,9 +77,11 @@ public:
     /// What was handed to `ValidatePaymentLine`, the eight arguments parted by "|".
     std::vector<std::string> validated_lines;
 
-    /// The statements that the component itself ran (those of the services are not among them), and the one of them,
-    /// counted from 1, that fails instead of running.
+    /// The statements that the component itself sent (those of the services are not among them).
     std::vector<std::string> statements;
+    /// Those of them that the database refused.
+    std::vector<std::string> refused;
+    /// The one of them, counted from 1, that fails instead of running.
     std::size_t failing_statement = 0;
     /// The one, counted the same way, that gives no rows, as if they had gone meanwhile.
     std::size_t silent_statement = 0;
@@ -96,6 +98,7 @@ public:
     void forget() {
         calls.clear();
         statements.clear();
+        refused.clear();
         reports.clear();
         reports_in_full.clear();
         asked.clear();
@@ -158,7 +161,12 @@ public:
         on_.statements.emplace_back(text);
         if (on_.statements.size() == on_.failing_statement) throw Database_error(statement_failure);
         if (on_.statements.size() == on_.silent_statement) return inner_.execute("SELECT 0 AS Nada WHERE 0 = 1");
-        return inner_.execute(text);
+        try {
+            return inner_.execute(text);
+        } catch (const Database_error&) {
+            on_.refused.emplace_back(text);
+            throw;
+        }
     }
 
 private:

@@ -1,0 +1,37 @@
+-- Crear_Cheque_Anticipo_Cxp
+
+-- ---- without budget control
+
+-- Add_Cheque_Detalle: SELECT Cheque with '1001', 'SRR-MXN', 'NO', 'CA'
+-- Add_Cheque_Detalle: INSERT Cheque_x_Aplicar with 'CH-MTY-00000001', '0001', '1001', 'CXP-MTY-00000001', 'MXN', 1,
+--    400, 'CAJA1', '2024-03-15 10:20:30', 'CAJA1', '2024-03-15 10:20:30'
+-- Crear_Cheque_Pago_Proveedor: SELECT Cheque_x_Aplicar with 0, 1, 'CH-MTY-00000001'
+-- Crear_Cheque_Pago_Proveedor: INSERT Cheque with 'CH-MTY-00000001', '0005', 'NO', '2024-03-15 00:00:00', 'SRR-MXN',
+--    'MTY', 'PV01', 'Aceros del Bajío', 400, 1, 'Pago de facturas', '', '', '1001', '2024-03-15', '', '', 'CAJA1',
+--    '2024-03-15 10:20:30', 'CAJA1', '2024-03-15 10:20:30'
+-- Afectar_Cheque_Presupuesto: SELECT Cheque with 'CH-MTY-00000001'
+-- Afectar_Cheque_Presupuesto: SELECT Cheque (2) with 'CH-MTY-00000001', 'CA','AP'
+-- Registra_Movimiento_Bancario_Cheque: SELECT Cheque with 'CH-MTY-00000001'
+-- Registra_Movimiento_Banco: SELECT Banco_Cuenta with 'SRR-MXN'
+-- Registra_Movimiento_Banco: INSERT Banco_Movimiento with 'BM-00000001', 'SRR-MXN', 'Cheque', 'CH-MTY-00000001', '',
+--    '1001', '1102-01', 'Pago de facturas', '2024-03-15', '2024-03-15', 'CHQ', -400, 'MXN', 1, 'CAJA1',
+--    '2024-03-15 10:20:30', 'CAJA1', '2024-03-15 10:20:30', 'TR'
+-- Registra_Movimiento_Banco: UPDATE Banco_Cuenta with -400, 'CAJA1', '2024-03-15 10:20:30', 'SRR-MXN'
+-- Registra_Movimiento_Banco: UPDATE Banco with -400, 'CAJA1', '2024-03-15 10:20:30', 'SRR-MXN'
+
+-- ---- held back, because there is no budget
+
+-- Add_Cheque_Detalle: SELECT Cheque with '1001', 'SRR-MXN', 'NO', 'CA'
+-- Add_Cheque_Detalle: INSERT Cheque_x_Aplicar with 'CH-MTY-00000001', '0001', '1001', 'CXP-MTY-00000001', 'MXN', 1,
+--    400, 'CAJA1', '2024-03-15 10:20:30', 'CAJA1', '2024-03-15 10:20:30'
+-- Crear_Cheque_Pago_Proveedor: SELECT Cheque_x_Aplicar with 0, 1, 'CH-MTY-00000001'
+-- Crear_Cheque_Pago_Proveedor: INSERT Cheque with 'CH-MTY-00000001', '0005', 'NO', '2024-03-15 00:00:00', 'SRR-MXN',
+--    'MTY', 'PV01', 'Aceros del Bajío', 400, 1, 'Pago de facturas', '', '', '1001', '2024-03-15', '', '', 'CAJA1',
+--    '2024-03-15 10:20:30', 'CAJA1', '2024-03-15 10:20:30'
+-- Afectar_Cheque_Presupuesto: SELECT Cheque with 'CH-MTY-00000001'
+-- Afectar_Cheque_Presupuesto: SELECT Cheque (2) with 'CH-MTY-00000001', 'CA','AP'
+-- Afectar_Cheque_Presupuesto: SELECT Anticipo_Proveedor_Presupuesto with 'PV', 'PV01', 2024
+-- Afectar_Cheque_Presupuesto: SELECT Anticipo_Proveedor_Presupuesto with 'GP', 'MERC', 2024
+-- Afectar_Cheque_Presupuesto: SELECT Anticipo_Proveedor_Presupuesto with 'SC', 'MTY', 2024
+-- Afectar_Cheque_Presupuesto: SELECT Anticipo_Proveedor_Presupuesto with 'EM', 'EM01', 2024
+-- Afectar_Cheque_Presupuesto: UPDATE Cheque with 'PXA', 'CAJA1', '2024-03-15 10:20:30', 'CH-MTY-00000001'
