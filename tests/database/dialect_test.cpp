@@ -1,5 +1,6 @@
 // Each construct of the SQL Server dialect: what it becomes, and that it then means the same.
 #include "fixture.h"
+#include "support/statement_files.h"
 
 namespace cuvexa::tests {
 namespace {
@@ -282,6 +283,13 @@ TEST_F(Dialect_on_sqlite, a_quote_in_a_value_breaks_the_statement_and_smuggles_n
         EXPECT_NE(failure(db, "SELECT * FROM Banco WHERE Banco = '" + value + "'"), "") << value;
     }
     EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Banco"), ElementsAre("2"));
+}
+
+TEST_F(Dialect_on_sqlite, no_value_of_the_product_s_statements_is_lost) {
+    for (const Told_statement& told : told_statements()) {
+        const std::string translation = db.translate(told.text);
+        EXPECT_TRUE(keeps_values(told.text, translation)) << told.file << ": " << told.text << "\n" << translation;
+    }
 }
 
 }  // namespace

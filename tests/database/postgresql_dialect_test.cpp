@@ -8,6 +8,7 @@
 
 #include "database/dialect/postgresql.h"
 #include "database/dialect/translation.h"
+#include "support/statement_files.h"
 
 namespace cuvexa::dialect {
 namespace {
@@ -91,6 +92,17 @@ TEST(Postgresql_dialect, a_name_in_marks_is_written_as_the_engine_keeps_it) {
               "SELECT \"order\" . \"saldo_año\" AS \"total\" FROM \"order\" WHERE \"a]b\"\"c\" = '[x]'");
     EXPECT_EQ(on_postgresql("CREATE TABLE [T] ([Primary] [varchar](60) NOT NULL)"),
               "CREATE TABLE \"t\" ( \"primary\" citext NOT NULL )");
+}
+
+TEST(Postgresql_dialect, no_word_of_the_other_dialect_is_left_in_the_product_s_statements_and_no_value_is_lost) {
+    for (const Told_statement& told : told_statements()) {
+        const std::string translation = postgresql(told.text);
+        EXPECT_TRUE(keeps_values(told.text, translation)) << told.file << ": " << told.text << "\n" << translation;
+        const std::string form = Statement_form(translation).form;
+        for (const char* word : {"ISNULL(", "IsNull(", "GETDATE", " TOP ", " OUTPUT ", " YEAR(", " MONTH("}) {
+            EXPECT_EQ(form.find(word), std::string::npos) << word << " in " << told.file << ": " << translation;
+        }
+    }
 }
 
 }  // namespace
