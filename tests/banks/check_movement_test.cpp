@@ -51,20 +51,6 @@ TEST_F(Check_movement, a_check_takes_its_amount_out_of_the_account_in_transit) {
     EXPECT_EQ(company.treasury().FolioMovimiento, "BM-00000001");
 }
 
-TEST_F(Check_movement, the_check_is_read_by_one_statement) {
-    insert_check(company);
-    company.mark();
-    ASSERT_TRUE(record());
-    ASSERT_EQ(company.statements().size(), 5u);
-    EXPECT_EQ(company.statements()[0],
-              "SELECT Cheque.*, Cheque_x_Aplicar.Mn_Cve_Moneda as Ch_Moneda, Banco_Cuenta.Mn_Cve_Moneda "
-              "FROM Cheque "
-              "   INNER JOIN Cheque_x_Aplicar ON Cheque.Ch_Folio = Cheque_x_Aplicar.Ch_Folio "
-              "   INNER JOIN Banco_Cuenta ON Cheque.Bc_Cve_Banco_cuenta = Banco_Cuenta.Bc_Cve_Banco_cuenta "
-              "WHERE Cheque.Ch_Folio = 'CH-1'");
-    EXPECT_EQ(company.statements()[1], "SELECT * FROM Banco_Cuenta WHERE Bc_Cve_Banco_Cuenta = 'SRR-MXN' ");
-}
-
 TEST_F(Check_movement, a_dollar_check_of_a_peso_account_moves_it_by_the_amount_in_pesos) {
     insert_check(company, "SRR-MXN", "USD");
     ASSERT_TRUE(record());

@@ -20,10 +20,6 @@ TEST_F(Account_balance, is_the_sum_of_the_live_movements_and_not_the_running_one
     movement("M-4", 7, "FI", "CTA-2");
     EXPECT_EQ(treasury().GetSaldo("CTA-1"), 300);
     EXPECT_EQ(treasury().Error(), "");
-    EXPECT_THAT(
-        on.statements,
-        ElementsAre("SELECT SUM(Bm_Importe) as Saldo FROM Banco_Movimiento WHERE Bc_Cve_Banco_Cuenta = 'CTA-1' AND    "
-                    "Es_Cve_Estado <> 'CA' "));
 }
 
 TEST_F(Account_balance, is_zero_without_a_text_for_an_account_without_live_movements) {
@@ -47,10 +43,6 @@ TEST_F(Account_balance, of_firm_movements_alone_fails_in_the_database) {
     EXPECT_EQ(treasury().GetSaldo("CTA-1", true), 0);
     EXPECT_THAT(treasury().Error(), ::testing::StartsWith("Cuvexa.dll - GetSaldo()\r\n"));
     EXPECT_GT(treasury().Error().size(), std::string("Cuvexa.dll - GetSaldo()\r\n").size());
-    EXPECT_THAT(
-        on.statements,
-        ElementsAre("SELECT SUM(Bm_Importe) as Saldo FROM Banco_Movimiento WHERE Bc_Cve_Banco_Cuenta = 'CTA-1' AND    "
-                    "Es_Cve_Estado <> 'CA' Es_Cve_Estado = 'FI'"));
 }
 
 TEST_F(Account_balance, that_the_database_does_not_give_is_zero_with_the_tag) {

@@ -94,27 +94,6 @@ TEST_F(Issued_check, whose_application_is_undone_can_be_applied_again) {
     EXPECT_THAT(on.calls, IsEmpty());
 }
 
-TEST_F(Issued_check, is_returned_by_these_statements) {
-    applied_check("T06");
-    changes([this] { return undo(); });
-    EXPECT_THAT(
-        on.statements,
-        ElementsAre(
-            "SELECT    Cheque_x_Aplicar.*,    Tipo_Cheque.Tc_Solicitar,    Tipo_Cheque.Tc_Proveedor_Pago FROM Cheque   "
-            " "
-            "INNER JOIN Cheque_x_Aplicar ON Cheque.Ch_Folio = Cheque_x_Aplicar.Ch_Folio    INNER JOIN Tipo_Cheque ON "
-            "Cheque.Tc_Cve_Tipo_Cheque = Tipo_Cheque.Tc_Cve_Tipo_Cheque WHERE Cheque.Ch_Folio = 'C-1' ORDER BY "
-            "Cheque_x_Aplicar.Cxa_ID ",
-            "UPDATE Cheque_x_Aplicar SET    Es_Cve_Estado = 'AC',    Oper_Ult_Modif = 'MLOPEZ',    "
-            "Fecha_Ult_Modif = '2024-03-15T10:20:30' WHERE Ch_Folio = 'C-1'",
-            "UPDATE Cheque SET    Es_Cve_Estado = 'AC',    Oper_Ult_Modif = 'MLOPEZ',    "
-            "Fecha_Ult_Modif = '2024-03-15T10:20:30' WHERE Ch_Folio = 'C-1'",
-            "UPDATE Banco_Movimiento SET    Es_Cve_Estado = 'TR',    Bm_Fecha_Firme = Bm_Fecha,    "
-            "Oper_Ult_Modif = 'MLOPEZ',    Fecha_Ult_Modif = '2024-03-15T10:20:30' WHERE    Bm_Documento = 'C-1' AND   "
-            " "
-            "Bm_Tabla = 'CHEQUE' AND    Es_Cve_Estado <> 'CA'"));
-}
-
 TEST_F(Issued_check, without_lines_or_type_has_no_application_to_undo) {
     expect_refusal(application_tag + "No se encontró el detalle del cheque", [this] { return undo("C-9"); });
     check("C-1", "T06", "AP");
@@ -152,10 +131,6 @@ TEST_F(Issued_check, to_a_supplier_takes_its_own_live_payments_back) {
     EXPECT_THAT(changes([this] { return undo(); }), ::testing::ElementsAreArray(returned));
     EXPECT_THAT(on.calls, ElementsAre("CancelPayablePayment(CXP-1, 0001)", "CancelPayablePayment(CXP-1, 0003)",
                                       "CancelPayablePayment(CXP-2, 0001)"));
-    EXPECT_EQ(
-        on.statements[1],
-        "SELECT    Cxp_Folio,    Pc_ID FROM Pago_Cxp WHERE    Pc_Tabla = 'CHEQUE' AND    Cxp_Folio = 'CXP-1' AND    "
-        "Pc_Documento = 'C-1' AND    Es_Cve_Estado <> 'CA' ORDER BY Pc_ID ");
 }
 
 TEST_F(Issued_check, to_a_supplier_whose_payment_is_not_cancelled_keeps_its_states) {
@@ -227,9 +202,6 @@ TEST_P(Issued_check_to_a_customer, withdraws_its_receivables_once) {
                             "~ Cuenta_x_Cobrar CXC-2: Cxc_Tabla CHEQUE -> CHEQUE-CA:CXC-2"));
     EXPECT_THAT(on.calls,
                 ElementsAre("ValidateDocumentCancellation(CHEQUE, C-1)", "ValidateDocumentCancellation(CHEQUE, C-1)"));
-    EXPECT_EQ(on.statements[1],
-              "UPDATE Cuenta_x_Cobrar SET    Cxc_Tabla = 'CHEQUE-CA:' + Cxc_Folio WHERE    Cxc_Tabla = 'CHEQUE' AND    "
-              "Cxc_Documento = 'C-1'");
 }
 
 TEST_P(Issued_check_to_a_customer, keeps_everything_when_its_receivables_are_held_back) {
@@ -331,24 +303,6 @@ TEST_F(Check_to_cancel, is_marked_with_its_lines_and_its_movement_leaves_the_bal
     EXPECT_THAT(on.calls, ElementsAre("IsPostingEnabled(CHEQUE)", "IsDocumentPosted(CHEQUE, C-1)",
                                       "IsPostingEnabled(BANCO_MOVIMIENTO)", "IsDocumentPosted(BANCO_MOVIMIENTO, M-1)",
                                       "RegisterDocument(BANCO_MOVIMIENTO, M-1)"));
-}
-
-TEST_F(Check_to_cancel, is_cancelled_by_these_statements) {
-    changes([this] { return cancel(); });
-    ASSERT_EQ(on.statements.size(), 7u);
-    EXPECT_EQ(
-        on.statements[0],
-        "SELECT    Cheque_x_Aplicar.*,    Cheque.Es_Cve_Estado as EstadoCheque,    Cheque.Ch_Fecha,    "
-        "Tipo_Cheque.Tc_Solicitar,    Tipo_Cheque.Tc_Proveedor_Pago FROM Cheque    INNER JOIN Cheque_x_Aplicar ON "
-        "Cheque.Ch_Folio = Cheque_x_Aplicar.Ch_Folio    INNER JOIN Tipo_Cheque ON Cheque.Tc_Cve_Tipo_Cheque = "
-        "Tipo_Cheque.Tc_Cve_Tipo_Cheque WHERE Cheque.Ch_Folio = 'C-1' ORDER BY Cheque_x_Aplicar.Cxa_ID ");
-    EXPECT_EQ(
-        on.statements[1],
-        "UPDATE Cheque SET    Es_Cve_Estado = 'CA',    Oper_Baja = 'MLOPEZ',    Fecha_Baja = '2024-03-15T10:20:30' "
-        "WHERE Ch_Folio = 'C-1'");
-    EXPECT_EQ(on.statements[2],
-              "UPDATE Cheque_x_Aplicar SET    Es_Cve_Estado = 'CA',    Oper_Baja = 'MLOPEZ',    "
-              "Fecha_Baja = '2024-03-15T10:20:30' WHERE Ch_Folio = 'C-1'");
 }
 
 TEST_F(Check_to_cancel, that_is_applied_has_its_application_undone_first) {
@@ -465,12 +419,6 @@ TEST_F(Check_to_cancel, for_an_expense_cancels_the_one_it_created_and_its_docume
                                                   std::string("~ Gasto_x_Comprobar_Documento C-1/CHEQUE/0001: "
                                                               "Es_Cve_Estado AC -> CA")}));
     EXPECT_EQ(changed.size(), 7u);
-    EXPECT_EQ(on.statements[1],
-              "UPDATE Gasto_x_Comprobar SET    Es_Cve_Estado = 'CA',    Oper_Baja = 'MLOPEZ',    "
-              "Fecha_Baja = '2024-03-15T10:20:30' WHERE    Gc_Documento = 'C-1' AND    Gc_Tabla = 'CHEQUE'");
-    EXPECT_EQ(on.statements[2],
-              "UPDATE Gasto_x_Comprobar_Documento SET    Es_Cve_Estado = 'CA' WHERE    Gc_Documento = 'C-1' AND    "
-              "Gc_Tabla = 'CHEQUE'");
 }
 
 TEST_F(Check_to_cancel, for_an_expense_not_yet_linked_cancels_the_one_its_line_names) {
@@ -482,10 +430,6 @@ TEST_F(Check_to_cancel, for_an_expense_not_yet_linked_cancels_the_one_its_line_n
     const std::vector<std::string> changed = changes([this] { return cancel(); });
     EXPECT_THAT(changed, ::testing::Contains("~ Gasto_x_Comprobar GC-3: " + cancelled + "PA -> CA"));
     EXPECT_EQ(changed.size(), 6u);
-    EXPECT_EQ(
-        on.statements[1],
-        "UPDATE Gasto_x_Comprobar SET    Es_Cve_Estado = 'CA',    Oper_Baja = 'MLOPEZ',    "
-        "Fecha_Baja = '2024-03-15T10:20:30' WHERE    Gc_Folio = 'GC-3' AND    Gc_Documento = '' AND    Gc_Tabla = ''");
 }
 
 TEST_F(Check_to_cancel, for_an_expense_linked_to_another_document_leaves_it) {

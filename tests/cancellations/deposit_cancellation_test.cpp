@@ -69,20 +69,8 @@ TEST_F(Made_deposit, that_is_cancelled_gives_receipts_lines_and_money_back) {
                 ElementsAre("MLOPEZ|2024-03-15T10:20:30", "MLOPEZ|2024-03-15T10:20:30"));
 }
 
-TEST_F(Made_deposit, is_cancelled_by_these_statements_and_calls) {
+TEST_F(Made_deposit, is_cancelled_by_these_calls) {
     changes([this] { return cancel(); });
-    ASSERT_EQ(on.statements.size(), 10u);
-    EXPECT_EQ(on.statements[0], "SELECT * FROM Deposito_Pago WHERE Dp_Folio = 'D-1' ");
-    EXPECT_EQ(
-        on.statements[1],
-        "UPDATE Recibo_Pago SET    Es_Cve_Estado = (SELECT DISTINCT CASE Es_Cve_Estado                            "
-        "WHEN 'DP' THEN 'AC'                            WHEN 'AD' THEN 'AP' END                         FROM "
-        "Recibo_Pago a                         WHERE Rp_Folio_Deposito = 'D-1' AND a.Rp_Folio = "
-        "Recibo_Pago.Rp_Folio),    Rp_Folio_Deposito = '',    Rp_Deposito_ID = '' WHERE Rp_Folio_Deposito = 'D-1'");
-    EXPECT_EQ(on.statements[2],
-              "UPDATE Deposito_Pago SET    Es_Cve_Estado = 'CA',    Oper_Baja = 'MLOPEZ',    "
-              "Fecha_Baja = '2024-03-15T10:20:30',    Oper_Ult_Modif = 'MLOPEZ',    "
-              "Fecha_Ult_Modif = '2024-03-15T10:20:30' WHERE Dp_Folio = 'D-1'");
     EXPECT_THAT(on.calls,
                 ElementsAre("IsPostingEnabled(DEPOSITO_PAGO)", "IsDocumentPosted(DEPOSITO_PAGO, D-1)",
                             "IsPostingEnabled(BANCO_MOVIMIENTO)", "IsDocumentPosted(BANCO_MOVIMIENTO, M-1)",

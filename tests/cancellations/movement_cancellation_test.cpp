@@ -55,24 +55,8 @@ TEST_F(Registered_movements, an_inflow_that_is_cancelled_leaves_both_balances) {
                             "~ Banco_Movimiento M-2: " + cancelled + "FI -> CA"));
 }
 
-TEST_F(Registered_movements, one_is_cancelled_by_these_statements_and_calls) {
+TEST_F(Registered_movements, one_is_cancelled_by_these_calls) {
     changes([this] { return cancel("M-1"); });
-    EXPECT_THAT(
-        on.statements,
-        ElementsAre(
-            "SELECT    Banco_Movimiento.Bm_Folio,    Banco_Movimiento.Bm_Fecha,    "
-            "Banco_Movimiento.Bc_Cve_Banco_Cuenta,   Banco_Cuenta.Bn_Cve_Banco,    Banco_Movimiento.Es_Cve_Estado,    "
-            "ISNULL(SUM(Banco_Movimiento.Bm_Importe),0) as Importe FROM Banco_Movimiento    INNER JOIN Banco_Cuenta "
-            "ON Banco_Cuenta.Bc_Cve_Banco_Cuenta = Banco_Movimiento.Bc_Cve_Banco_Cuenta WHERE    "
-            "Banco_Movimiento.Bm_Folio = 'M-1' GROUP BY    Banco_Movimiento.Bm_Folio,    Banco_Movimiento.Bm_Fecha,    "
-            "Banco_Movimiento.Bc_Cve_Banco_Cuenta,   Banco_Cuenta.Bn_Cve_Banco,    Banco_Movimiento.Es_Cve_Estado ",
-            "UPDATE Banco_Cuenta SET    Bc_Saldo = Bc_Saldo - -100,    Oper_Ult_Modif = 'MLOPEZ',    "
-            "Fecha_Ult_Modif = '2024-03-15T10:20:30' WHERE Bc_Cve_Banco_Cuenta = 'CTA-1'",
-            "UPDATE Banco SET    Bn_Saldo = Bn_Saldo - -100,    Oper_Ult_Modif = 'MLOPEZ',    "
-            "Fecha_Ult_Modif = '2024-03-15T10:20:30' WHERE Bn_Cve_Banco = 'BAN-1'",
-            "UPDATE Banco_Movimiento SET     Es_Cve_Estado = 'CA',     Oper_Ult_Modif = 'MLOPEZ',     "
-            "Fecha_Ult_Modif = '2024-03-15T10:20:30',     Oper_Baja = 'MLOPEZ',     "
-            "Fecha_Baja = '2024-03-15T10:20:30' WHERE    Bm_Folio = 'M-1'"));
     EXPECT_THAT(on.calls,
                 ElementsAre("IsOperatingPeriodOpen(2024-03-15, FINANZAS)", "IsPostingEnabled(BANCO_MOVIMIENTO)",
                             "IsDocumentPosted(BANCO_MOVIMIENTO, M-1)", "RegisterDocument(BANCO_MOVIMIENTO, M-1)"));
@@ -172,23 +156,8 @@ TEST_F(Registered_movements, all_those_of_a_document_are_cancelled) {
                     "~ Banco_Movimiento M-2: " + cancelled + "FI -> CA"));
 }
 
-TEST_F(Registered_movements, those_of_a_document_are_cancelled_by_these_statements_and_calls) {
+TEST_F(Registered_movements, those_of_a_document_are_cancelled_by_these_calls) {
     changes([this] { return cancel_document(); });
-    ASSERT_EQ(on.statements.size(), 7u);
-    EXPECT_EQ(
-        on.statements[0],
-        "SELECT    Banco_Movimiento.Bm_Folio,    Banco_Movimiento.Bc_Cve_Banco_Cuenta,   Banco_Cuenta.Bn_Cve_Banco,    "
-        "Banco_Movimiento.Es_Cve_Estado,    ISNULL(SUM(Banco_Movimiento.Bm_Importe),0) as Importe FROM "
-        "Banco_Movimiento    INNER JOIN Banco_Cuenta ON Banco_Cuenta.Bc_Cve_Banco_Cuenta = "
-        "Banco_Movimiento.Bc_Cve_Banco_Cuenta WHERE    Banco_Movimiento.Bm_Documento = 'D-1' AND    "
-        "Banco_Movimiento.Bm_Tabla = 'DEPOSITO_PAGO' GROUP BY    Banco_Movimiento.Bm_Folio,    "
-        "Banco_Movimiento.Bc_Cve_Banco_Cuenta,   Banco_Cuenta.Bn_Cve_Banco,    Banco_Movimiento.Es_Cve_Estado ");
-    EXPECT_EQ(on.statements[4],
-              "UPDATE Banco_Cuenta SET    Bc_Saldo = Bc_Saldo - 25.5,    Oper_Ult_Modif = 'MLOPEZ',    "
-              "Fecha_Ult_Modif = '2024-03-15T10:20:30' WHERE Bc_Cve_Banco_Cuenta = 'CTA-3'");
-    EXPECT_EQ(on.statements[5],
-              "UPDATE Banco SET    Bn_Saldo = Bn_Saldo - 25.5,    Oper_Ult_Modif = 'MLOPEZ',    "
-              "Fecha_Ult_Modif = '2024-03-15T10:20:30' WHERE Bn_Cve_Banco = 'BAN-2'");
     EXPECT_THAT(on.calls,
                 ElementsAre("IsPostingEnabled(BANCO_MOVIMIENTO)", "IsDocumentPosted(BANCO_MOVIMIENTO, M-1)",
                             "RegisterDocument(BANCO_MOVIMIENTO, M-1)", "IsPostingEnabled(BANCO_MOVIMIENTO)",

@@ -50,27 +50,10 @@ TEST_F(Check_capture, the_first_line_takes_the_folio_and_is_written_with_every_c
     EXPECT_EQ(error(), "");
     EXPECT_NE(folio(), "");
     EXPECT_EQ(company.treasury().Detalle().Ch_ID, "0001");
-    const std::string stamp = company.module().data().SqlDateTime(Company::now());
     EXPECT_THAT(
         company.rows("SELECT Ch_Folio, Cxa_ID, Ch_Cheque, Cxp_Folio, Mn_Cve_Moneda, Cxa_Tipo_Cambio, Cxa_Importe, "
                      "Es_Cve_Estado, Cxa_Fecha_Aplicacion, Oper_Alta, Oper_Ult_Modif, Oper_Baja FROM Cheque_x_Aplicar"),
         ElementsAre(folio() + "|0001|1001|CXP-MTY-00000001|USD|19.25|250.5|AC|NULL|CAJA1|CAJA1|"));
-    EXPECT_EQ(company.statements().back(),
-              "INSERT INTO Cheque_x_Aplicar(   Ch_Folio,    Cxa_ID,    Ch_Cheque,    Cxp_Folio,    Mn_Cve_Moneda,    "
-              "Cxa_Tipo_Cambio,    Cxa_Importe,    Oper_Alta,    Fecha_Alta,    Oper_Ult_Modif,    Fecha_Ult_Modif) "
-              "VALUES('" +
-                  folio() + "', '0001', '1001', 'CXP-MTY-00000001', 'USD', 19.25, 250.5, 'CAJA1', '" + stamp +
-                  "', 'CAJA1', '" + stamp + "')");
-}
-
-TEST_F(Check_capture, asks_whether_the_number_was_issued_and_then_inserts) {
-    company.mark();
-    ASSERT_TRUE(add()) << error();
-    ASSERT_EQ(company.statements().size(), 2u);
-    EXPECT_EQ(
-        company.statements()[0],
-        "SELECT Ch_Folio FROM Cheque WHERE    Ch_Referencia = '1001' AND    Bc_Cve_Banco_Cuenta = 'SRR-MXN' AND    "
-        "Ch_Transferencia = 'NO' AND    Es_Cve_Estado <> 'CA' ");
 }
 
 TEST_F(Check_capture, further_lines_are_numbered_and_skip_every_check_of_the_header) {

@@ -104,8 +104,6 @@ TEST_F(Receipt_capture, a_header_let_reads_the_receipt_type) {
     tRpEncabezado header = full_header();
     header.TipoReciboPago = {"05", "of the caller", true, false};
     treasury().RpEncabezado(header);
-    EXPECT_THAT(company.statements(),
-                ElementsAre("SELECT * FROM Tipo_Recibo_Pago WHERE Trp_Cve_Tipo_Recibo_Pago = '05' "));
     header.TipoReciboPago = {"05", "Venta de mostrador", false, true};
     EXPECT_EQ(treasury().RpEncabezado(), header);
 }
@@ -233,50 +231,6 @@ TEST_F(Receipt_capture, a_line_writes_one_row_that_carries_header_line_extras_an
                     "Es_Cve_Estado=AC"));
     EXPECT_EQ(treasury().RpEncabezado().Rp_Folio, "RP-MTY-00000001");
     EXPECT_EQ(treasury().RpDetalle().Rp_ID, "0001") << "the component's number, not the caller's";
-}
-
-TEST_F(Receipt_capture, a_line_runs_one_statement) {
-    start(header_with_everything());
-    treasury().RpDetalle2(extras_with_everything());
-    company.mark();
-    ASSERT_TRUE(add(line_with_everything()));
-    EXPECT_THAT(
-        company.statements(),
-        ElementsAre("INSERT INTO Recibo_Pago("
-                    "   Rp_Folio, "
-                    "   Rp_Id, "
-                    "   Rp_Fecha, "
-                    "   Sc_Cve_Sucursal, "
-                    "   Trp_Cve_Tipo_Recibo_Pago, "
-                    "   Rp_Solicitar_Valor, "
-                    "   Rp_Tabla, "
-                    "   Rp_Documento, "
-                    "   Rp_Referencia, "
-                    "   Rp_Comentario, "
-                    "   Mn_Cve_Moneda, "
-                    "   Rp_Tipo_Cambio, "
-                    "   Rp_Fecha_Deposito, "
-                    "   Rp_Folio_Deposito, "
-                    "   Rp_Deposito_ID, "
-                    "   Fp_Cve_Forma_Pago, "
-                    "   Rp_Banco, "
-                    "   Rp_Cheque, "
-                    "   Rp_Cuenta_Bancaria, "
-                    "   Rp_Importe, "
-                    "   Rp_Cve_Banco, "
-                    "   Rp_Vendedor, "
-                    "   Rp_Comisionista, "
-                    "   Rp_Promotor, "
-                    "   Rp_Chofer, "
-                    "   Rp_Cobratario, "
-                    "   Oper_Alta, "
-                    "   Fecha_Alta, "
-                    "   Oper_Ult_Modif, "
-                    "   Fecha_Ult_Modif) "
-                    "VALUES('RP-MTY-00000001', '0001', '2024-03-14', 'MTY', '05', 'CL01', 'FACTURA_VENTA', 'FV-5001', "
-                    "'REF-1', 'Cobranza', 'USD', 19.5, '2024-03-16', 'D-1', '0007', '02', 'Banco de la Sierra', "
-                    "'CH-77', '0011223344', 1234.56, 'SIERRA', 'VN01', 'COM1', 'PRO1', 'CHO1', 'COB1', 'CAJA1', "
-                    "'2024-03-15 10:20:30', 'CAJA1', '2024-03-15 10:20:30')"));
 }
 
 TEST_F(Receipt_capture, a_record_whose_texts_were_never_set_writes_empty_texts) {
