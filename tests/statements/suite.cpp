@@ -1,6 +1,6 @@
+#include "cuvexa/suite/administration.h"
+#include "cuvexa/suite/audit.h"
 #include "statements/cases.h"
-#include "suite/administration.h"
-#include "suite/audit.h"
 #include "suite/expenses.h"
 #include "support/service_records.h"
 
