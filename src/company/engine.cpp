@@ -23,7 +23,7 @@ std::string as_it_is(std::string_view database) {
 }
 
 constexpr Kind kinds[] = {
-    {is_connection_string, true, without_password, odbc_engine},
+    {database::is_connection_string, true, database::without_password, odbc_engine},
     {any, false, as_it_is, file_engine},
 };
 

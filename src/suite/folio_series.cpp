@@ -6,7 +6,7 @@
 #include "core/case.h"
 #include "core/codes.h"
 #include "cuvexa/errors.h"
-#include "suite/administration.h"
+#include "cuvexa/suite/administration.h"
 #include "suite/statements.h"
 
 namespace cuvexa {

@@ -16,7 +16,7 @@
 #include "cuvexa/tesoreria.h"
 #include "cuvexa/unit_of_work.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 namespace fs = std::filesystem;
@@ -307,4 +307,4 @@ TEST(Company_names, of_servers_that_do_not_answer_are_refused_without_their_pass
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

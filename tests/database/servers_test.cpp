@@ -8,7 +8,7 @@
 #include "database/interpreter.h"
 #include "database/row_set.h"
 
-namespace cuvexa::test {
+namespace cuvexa::tests {
 namespace {
 
 using database::Interpreter;

@@ -17,7 +17,7 @@
 #include "support/company.h"
 #include "support/places.h"
 
-namespace cuvexa::testing {
+namespace cuvexa::tests {
 namespace {
 
 std::string text_of(const std::string& path) {
@@ -427,4 +427,4 @@ TEST(States, the_page_the_names_in_the_code_and_the_statements_know_the_same_cod
 }
 
 }  // namespace
-}  // namespace cuvexa::testing
+}  // namespace cuvexa::tests

@@ -42,8 +42,8 @@ void advance_check(Company& company) {
 void expense_check(Company& company) {
     begin(company, "0002", "DE01");
     company.treasury().Crear_Cheque_Gasto_x_Comprobar();
-    link_advance_to_check(*company.suite(), folio, "AN-MTY-00000001", 400, 1);
-    link_advance_to_check(*company.suite(), folio, "AN-MTY-00000002", 250, 1);
+    reference::link_advance_to_check(*company.suite(), folio, "AN-MTY-00000001", 400, 1);
+    reference::link_advance_to_check(*company.suite(), folio, "AN-MTY-00000002", 250, 1);
 }
 
 /// An expense of before, without the check that paid it.

@@ -152,7 +152,7 @@ void expense_check(Company& company) {
 /// An advance set against the expense of a check: a payment on the receivable of each, under one reference.
 void apply_advance(Company& company) {
     expense_check(company);
-    link_advance_to_check(*company.suite(), check, "AN-MTY-00000002", 250, 1);
+    reference::link_advance_to_check(*company.suite(), check, "AN-MTY-00000002", 250, 1);
     company.treasury().Aplicar_Cheque(check, Company::today());
 }
 
@@ -213,7 +213,7 @@ std::vector<Case> document_payment_cases() {
 std::vector<Case> expense_cases() {
     return {asking("register_expense_advance", {},
                    [](Company& company) {
-                       register_expense_advance(*company.suite(), {.debtor = "DE01",
+                       reference::register_expense_advance(*company.suite(), {.debtor = "DE01",
                                                                    .branch = "MTY",
                                                                    .expense = "GR-33",
                                                                    .date = Company::today(),
@@ -221,7 +221,7 @@ std::vector<Case> expense_cases() {
                                                                    .currency = "MXN"});
                    }),
             asking("link_advance_to_check", {}, [](Company& company) {
-                link_advance_to_check(*company.suite(), check, "AN-MTY-00000002", 250, 1);
+                reference::link_advance_to_check(*company.suite(), check, "AN-MTY-00000002", 250, 1);
             })};
 }
 
