@@ -13,9 +13,9 @@ bool Tesoreria::Contabiliza_Banco_Movimiento(const std::string& Bm_Folio, const 
         if (!accounting->IsPostingEnabled(document::bank_movement)) return;
 
         const bool by_document = !Bm_Documento.empty() && !Bm_Tabla.empty();
-        const std::string or_document =
-            by_document ? filled("  OR (Bm_Documento = '{}' AND Bm_Tabla = '{}' ) ) AND ", Bm_Documento, Bm_Tabla)
-                        : std::string(" ) AND ");
+        const Part or_document =
+            by_document ? part("  OR (Bm_Documento = '{}' AND Bm_Tabla = '{}' ) ) AND ", Bm_Documento, Bm_Tabla)
+                        : Part(" ) AND ");
         const Rows movement = op.query(
             "SELECT Banco_Movimiento.Bm_Folio, Empresa.Em_Cve_Empresa "
             "FROM Banco_Movimiento "

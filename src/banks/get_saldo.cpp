@@ -18,7 +18,7 @@ double Tesoreria::GetSaldo(const std::string& Bc_Cve_Banco_Cuenta, bool SoloFirm
             "FROM Banco_Movimiento "
             "WHERE Bc_Cve_Banco_Cuenta = '{}' AND "
             "   Es_Cve_Estado <> 'CA' {}",
-            Bc_Cve_Banco_Cuenta, SoloFirme ? "Es_Cve_Estado = 'FI'" : "");
+            Bc_Cve_Banco_Cuenta, SoloFirme ? Words("Es_Cve_Estado = 'FI'") : Words());
         const Value saldo = sum.value("Saldo");
         if (!is_null(saldo)) balance = to_number(saldo);  // an account without live movements has no sum
     });

@@ -177,7 +177,7 @@ struct Marking {
 };
 
 void mark_line(Operation& op, const Marking& by, const std::string& line_id, const std::string& new_payable) {
-    const std::string payable = new_payable.empty() ? "" : filled("   Cxp_Folio = '{}', ", new_payable);
+    const Part payable = new_payable.empty() ? Part() : part("   Cxp_Folio = '{}', ", new_payable);
     op.execute(
         "UPDATE Cheque_x_Aplicar SET "
         "{}"
@@ -194,7 +194,7 @@ void mark_line(Operation& op, const Marking& by, const std::string& line_id, con
 
 /// The check is applied only when none of its lines is left open.
 void mark_check(Operation& op, const Marking& by) {
-    const std::string firm = by.firm ? filled("   Ch_Fecha_Firme = '{}',    Ch_Firme = 'SI', ", by.date) : "";
+    const Part firm = by.firm ? part("   Ch_Fecha_Firme = '{}',    Ch_Firme = 'SI', ", by.date) : Part();
     op.execute(
         "UPDATE Cheque SET "
         "   Es_Cve_Estado = 'AP', "

@@ -42,12 +42,12 @@ public:
     // ---- The database ---------------------------------------------------------------------------------------------
 
     template <class... Arguments>
-    Rows query(Holes<std::type_identity_t<Arguments>...> statement, const Arguments&... arguments) {
+    Rows query(Statement<std::type_identity_t<Arguments>...> statement, const Arguments&... arguments) {
         return cuvexa::query(module_, statement, arguments...);
     }
 
     template <class... Arguments>
-    void execute(Holes<std::type_identity_t<Arguments>...> statement, const Arguments&... arguments) {
+    void execute(Statement<std::type_identity_t<Arguments>...> statement, const Arguments&... arguments) {
         query(statement, arguments...);
     }
 

@@ -19,8 +19,8 @@ inline Rows query_text(Module& module, std::string statement) {
 
 /// Runs a statement with its holes filled.
 template <class... Arguments>
-Rows query(Module& module, Holes<std::type_identity_t<Arguments>...> statement, const Arguments&... arguments) {
-    fill(module.statement(), statement, arguments...);
+Rows query(Module& module, Statement<std::type_identity_t<Arguments>...> statement, const Arguments&... arguments) {
+    compose(module.statement(), statement, arguments...);
     return Rows(module.session().GetConnection().execute(module.statement()));
 }
 

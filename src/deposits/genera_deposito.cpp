@@ -11,20 +11,6 @@
 namespace cuvexa {
 namespace {
 
-/// "R1, R2" as the content of an IN list: 'R1','R2'.
-std::string quoted_list(std::string folios) {
-    std::erase(folios, ' ');
-    std::string list = "'";
-    for (const char c : folios) {
-        if (c == ',') {
-            list += "','";
-        } else {
-            list += c;
-        }
-    }
-    return list += '\'';
-}
-
 /// What a deposit line stands for: one row of the grouping query.
 struct Group {
     explicit Group(const Rows& row)
@@ -46,7 +32,7 @@ struct Group {
 /// What the caller said of the deposit, and what this call adds to every row.
 struct Deposit {
     const std::string& account;
-    const std::string& receipts;  ///< quoted list
+    const Text_list& receipts;
     Date date;
     bool firm;
     Date firm_date;
@@ -58,16 +44,16 @@ struct Deposit {
 
 // What the statements compute of a receipt line: cash folds whatever its bank and check, and the movement's comment comes from
 // the kind of payment.
-constexpr auto line_comment =
+constexpr Words line_comment =
     "CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN 'DEPOSITO EFECTIVO' "
     "      WHEN Forma_Pago.Fp_Tipo = '02' THEN 'DEPOSITO CON CHEQUE' "
     "      WHEN Forma_Pago.Fp_Tipo = '04' THEN 'DEPOSITO CON TARJETA DE CREDITO' "
     "      ELSE Rp_Comentario END";
-constexpr auto line_bank = "CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN '' ELSE Rp_Banco END";
-constexpr auto line_check = "CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN '' ELSE Rp_Cheque END";
+constexpr Words line_bank = "CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN '' ELSE Rp_Banco END";
+constexpr Words line_check = "CASE WHEN Forma_Pago.Fp_Tipo = '01' THEN '' ELSE Rp_Cheque END";
 
 /// The deposit is refused when none of the receipts is in a state that can be deposited.
-bool any_receipt(Operation& op, const std::string& receipts) {
+bool any_receipt(Operation& op, const Text_list& receipts) {
     const Rows rows = op.query(
         "SELECT "
         "   Sucursal.Sc_Cve_Sucursal, "
@@ -101,7 +87,7 @@ bool any_receipt(Operation& op, const std::string& receipts) {
     return !rows.eof();
 }
 
-Rows groups(Operation& op, const std::string& receipts) {
+Rows groups(Operation& op, const Text_list& receipts) {
     return op.query(
         "SELECT "
         "   Recibo_Pago.Sc_Cve_Sucursal, "
@@ -202,7 +188,7 @@ void mark_receipts(Operation& op, const Deposit& deposit, const std::string& lin
 bool Tesoreria::Genera_Deposito(const std::string& Bc_Cve_Banco_Cuenta, const std::string& Rp_Folio, Date Dp_Fecha,
                                 bool Bm_Firme, Date Bm_Fecha_Firme, const std::string& sComentario) {
     return operation(module_, error_, "Cuvexa.dll - Genera_Deposito()", [&](Operation& op) {
-        const std::string receipts = quoted_list(Rp_Folio);
+        const Text_list receipts(Rp_Folio);
         op.refuse_if(
             op.data().LookupValue("Bc_Descripcion", "Bc_Cve_Banco_Cuenta", Bc_Cve_Banco_Cuenta, "Banco_Cuenta").empty(),
             "No se encontró la información de la cuenta bancaria!");
@@ -219,7 +205,7 @@ bool Tesoreria::Genera_Deposito(const std::string& Bc_Cve_Banco_Cuenta, const st
                         .folio = {}};
 
         op.refuse_if(!any_receipt(op, receipts),
-                     "No se encontró el recibo de caja o el estado no permite realizar deposito:{}", receipts);
+                     "No se encontró el recibo de caja o el estado no permite realizar deposito:{}", receipts.text());
         Rows rows = groups(op, receipts);
         if (rows.eof()) return;  // nothing of these receipts goes to the bank
 

@@ -57,16 +57,17 @@ void frmDeposito::chkFirme_Click() {
 void frmDeposito::txt_Bc_Cve_Banco_Cuenta_GotFocus() {
     reporting(module(), "txt_Bc_Cve_Banco_Cuenta_GotFocus()", "ERR-ID:7500011", [this] {
         auto& field = txt_Bc_Cve_Banco_Cuenta;
-        std::string validation = filled(
-            "SELECT Bc_Descripcion FROM Banco_Cuenta "
-            " WHERE Mn_Cve_Moneda = '{}' AND "
-            "  Bc_Cve_Banco_Cuenta = '?' AND Es_Cve_Estado <> 'BA' ",
-            Mn_Cve_Moneda);
-        field.conditions = {filled("Banco_Cuenta.Mn_Cve_Moneda = '{}'", Mn_Cve_Moneda)};
+        std::string validation = part(
+                                     "SELECT Bc_Descripcion FROM Banco_Cuenta "
+                                     " WHERE Mn_Cve_Moneda = '{}' AND "
+                                     "  Bc_Cve_Banco_Cuenta = '?' AND Es_Cve_Estado <> 'BA' ",
+                                     Mn_Cve_Moneda)
+                                     .text();
+        field.conditions = {part("Banco_Cuenta.Mn_Cve_Moneda = '{}'", Mn_Cve_Moneda).text()};
         if (!Em_Cve_Empresa.empty()) {
-            validation += filled(" AND (Em_Cve_Empresa = '{}' OR Bc_MultiEmpresa = 'SI')", Em_Cve_Empresa);
+            validation += part(" AND (Em_Cve_Empresa = '{}' OR Bc_MultiEmpresa = 'SI')", Em_Cve_Empresa).text();
             field.conditions.push_back(
-                filled("(Empresa.Em_Cve_Empresa = '{}' OR Bc_MultiEmpresa = 'SI')", Em_Cve_Empresa));
+                part("(Empresa.Em_Cve_Empresa = '{}' OR Bc_MultiEmpresa = 'SI')", Em_Cve_Empresa).text());
         }
         field.sql(validation);
     });

@@ -132,18 +132,19 @@ void frmFormaPago::txtBanco_GotFocus() {
         if (known.number("Cuentas") <= 0) return;
         txtBanco.search =
             Catalogue{document_banks_title,
-                      filled("SELECT "
-                             "   DISTINCT Documento_Cuenta_Bancaria.Dcb_Banco AS BANCO, "
-                             "   Banco.Bn_Descripcion as DESCRIPCION, '' "
-                             "FROM Documento_Cuenta_Bancaria "
-                             "   INNER JOIN Banco ON Banco.Bn_Cve_Banco = Documento_Cuenta_Bancaria.Dcb_Banco "
-                             "WHERE "
-                             "   (Banco.Bn_Cve_Banco LIKE ? OR "
-                             "   Banco.Bn_Codigo LIKE ? OR "
-                             "   Banco.Bn_Descripcion LIKE ?) AND "
-                             "   (Documento_Cuenta_Bancaria.Dcb_Tabla = '{}' AND "
-                             "   Documento_Cuenta_Bancaria.Dcb_Documento = '{}' )",
-                             Dcb_Tabla, Dcb_Documento),
+                      part("SELECT "
+                           "   DISTINCT Documento_Cuenta_Bancaria.Dcb_Banco AS BANCO, "
+                           "   Banco.Bn_Descripcion as DESCRIPCION, '' "
+                           "FROM Documento_Cuenta_Bancaria "
+                           "   INNER JOIN Banco ON Banco.Bn_Cve_Banco = Documento_Cuenta_Bancaria.Dcb_Banco "
+                           "WHERE "
+                           "   (Banco.Bn_Cve_Banco LIKE ? OR "
+                           "   Banco.Bn_Codigo LIKE ? OR "
+                           "   Banco.Bn_Descripcion LIKE ?) AND "
+                           "   (Documento_Cuenta_Bancaria.Dcb_Tabla = '{}' AND "
+                           "   Documento_Cuenta_Bancaria.Dcb_Documento = '{}' )",
+                           Dcb_Tabla, Dcb_Documento)
+                          .text(),
                       "",
                       {"BANCO", "DESCRIPCION"}};
     });
@@ -161,24 +162,24 @@ void frmFormaPago::txtBanco_Enter() {
 }
 
 void frmFormaPago::search_accounts_of_bank() {
-    txtCuenta.search =
-        Catalogue{"Cuentas del documento",
-                  filled("SELECT "
-                         "   Dcb_Cuenta AS CUENTA, "
-                         "   Dcb_ID AS ID, "
-                         "   Dcb_CLABE AS CLABE, "
-                         "   Banco.Bn_Codigo + ' - ' + Banco.Bn_Descripcion AS BANCO "
-                         "FROM Documento_Cuenta_Bancaria "
-                         "   INNER JOIN Banco ON Documento_Cuenta_Bancaria.Dcb_Banco = Banco.Bn_Cve_Banco "
-                         "WHERE (Dcb_Tabla = '{}' AND "
-                         "   Dcb_Documento = '{}' AND "
-                         "   Dcb_Banco = '{}' AND "
-                         "   Documento_Cuenta_Bancaria.Es_Cve_Estado <> 'BA' ) AND "
-                         "   (Dcb_Cuenta LIKE ?) "
-                         "ORDER BY Dcb_ID ASC ",
-                         Dcb_Tabla, Dcb_Documento, txtBanco.Text()),
-                  "",
-                  {"CUENTA", "ID", "CLABE", "BANCO"}};
+    txtCuenta.search = Catalogue{"Cuentas del documento",
+                                 part("SELECT "
+                                      "   Dcb_Cuenta AS CUENTA, "
+                                      "   Dcb_ID AS ID, "
+                                      "   Dcb_CLABE AS CLABE, "
+                                      "   Banco.Bn_Codigo + ' - ' + Banco.Bn_Descripcion AS BANCO "
+                                      "FROM Documento_Cuenta_Bancaria "
+                                      "   INNER JOIN Banco ON Documento_Cuenta_Bancaria.Dcb_Banco = Banco.Bn_Cve_Banco "
+                                      "WHERE (Dcb_Tabla = '{}' AND "
+                                      "   Dcb_Documento = '{}' AND "
+                                      "   Dcb_Banco = '{}' AND "
+                                      "   Documento_Cuenta_Bancaria.Es_Cve_Estado <> 'BA' ) AND "
+                                      "   (Dcb_Cuenta LIKE ?) "
+                                      "ORDER BY Dcb_ID ASC ",
+                                      Dcb_Tabla, Dcb_Documento, txtBanco.Text())
+                                     .text(),
+                                 "",
+                                 {"CUENTA", "ID", "CLABE", "BANCO"}};
 }
 
 void frmFormaPago::suggest_account() {

@@ -8,14 +8,21 @@
 namespace cuvexa::dialogs {
 namespace {
 
-/// One pass, so that a mark inside what is put in is never replaced again.
+/// One pass, so that a mark inside what is put in is never replaced again. A mark begins outside of quotes; what looks
+/// like one inside a text is a value.
 std::string replaced(std::string_view text, std::string_view mark, std::string_view with) {
     std::string out;
-    for (std::size_t at = text.find(mark); at != std::string_view::npos; at = text.find(mark)) {
-        out.append(text.substr(0, at)).append(with);
-        text.remove_prefix(at + mark.size());
+    bool quoted = false;
+    for (std::size_t at = 0; at < text.size();) {
+        if (!quoted && text.substr(at).starts_with(mark)) {
+            out.append(with);
+            at += mark.size();
+        } else {
+            quoted ^= text[at] == '\'';
+            out += text[at++];
+        }
     }
-    return out.append(text);
+    return out;
 }
 
 bool all_of_digits(std::string_view text) {

@@ -16,7 +16,7 @@ namespace {
 struct Level {
     const char* code;
     const char* holder;  ///< where the check's budget data names the holder
-    const char* column;
+    Words column;
 };
 
 constexpr Level supplier{"PV", "Proveedor", "Proveedor.Pv_Cve_Proveedor"};
@@ -30,13 +30,13 @@ constexpr Level supplier_levels[] = {supplier, supplier_group, branch, company};
 constexpr Level debtor_levels[] = {debtor, branch, company};
 constexpr Level customer_levels[] = {customer, branch, company};
 
-constexpr auto supplier_join =
+constexpr Words supplier_join =
     "INNER JOIN Proveedor ON Proveedor.Pv_Cve_Proveedor = Cheque.Ch_Solicitar_Valor "
     "   INNER JOIN Grupo_Proveedor ON Grupo_Proveedor.Gp_Cve_Grupo_Proveedor = Proveedor.Gp_Cve_Grupo_Proveedor";
-constexpr auto debtor_join =
+constexpr Words debtor_join =
     "INNER JOIN Cliente ON Cliente.Cl_Cve_Cliente = Cheque.Ch_Solicitar_Valor AND "
     "      Cliente.Tc_Cve_Tipo_Cliente = 'DE'";
-constexpr auto customer_join =
+constexpr Words customer_join =
     "INNER JOIN Cliente ON Cliente.Cl_Cve_Cliente = Cheque.Ch_Solicitar_Valor AND "
     "      Cliente.Tc_Cve_Tipo_Cliente = 'CL'";
 
@@ -46,11 +46,11 @@ struct Kind {
     const char* mode_parameter;
     const char* asks_for;  ///< `Tc_Solicitar` of its check types
     const char* name;      ///< in messages
-    const char* table;
-    const char* prefix;
+    Words table;
+    Words prefix;
     std::span<const Level> levels;  ///< most specific first
-    const char* holder_columns;
-    const char* holder_join;
+    Words holder_columns;
+    Words holder_join;
 };
 
 constexpr std::array kinds = {
@@ -99,7 +99,7 @@ struct Period {
     explicit Period(const Calendar& day) : year(day.year), month(day.month) {}
 
     /// The budget column without its prefix: "01" to "12".
-    std::string column() const { return four_digits(month).substr(2); }
+    Part column() const { return part("{}{}", month / 10, month % 10); }
 
     int year, month;
 };

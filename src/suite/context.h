@@ -59,11 +59,11 @@ public:
     std::string stamp() const { return time_text(now()); }
 
     template <class... Arguments>
-    Rows query(Holes<std::type_identity_t<Arguments>...> statement, const Arguments&... arguments) {
+    Rows query(Statement<std::type_identity_t<Arguments>...> statement, const Arguments&... arguments) {
         return reference::query(own_, statement, arguments...);
     }
     template <class... Arguments>
-    void execute(Holes<std::type_identity_t<Arguments>...> statement, const Arguments&... arguments) {
+    void execute(Statement<std::type_identity_t<Arguments>...> statement, const Arguments&... arguments) {
         query(statement, arguments...);
     }
 

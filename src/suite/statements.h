@@ -17,6 +17,17 @@ struct Raw {
     std::string_view text;
 };
 
+}  // namespace cuvexa::reference
+
+namespace cuvexa {
+
+template <>
+inline constexpr bool stands_unquoted<reference::Raw> = true;
+
+}  // namespace cuvexa
+
+namespace cuvexa::reference {
+
 inline std::string_view sql_piece(Raw raw) {
     return raw.text;
 }
@@ -33,15 +44,16 @@ inline int sql_piece(int number) {
 
 /// A statement with its holes filled.
 template <class... Arguments>
-std::string sql(Holes<std::type_identity_t<Arguments>...> statement, const Arguments&... arguments) {
+std::string sql(Statement<std::type_identity_t<Arguments>...> statement, const Arguments&... arguments) {
     std::string text;
-    append_filled(text, statement.literal(), {Piece(sql_piece(arguments)).view()...});
+    append_filled(text, statement.literal(), {Piece(sql_piece(arguments)).view()...}, statement.quoted());
     return text;
 }
 
 /// Runs a statement with its holes filled.
 template <class... Arguments>
-Rows query(Connection& connection, Holes<std::type_identity_t<Arguments>...> statement, const Arguments&... arguments) {
+Rows query(Connection& connection, Statement<std::type_identity_t<Arguments>...> statement,
+           const Arguments&... arguments) {
     return Rows(connection.execute(sql(statement, arguments...)));
 }
 

@@ -213,8 +213,9 @@ TEST(Payment_method_dialog, a_closed_bank_and_a_quote_are_no_valid_banks) {
         dialog.company.mark();
         dialog.payment([&](frmFormaPago&, Scripted_window& user) {
             user.type(bank).press(key_f4);
-            EXPECT_THAT(dialog.company.on.reports_in_full,
-                        ElementsAre(refusal("Esta forma de pago requiere un banco válido!", "ERR-ID:7500002")));
+            ASSERT_FALSE(dialog.company.on.reports_in_full.empty());
+            EXPECT_EQ(dialog.company.on.reports_in_full.back(),
+                      refusal("Esta forma de pago requiere un banco válido!", "ERR-ID:7500002"));
         });
     }
 }
