@@ -23,7 +23,7 @@ GROUP BY
 -- Cancelar_Movimiento_Bancos: UPDATE Banco with 100, 'CAJA1', '2024-03-15 10:20:30', 'SIERRA'
 -- Cancelar_Movimiento_Bancos: UPDATE Banco_Movimiento with 'CA', 'CAJA1', '2024-03-15 10:20:30', 'CAJA1',
 --    '2024-03-15 10:20:30', 'BM-00000001'
--- Cancelar_Movimiento_Bancos: UPDATE Banco_Cuenta with 100, 'CAJA1', '2024-03-15 10:20:30', 'SRR-MXN'
--- Cancelar_Movimiento_Bancos: UPDATE Banco with 100, 'CAJA1', '2024-03-15 10:20:30', 'SIERRA'
+-- Cancelar_Movimiento_Bancos: UPDATE Banco_Cuenta with -25.5, 'CAJA1', '2024-03-15 10:20:30', 'PTO-USD'
+-- Cancelar_Movimiento_Bancos: UPDATE Banco with -25.5, 'CAJA1', '2024-03-15 10:20:30', 'PUERTO'
 -- Cancelar_Movimiento_Bancos: UPDATE Banco_Movimiento with 'CA', 'CAJA1', '2024-03-15 10:20:30', 'CAJA1',
 --    '2024-03-15 10:20:30', 'BM-00000002'

@@ -26,8 +26,7 @@ WHERE Ps_Nombre = 'FTO_CLIENTE';
 
 -- DataServices: SELECT Parametro_Sistema with 'FTO_CLIENTE'
 
-DELETE
-FROM Parametro_Sistema
+DELETE FROM Parametro_Sistema
 WHERE Ps_Nombre = 'FTO_CLIENTE';
 
 -- ---- the server
@@ -107,8 +106,7 @@ WHERE NOT EXISTS (SELECT Dt_Documento FROM Documento_Contabilizado WHERE Dt_Docu
 
 -- DataServices: SELECT Documento_Contabilizado with 'CH-MTY-00000001', 'CHEQUE'
 
-DELETE
-FROM Documento_Contabilizado
+DELETE FROM Documento_Contabilizado
 WHERE Dt_Documento = 'CH-MTY-00000001' AND Dt_Tabla = 'CHEQUE';
 
 -- ---- a voucher is closed
