@@ -121,11 +121,25 @@ private:
     }
 };
 
+/// The values of a statement in order of their text: those of a list one by one, numbers without the sign, which is an
+/// operator of its own.
+inline std::vector<std::string> sorted_values(const std::string& statement) {
+    std::vector<std::string> all;
+    for (std::string value : Statement_form(statement).values) {
+        if (value.starts_with('-')) value.erase(0, 1);
+        for (auto comma = value.find("','"); comma != std::string::npos; comma = value.find("','")) {
+            all.push_back(value.substr(0, comma + 1));
+            value.erase(0, comma + 2);
+        }
+        all.push_back(value);
+    }
+    std::sort(all.begin(), all.end());
+    return all;
+}
+
 /// Whether every value of a statement stands in its translation for another engine, as often as it did.
 inline bool keeps_values(const std::string& statement, const std::string& translation) {
-    std::vector<std::string> before = Statement_form(statement).values, after = Statement_form(translation).values;
-    std::sort(before.begin(), before.end());
-    std::sort(after.begin(), after.end());
+    const std::vector<std::string> before = sorted_values(statement), after = sorted_values(translation);
     return std::includes(after.begin(), after.end(), before.begin(), before.end());
 }
 
