@@ -1,5 +1,7 @@
 #include "company/engine.h"
 
+#include <cstdlib>
+
 #include "database/connection_string.h"
 
 namespace cuvexa::company {
@@ -34,6 +36,11 @@ const Kind& kind_of(std::string_view database) {
 }
 
 }  // namespace
+
+std::string password_of(const Company_options& options) {
+    const char* const everybody = std::getenv("CUVEXA_PASSWORD");
+    return options.password.empty() && everybody ? everybody : options.password;
+}
 
 std::unique_ptr<Engine> engine_for(const Company_options& options) {
     return kind_of(options.database).engine(options);

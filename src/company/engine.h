@@ -36,6 +36,9 @@ public:
 /// The engine that the options name.
 std::unique_ptr<Engine> engine_for(const Company_options& options);
 
+/// What opens the session of a server: the password of the options, or else of the environment.
+std::string password_of(const Company_options& options);
+
 // The kinds.
 std::unique_ptr<Engine> file_engine(const Company_options& options);
 std::unique_ptr<Engine> odbc_engine(const Company_options& options);

@@ -29,6 +29,7 @@ private:
     std::unique_ptr<Odbc_connection> session() const {
         Odbc_options engine;
         engine.lock_timeout_ms = static_cast<int>(options_.wait_s * 1000);
+        engine.password = password_of(options_);
         return std::make_unique<Odbc_connection>(options_.database, engine);
     }
 

@@ -1,7 +1,6 @@
 #include "database/connection_string.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 #include "core/case.h"
 
@@ -75,9 +74,8 @@ bool is_connection_string(std::string_view text) noexcept {
            same_text(key, "Driver");
 }
 
-std::string with_password(const std::string& connection_string) {
-    const char* const password = std::getenv("CUVEXA_PASSWORD");
-    if (password == nullptr || !passwords(connection_string).empty()) return connection_string;
+std::string with_password(const std::string& connection_string, const std::string& password) {
+    if (password.empty() || !passwords(connection_string).empty()) return connection_string;
     return connection_string + (connection_string.ends_with(';') ? "" : ";") + "PWD=" + guarded_value(password);
 }
 

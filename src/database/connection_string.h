@@ -27,8 +27,8 @@ std::string guarded_value(std::string_view value);
 /// Whether the text names a server and not a file: "Driver=…;…", "DSN=…".
 bool is_connection_string(std::string_view text) noexcept;
 
-/// The text, with the password of the environment variable CUVEXA_PASSWORD where it has none and there is one.
-std::string with_password(const std::string& connection_string);
+/// The text, with that password where it has none; an empty one is none.
+std::string with_password(const std::string& connection_string, const std::string& password);
 
 /// The passwords in the text, each as it stands and without the braces around it: what nothing that is shown may hold.
 std::vector<std::string> passwords(const std::string& connection_string);

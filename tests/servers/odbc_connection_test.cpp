@@ -251,7 +251,7 @@ TEST_F(Odbc, no_failure_shows_the_password) {
     }
 }
 
-TEST_F(Odbc, the_password_may_come_from_the_environment) {
+TEST_F(Odbc, the_password_may_be_given_apart) {
     std::string without, password;
     for (const auto& [key, text] : database::connection_attributes(connection_string)) {
         if (database::is_password_key(key))
@@ -259,12 +259,12 @@ TEST_F(Odbc, the_password_may_come_from_the_environment) {
         else
             without.append(key).append("=").append(text).append(";");
     }
-    setenv("CUVEXA_PASSWORD", password.c_str(), 1);
-    EXPECT_FALSE(Odbc_connection(without).execute("SELECT 1 AS V")->eof());
-    setenv("CUVEXA_PASSWORD", "otra", 1);
-    EXPECT_THROW(Odbc_connection{without}, Database_error);
-    EXPECT_FALSE(Odbc_connection(connection_string).execute("SELECT 1 AS V")->eof());
-    unsetenv("CUVEXA_PASSWORD");
+    Odbc_options options;
+    options.password = password;
+    EXPECT_FALSE(Odbc_connection(without, options).execute("SELECT 1 AS V")->eof());
+    options.password = "otra";
+    EXPECT_THROW(Odbc_connection(without, options), Database_error);
+    EXPECT_FALSE(Odbc_connection(connection_string, options).execute("SELECT 1 AS V")->eof());
 }
 
 TEST(Odbc_without_a_server, a_driver_that_is_not_there_is_told_by_all_its_records) {

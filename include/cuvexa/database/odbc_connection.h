@@ -15,6 +15,7 @@ struct Odbc_options {
     int login_timeout_s = 15;
     int statement_timeout_s = 60;  ///< how long a statement may run; 0: without end
     int lock_timeout_ms = 10000;   ///< how long a statement waits for another user
+    std::string password = {};     ///< for a connection string that holds none
 };
 
 /// A session of a server. Used by one thread.
@@ -27,8 +28,7 @@ struct Odbc_options {
 /// No text that the session gives, failures included, holds the password.
 class Odbc_connection : public Connection {
 public:
-    /// `connection_string` as ODBC users know it: "Driver=…;Server=…;Database=…;UID=…;PWD=…" or "DSN=…". Without a
-    /// password in it, that of the environment variable CUVEXA_PASSWORD is used, if there is one.
+    /// `connection_string` as ODBC users know it: "Driver=…;Server=…;Database=…;UID=…;PWD=…" or "DSN=…".
     explicit Odbc_connection(const std::string& connection_string, const Odbc_options& options = {});
     ~Odbc_connection() override;
 

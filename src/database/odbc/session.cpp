@@ -17,11 +17,11 @@ SQLPOINTER seconds(int s) noexcept {
 }  // namespace
 
 Session::Session(const std::string& connection_string, const Odbc_options& options)
-    : secrets_(database::passwords(database::with_password(connection_string))),
+    : secrets_(database::passwords(database::with_password(connection_string, options.password))),
       environment_(SQL_HANDLE_ENV, SQL_NULL_HANDLE) {
     SQLSetEnvAttr(environment_, SQL_ATTR_ODBC_VERSION, number_attribute(SQL_OV_ODBC3), 0);
     database_.emplace(SQL_HANDLE_DBC, environment_);
-    connect(database::with_password(connection_string), options.login_timeout_s);
+    connect(database::with_password(connection_string, options.password), options.login_timeout_s);
     name_ = information(SQL_DBMS_NAME);
     server_ = &database::server_called(name_);
     if (!server_->ends_statements()) statement_timeout_s_ = options.statement_timeout_s;

@@ -1,0 +1,105 @@
+// A company in a server's database, on the server that CUVEXA_TEST_DB names.
+#include "cuvexa/company.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <regex>
+#include <string>
+
+#include "cuvexa/database/odbc_connection.h"
+#include "cuvexa/module.h"
+#include "cuvexa/suite/schema.h"
+#include "database/connection_string.h"
+
+namespace cuvexa::tests {
+namespace {
+
+using ::testing::StartsWith;
+
+class Company_on_a_server : public ::testing::Test {
+protected:
+    void SetUp() override {
+        const char* const text = std::getenv("CUVEXA_TEST_DB");
+        if (text == nullptr) GTEST_SKIP() << "CUVEXA_TEST_DB names no server";
+        options.database = text;
+        drop_tables();
+    }
+    void TearDown() override {
+        if (!options.database.empty()) drop_tables();
+    }
+
+    void drop_tables() const {
+        static const std::regex table(R"(CREATE TABLE (\w+))");
+        const std::string schema(schema_sql());
+        Odbc_connection server(options.database);
+        for (std::sregex_iterator at(schema.begin(), schema.end(), table), end; at != end; ++at) {
+            try {
+                server.execute("DROP TABLE " + (*at)[1].str());
+            } catch (const Database_error&) {
+                // It was not there.
+            }
+        }
+    }
+
+    static std::string refusal(const Company_options& options) {
+        try {
+            Company company(options);
+            return "none";
+        } catch (const Company_error& failure) {
+            return failure.what();
+        }
+    }
+
+    Company_options options;
+};
+
+TEST_F(Company_on_a_server, is_made_opened_and_not_made_again) {
+    EXPECT_FALSE(Company::stands(options));
+    EXPECT_EQ(refusal(options), "No es una base de datos de Cuvexa: " + options.shown());
+    EXPECT_TRUE(Company::create_if_missing(options, Contents::sample_company));
+    EXPECT_TRUE(Company::stands(options));
+    Module module(Company(options).suite());
+    EXPECT_EQ(module.data().LookupValue("Mn_Descripcion", "Mn_Cve_Moneda", "USD", "Moneda"), "Dólar estadounidense");
+    EXPECT_FALSE(Company::create_if_missing(options, Contents::schema));
+    try {
+        Company::create(options, Contents::schema);
+        ADD_FAILURE() << "it was made over the other";
+    } catch (const Company_error& failure) {
+        EXPECT_EQ(failure.what(), "Ya existe y no se toca: " + options.shown());
+    }
+}
+
+TEST_F(Company_on_a_server, is_made_whole_or_not_at_all) {
+    Odbc_connection server(options.database);
+    server.prepare_database();
+    server.execute("CREATE TABLE Poliza_Detalle (En_Medio int NOT NULL, PRIMARY KEY (En_Medio))");
+    EXPECT_THROW(Company::create(options, Contents::sample_company), Company_error);
+    EXPECT_FALSE(Company::stands(options));
+    EXPECT_THROW(server.execute("SELECT * FROM Banco"), Database_error);
+}
+
+TEST_F(Company_on_a_server, takes_the_password_of_the_options_or_of_the_environment) {
+    std::string without, password;
+    for (const auto& [key, text] : database::connection_attributes(options.database)) {
+        if (database::is_password_key(key))
+            password = database::plain_value(text);
+        else
+            without.append(key).append("=").append(text).append(";");
+    }
+    const auto let_in = [&](const std::string& given) {
+        return refusal({.database = without, .password = given}).starts_with("No es una base de datos de Cuvexa: ");
+    };
+    setenv("CUVEXA_PASSWORD", "otra", 1);
+    EXPECT_FALSE(let_in(""));
+    EXPECT_TRUE(let_in(password));
+    setenv("CUVEXA_PASSWORD", password.c_str(), 1);
+    EXPECT_TRUE(let_in(""));
+    EXPECT_FALSE(let_in("otra"));
+    unsetenv("CUVEXA_PASSWORD");
+    EXPECT_THAT(refusal({.database = without, .password = "otra"}), StartsWith("No es posible abrir la sesión"));
+}
+
+}  // namespace
+}  // namespace cuvexa::tests
