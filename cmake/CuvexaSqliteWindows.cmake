@@ -12,9 +12,6 @@ elseif(NOT EXISTS ${sqlite_folder}/sqlite3.c OR NOT EXISTS ${sqlite_folder}/sqli
 endif()
 
 enable_language(C)
-if(CCACHE)
-    set(CMAKE_C_COMPILER_LAUNCHER ${CCACHE})
-endif()
 add_library(cuvexa_sqlite3 STATIC ${sqlite_folder}/sqlite3.c)
 target_include_directories(cuvexa_sqlite3 SYSTEM INTERFACE $<BUILD_INTERFACE:${sqlite_folder}>)
 target_compile_definitions(cuvexa_sqlite3 PRIVATE
