@@ -35,12 +35,57 @@ TEST(A_batch, is_refused_by_the_word_that_begins_its_second_statement) {
     EXPECT_NE(refusal_of("UPDATE T SET a = 'x' DROP TABLE T"), "");
 }
 
+TEST(A_batch, may_not_begin_with_any_word_of_the_language) {
+    for (const char* second : {"USE master",
+                               "COMMIT",
+                               "ROLLBACK TRAN",
+                               "SAVE TRAN s",
+                               "CHECKPOINT",
+                               "THROW",
+                               "REVERT",
+                               "DISABLE TRIGGER t ON T",
+                               "ENABLE TRIGGER t ON T",
+                               "RETURN",
+                               "OPEN c",
+                               "CLOSE c",
+                               "DEALLOCATE c",
+                               "FETCH c",
+                               "GOTO x",
+                               "RECONFIGURE",
+                               "DUMP DATABASE x",
+                               "SETUSER",
+                               "RAISERROR ('x', 1, 1)",
+                               "END",
+                               "RECEIVE * FROM q",
+                               "SEND ON CONVERSATION 1"}) {
+        for (const char* first : {"SELECT a FROM T WHERE b = 'x' ", "UPDATE T SET a = 1 WHERE b = 'x' ",
+                                  "INSERT INTO T(a) VALUES('x') ", "DELETE FROM T WHERE a = 'x' "}) {
+            EXPECT_NE(refusal_of(std::string(first) + second), "") << first << second;
+        }
+    }
+    EXPECT_NE(refusal_of("UPDATE T SET a = 1 WHERE b = 2 SET NOCOUNT ON"), "");
+    EXPECT_NE(refusal_of("CREATE TABLE T (a int) DROP TABLE U"), "");
+}
+
+TEST(A_batch, takes_no_select_behind_values_and_makes_no_table) {
+    EXPECT_NE(refusal_of("INSERT INTO T(a) VALUES ('x', 1) SELECT 7 AS siete INTO Hackt FROM U"), "");
+    EXPECT_NE(refusal_of("INSERT INTO T(a) VALUES ('x') SELECT 1"), "");
+    EXPECT_NE(refusal_of("SELECT a INTO Hackt FROM T"), "");
+    EXPECT_NE(refusal_of("INSERT INTO T(a) VALUES ('x') VALUES ('y')"), "");
+    EXPECT_NE(refusal_of("INSERT INTO T(a) VALUES ('x') UNION SELECT 1 INTO Hackt"), "");
+}
+
 TEST(A_batch, is_not_what_one_statement_may_hold) {
-    for (const char* one : {"SELECT a FROM T UNION ALL SELECT b FROM U", "INSERT INTO T(a) SELECT 'x', 1",
-                            "INSERT INTO T(a) SELECT 'x' UNION SELECT 'y'", "UPDATE T SET a = (SELECT b FROM U)",
-                            "SELECT T.Delete FROM T", "SELECT [drop], 'delete from T' FROM T WHERE a IN (SELECT 1)",
-                            "CREATE TABLE T (a int)", "BEGIN TRANSACTION", "DELETE FROM T WHERE a = 'update'",
-                            "UPDATE T SET T.a = 'x' FROM T INNER JOIN U ON U.b = T.b WHERE T.c = 'set'"}) {
+    for (const char* one :
+         {"SELECT a FROM T UNION ALL SELECT b FROM U", "INSERT INTO T(a) SELECT 'x', 1",
+          "INSERT INTO T(a) SELECT 'x' UNION SELECT 'y'", "UPDATE T SET a = (SELECT b FROM U)",
+          "SELECT T.Delete FROM T", "SELECT [drop], 'delete from T' FROM T WHERE a IN (SELECT 1)",
+          "CREATE TABLE T (a int)", "BEGIN TRANSACTION", "DELETE FROM T WHERE a = 'update'",
+          "UPDATE T SET T.a = 'x' FROM T INNER JOIN U ON U.b = T.b WHERE T.c = 'set'",
+          "SELECT CASE WHEN a = 1 THEN 'end' ELSE 'x' END AS b, CASE b WHEN 1 THEN 2 END FROM T",
+          "ALTER TABLE T ADD b int", "DROP TABLE IF EXISTS T", "CREATE TABLE T (a int) ON PRIMARY",
+          "ALTER TABLE T DROP COLUMN b", "SELECT a FROM T ORDER BY a OFFSET 0 ROWS FETCH NEXT 1 ROWS ONLY",
+          "COMMIT TRANSACTION", "SET LOCK_TIMEOUT 100"}) {
         EXPECT_EQ(refusal_of(one), "") << one;
     }
 }

@@ -49,10 +49,33 @@ TEST(Lexer, a_negative_number_after_an_operator_is_no_comment) {
     EXPECT_THAT(pieces("Bc_Saldo - -100"), ElementsAre("Bc_Saldo", "-", "-", "100"));
 }
 
-TEST(Lexer, a_number_that_runs_into_letters_is_left_to_the_engine_in_one_piece) {
-    EXPECT_EQ(only_kind("123abc"), Token_kind::unknown);
-    EXPECT_EQ(only_kind("0x1F"), Token_kind::unknown);
-    EXPECT_EQ(only_kind("1.2.3"), Token_kind::unknown);
+TEST(Lexer, a_number_that_runs_into_letters_is_refused) {
+    for (const char* text : {"123abc", "0DELETE", "1.DELETE", "1e0DELETE", "0xINSERT", "0x1F", "1.2.3", "1..2", "5_",
+                             "SELECT a FROM T WHERE 'x' = 'x' OR 1=0DELETE T", "1ñ", ".5a"}) {
+        EXPECT_THAT(refusal(text), HasSubstr("un número mal escrito")) << text;
+    }
+    for (const char* text : {"1.", "1.5E-3", "1+a", "(1)", "1,2", "IN(1)AND"}) EXPECT_EQ(refusal(text), "") << text;
+}
+
+TEST(Lexer, what_an_engine_may_take_for_a_blank_is_refused_outside_of_texts) {
+    for (const char* character : {"\u00A0", "\u0085", "\u1680", "\u2000", "\u200B", "\u2028", "\u202F", "\u2060",
+                                  "\u3000", "\uFEFF", "\u00D7", "\U0001F600", "\uFF07"}) {
+        EXPECT_THAT(refusal("SELECT 1" + std::string(character) + "DELETE"),
+                    testing::AnyOf(HasSubstr("fuera de un valor, el carácter"), HasSubstr("número mal escrito")));
+        EXPECT_THAT(refusal("SELECT a " + std::string(character) + "DELETE"),
+                    HasSubstr("fuera de un valor, el carácter"));
+        EXPECT_THAT(refusal("SELECT a" + std::string(character)), HasSubstr("fuera de un valor, el carácter"));
+        EXPECT_EQ(refusal("SELECT 'a" + std::string(character) + "', [b" + std::string(character) + "]"), "");
+    }
+    for (const char* control : {"\x01", "\x1B", "\x1F"})
+        EXPECT_THAT(refusal("SELECT 1 " + std::string(control) + "DELETE"), HasSubstr("carácter de control"));
+    EXPECT_EQ(refusal("SELECT Año, ÉPOCA, ª FROM Šk"), "");
+}
+
+TEST(Lexer, a_text_with_a_prefix_that_one_engine_knows_is_refused) {
+    for (const char* text : {"SELECT E'a\\'b'", "SELECT e'x'", "SELECT B'1'", "SELECT x'41'", "SELECT U&'\\0041'"})
+        EXPECT_THAT(refusal(text), HasSubstr("texto con prefijo")) << text;
+    EXPECT_EQ(refusal("SELECT N'a', LIKE'x', E + 'a', U & 1"), "");
 }
 
 TEST(Lexer, a_semicolon_at_the_end_is_dropped) {

@@ -97,7 +97,8 @@ TEST(Postgresql_dialect, a_name_in_marks_is_written_as_the_engine_keeps_it) {
 TEST(Postgresql_dialect, no_word_of_the_other_dialect_is_left_in_the_product_s_statements_and_no_value_is_lost) {
     for (const tests::Told_statement& told : tests::told_statements()) {
         const std::string translation = on_postgresql(told.text);
-        EXPECT_TRUE(tests::keeps_values(told.text, translation)) << told.file << ": " << told.text << "\n" << translation;
+        EXPECT_TRUE(tests::keeps_values(told.text, translation)) << told.file << ": " << told.text << "\n"
+                                                                 << translation;
         const std::string form = tests::Statement_form(translation).form;
         for (const char* word : {"ISNULL(", "IsNull(", "GETDATE", " TOP ", " OUTPUT ", " YEAR(", " MONTH("}) {
             EXPECT_EQ(form.find(word), std::string::npos) << word << " in " << told.file << ": " << translation;

@@ -126,4 +126,4 @@ TEST(The_interpreter, asks_again_after_a_definition) {
 }
 
 }  // namespace
-}  // namespace cuvexa::test
+}  // namespace cuvexa::tests

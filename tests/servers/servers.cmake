@@ -32,6 +32,13 @@ if(UNIX AND TARGET cuvexa_sqlite AND nlohmann_json_FOUND)
     endif()
 endif()
 
+# Statements as the product composes them, for the parser of T-SQL.
+if(UNIX AND TARGET cuvexa_sqlite AND nlohmann_json_FOUND)
+    add_executable(cuvexa_compose ${CMAKE_CURRENT_LIST_DIR}/compose/main.cpp)
+    target_include_directories(cuvexa_compose PRIVATE ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(cuvexa_compose PRIVATE cuvexa_options cuvexa_sqlite nlohmann_json::nlohmann_json)
+endif()
+
 # Programs of users, in Debian's own interpreter, where Debian's parser is.
 function(add_users_test name)
     add_test(NAME ${name} COMMAND ${ARGN})
@@ -43,6 +50,7 @@ if(TARGET cuvexa AND EXISTS /usr/bin/python3)
     set(here ${CMAKE_CURRENT_LIST_DIR})
     set(program $<TARGET_FILE:cuvexa>)
     add_users_test(servers.every_statement_is_tsql ${python} ${here}/tsql_test.py ${program})
+    add_users_test(servers.no_value_becomes_a_statement ${python} ${here}/values_test.py ${program} $<TARGET_FILE:cuvexa_compose>)
     add_users_test(sqlite.many_users ${python} ${here}/load_test.py ${program} --users 1,8 --rounds 4)
     add_users_test(sqlite.killed_programs ${python} ${here}/kill_test.py programs ${program} --repeat 2)
     if(TARGET cuvexa_odbc)

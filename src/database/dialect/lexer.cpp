@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "core/case.h"
 #include "core/utf8.h"
 #include "cuvexa/errors.h"
 
@@ -73,6 +74,8 @@ private:
             case Class::nul:
                 refuse("El texto de la instrucción contiene un carácter nulo");
             case Class::unknown:
+                if (static_cast<unsigned char>(text_[at_]) < ' ')
+                    refuse("El texto de la instrucción contiene un carácter de control");
                 return add(Token_kind::unknown, at_ + 1);
         }
     }
@@ -80,14 +83,24 @@ private:
     void read_word() {
         if ((text_[at_] == 'N' || text_[at_] == 'n') && look(at_ + 1) == Class::quote)
             return add(Token_kind::text, end_of_quoted(at_ + 1, '\''));
-        add(Token_kind::word, end_of_word(at_));
+        const std::size_t end = end_of_word(at_);
+        if (marks_text(end)) refuse("El texto de la instrucción contiene un texto con prefijo (E, B, X o U&)");
+        add(Token_kind::word, end);
+    }
+
+    // E'…', B'…', X'…' and U&'…' are texts that some engine reads by rules of its own.
+    bool marks_text(std::size_t end) const {
+        if (end - at_ != 1) return false;
+        const char letter = upper_ascii(text_[at_]);
+        if (letter == 'U') return character(end) == '&' && look(end + 1) == Class::quote;
+        return (letter == 'E' || letter == 'B' || letter == 'X') && look(end) == Class::quote;
     }
 
     std::size_t end_of_word(std::size_t at) const {
         for (;;) {
             const Class c = look(at);
             if (c == Class::high)
-                at = end_of_sequence(at);
+                at = end_of_letter(at);
             else if (c == Class::letter || c == Class::digit || character(at) == '$' || character(at) == '@')
                 ++at;
             else
@@ -95,7 +108,7 @@ private:
         }
     }
 
-    // A number that runs into letters is no number: it goes on in one piece and the engine says so.
+    // 0DELETE is one word to nobody: a server reads a number and a statement.
     void read_number() {
         std::size_t end = at_;
         while (look(end) == Class::digit) ++end;
@@ -104,16 +117,9 @@ private:
             while (look(end) == Class::digit) ++end;
         }
         if (character(end) == 'e' || character(end) == 'E') end = end_of_exponent(end);
-        const std::size_t malformed = end_of_malformed(end);
-        if (malformed != end) return add(Token_kind::unknown, malformed);
+        if (character(end) == '.' || end_of_word(end) != end)
+            refuse("El texto de la instrucción contiene un número mal escrito");
         add(Token_kind::number, end);
-    }
-
-    std::size_t end_of_malformed(std::size_t at) const {
-        for (std::size_t end = at;; at = end) {
-            end = character(at) == '.' ? at + 1 : end_of_word(at);
-            if (end == at) return at;
-        }
     }
 
     std::size_t end_of_exponent(std::size_t at) const {
@@ -181,6 +187,22 @@ private:
         }
         refuse(mark == '\'' ? "Falta la comilla que cierra un texto de la instrucción"
                             : "Falta la marca que cierra un nombre de la instrucción");
+    }
+
+    // Past a letter of the Latin alphabets. Any other character outside of texts and marked names is refused: an engine may
+    // take it for a blank.
+    std::size_t end_of_letter(std::size_t at) const {
+        const std::size_t end = end_of_sequence(at);
+        const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text_[at + i]); };
+        const unsigned code = end - at == 2 ? (byte(0) & 0x1Fu) << 6 | (byte(1) & 0x3Fu) : 0;
+        const bool letter =
+            (code >= 0xC0 && code <= 0x24F && code != 0xD7 && code != 0xF7) || code == 0xAA || code == 0xBA;
+        if (!letter) {
+            refuse(("El texto de la instrucción contiene, fuera de un valor, el carácter «" +
+                    std::string(text_.substr(at, end - at)) + "»")
+                       .c_str());
+        }
+        return end;
     }
 
     std::size_t end_of_sequence(std::size_t at) const {

@@ -33,7 +33,9 @@ struct Token {
 
 /// Reads `text` into `tokens` (emptied first; its memory is reused). A blank text gives none. A single `;` at the end
 /// is dropped. Throws `Database_error`, in the operator's language, for what no adapter may pass on: a second statement
-/// after `;`, a comment, a quote left open, a parameter mark, a NUL byte, malformed UTF-8.
+/// after `;`, a comment, a quote left open, a parameter mark, a NUL byte, malformed UTF-8, a number that runs into letters, a
+/// text with a prefix other than N, a control character, and outside of texts and marked names any character beyond ASCII
+/// that is no Latin letter: what one engine takes for part of a word is a blank to another.
 void tokenize(std::string_view text, std::vector<Token>& tokens);
 
 /// The content of a text literal as it stands in a statement ('…' or N'…'). Refers into `literal` unless it holds
