@@ -1,16 +1,15 @@
 #include <gtest/gtest.h>
-#include <objbase.h>
 
 #include <algorithm>
 #include <array>
 #include <set>
 #include <utility>
 
-#include "automation/com/class_factory.h"
-#include "automation/com/failures.h"
-#include "automation/com/suite/suite_objects.h"
-#include "automation/com/suite_server/published_service.h"
 #include "automation/invoke.h"
+#include "com/class_factory.h"
+#include "com/failures.h"
+#include "com_suite/published_service.h"
+#include "com_suite/suite_objects.h"
 #include "cuvexa/tesoreria.h"
 #include "windows/replay/remote_objects.h"
 
@@ -95,7 +94,7 @@ void Treasury::connect() {
         in_use = &module_;
     }
     Session::publish(&module_.suite());
-    object_ = testing::new_remote_object("Tesoreria");
+    object_ = tests::new_remote_object("Tesoreria");
 }
 
 void Treasury::disconnect() {
@@ -155,7 +154,7 @@ std::shared_ptr<clsRpDetalle> Treasury::RpDetalle2() const {
 
 void Treasury::RpDetalle2(std::shared_ptr<clsRpDetalle> value) {
     extras_ = std::move(value);
-    extras_object_ = extras_ ? testing::new_remote_object("clsRpDetalle") : nullptr;
+    extras_object_ = extras_ ? tests::new_remote_object("clsRpDetalle") : nullptr;
     let("RpDetalle2", extras_object_);
 }
 

@@ -6,11 +6,11 @@
 #include <utility>
 #include <vector>
 
-#include "automation/com/failures.h"
-#include "automation/com/identifiers.h"
-#include "automation/com/late.h"
-#include "automation/com/record_memory.h"
-#include "automation/com/values.h"
+#include "com/failures.h"
+#include "com/late.h"
+#include "com/values.h"
+#include "com_server/identifiers.h"
+#include "com_server/record_memory.h"
 
 namespace cuvexa::tests {
 namespace {

@@ -1,8 +1,8 @@
 // The published classes as they are met from outside: objects whose members are late-bound calls on Cuvexa.dll.
 #pragma once
 
-#include "automation/com/pointers.h"
 #include "automation/members.h"
+#include "com/pointers.h"
 
 namespace cuvexa::tests {
 

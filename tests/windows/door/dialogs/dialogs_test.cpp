@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "automation/com/late.h"
+#include "com/late.h"
 #include "cuvexa/database/script.h"
 #include "cuvexa/database/sqlite_connection.h"
 #include "cuvexa/suite/schema.h"

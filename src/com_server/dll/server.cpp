@@ -1,0 +1,155 @@
+// Cuvexa.dll: the classes that programs create, and the four entry points of an in-process server.
+#include <array>
+#include <deque>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "automation/members.h"
+#include "com/apartment.h"
+#include "com/class_factory.h"
+#include "com/failures.h"
+#include "com/registration.h"
+#include "com/registry.h"
+#include "com_server/dll/services.h"
+#include "com_server/identifiers.h"
+#include "com_server/published_object.h"
+#include "com_server/script_record.h"
+
+// In the system's library, and missing in the compiler's headers.
+extern "C" {
+WINOLEAUTAPI RegisterTypeLibForUser(ITypeLib* library, OLECHAR* path, OLECHAR* help_folder);
+WINOLEAUTAPI UnRegisterTypeLibForUser(REFGUID id, WORD major, WORD minor, LCID locale, SYSKIND system);
+}
+
+namespace cuvexa::com {
+namespace {
+
+template <std::size_t at>
+Pointer<IDispatch> new_object() {
+    auto module = module_of_apartment(start_module);
+    Object object = automation_classes()[at].create(*module);
+    return published(std::move(object), std::move(module));
+}
+
+template <std::size_t at>
+Pointer<IDispatch> new_record() {
+    return new_script_record(record_types[at]);
+}
+
+using Maker = Pointer<IDispatch> (*)();
+
+template <std::size_t... at>
+constexpr auto object_makers(std::index_sequence<at...>) {
+    return std::array<Maker, sizeof...(at)>{&new_object<at>...};
+}
+
+template <std::size_t... at>
+constexpr auto record_makers(std::index_sequence<at...>) {
+    return std::array<Maker, sizeof...(at)>{&new_record<at>...};
+}
+
+struct Classes {
+    std::vector<Class_entry> entries;
+    std::deque<std::wstring> texts;
+
+    void add(const CLSID& clsid, std::string_view name, std::string_view description, Maker make) {
+        const wchar_t* prog_id = texts.emplace_back(L"Cuvexa." + wide(name)).c_str();
+        const wchar_t* shown = texts.emplace_back(wide(description)).c_str();
+        entries.push_back({clsid, prog_id, shown, make, &library_id, L"1.0"});
+    }
+};
+
+std::span<const Class_entry> classes() {
+    static const Classes all = [] {
+        Classes made;
+        constexpr auto objects = object_makers(std::make_index_sequence<std::size(class_ids)>());
+        for (std::size_t at = 0; at < objects.size(); ++at)
+            made.add(class_ids[at].class_id, class_ids[at].name, "Cuvexa - " + std::string(class_ids[at].name),
+                     objects[at]);
+        constexpr auto records = record_makers(std::make_index_sequence<std::size(record_types)>());
+        for (std::size_t at = 0; at < records.size(); ++at) {
+            const Record_type& type = record_types[at];
+            made.add(script_record_id(type), type.name, "Cuvexa - registro " + std::string(type.name), records[at]);
+        }
+        return made;
+    }();
+    return all.entries;
+}
+
+// ---- The type library in the registry ------------------------------------------------------------------------------
+
+#ifdef _WIN64
+constexpr SYSKIND own_system = SYS_WIN64;
+#else
+constexpr SYSKIND own_system = SYS_WIN32;
+#endif
+
+/// Registers the library inside that copy of this module.
+HRESULT register_type_library(std::wstring path) {
+    Pointer<ITypeLib> library;
+    const HRESULT loaded = LoadTypeLibEx(path.c_str(), REGKIND_NONE, library.receive());
+    if (FAILED(loaded)) return loaded;
+    std::wstring folder = path.substr(0, path.rfind(L'\\'));
+    if (writable_scope() == Scope::machine) return RegisterTypeLib(library.get(), path.data(), folder.data());
+    return RegisterTypeLibForUser(library.get(), path.data(), folder.data());
+}
+
+/// Whether the registered library is the one inside this module.
+bool is_registered_library() {
+    String path;
+    if (FAILED(QueryPathOfRegTypeLib(library_id, library_major, library_minor, LOCALE_NEUTRAL, path.receive())))
+        return false;
+    const std::wstring registered = wide(path.text().c_str());
+    const std::wstring own = wide(path_of(this_module()));
+    return CompareStringOrdinal(registered.c_str(), -1, own.c_str(), -1, TRUE) == CSTR_EQUAL;
+}
+
+void unregister_type_library() {
+    UnRegisterTypeLibForUser(library_id, library_major, library_minor, LOCALE_NEUTRAL, own_system);
+    UnRegisterTypeLib(library_id, library_major, library_minor, LOCALE_NEUTRAL, own_system);
+}
+
+/// The copy of this module that programs get; nothing when none is registered.
+std::optional<std::wstring> registered_server() {
+    wchar_t id[40];
+    StringFromGUID2(class_ids[0].class_id, id, 40);
+    const std::wstring key = L"Software\\Classes\\CLSID\\" + std::wstring(id) + L"\\InprocServer32";
+    const auto of_user = Key::existing(HKEY_CURRENT_USER, key).text();
+    return of_user ? of_user : Key::existing(HKEY_LOCAL_MACHINE, key).text();
+}
+
+}  // namespace
+}  // namespace cuvexa::com
+
+using namespace cuvexa::com;
+
+STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** object) {
+    return get_class_object(classes(), clsid, iid, object);
+}
+
+STDAPI DllCanUnloadNow() {
+    forget_module();
+    return modules_alive() == 0 ? can_unload() : S_FALSE;
+}
+
+STDAPI DllRegisterServer() {
+    return guarded("DllRegisterServer", [] {
+        HRESULT result = register_server(classes(), this_module());
+        if (SUCCEEDED(result)) result = register_type_library(wide(path_of(this_module())));
+        if (FAILED(result)) unregister_server(classes(), this_module());
+        return result;
+    });
+}
+
+STDAPI DllUnregisterServer() {
+    return guarded("DllUnregisterServer", [] {
+        const bool described = is_registered_library();
+        if (described) unregister_type_library();
+        const HRESULT result = unregister_server(classes(), this_module());
+        // The copy that was there before is back, and its description with it.
+        if (const auto other = registered_server(); other && described) register_type_library(*other);
+        return result;
+    });
+}

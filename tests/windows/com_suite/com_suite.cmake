@@ -1,0 +1,13 @@
+# The suite through automation, with a prefix of its own: the suite that these tests register must not meet other tests.
+if(NOT TARGET cuvexa_suite_dll)
+    return()
+endif()
+cuvexa_windows_test(com_suite cuvexa_com_suite cuvexa_sqlite cuvexa_suite)
+target_link_libraries(cuvexa_windows_com_suite_tests PRIVATE version)
+target_compile_definitions(cuvexa_windows_com_suite_tests PRIVATE CUVEXA_VERSION="${PROJECT_VERSION}")
+add_dependencies(cuvexa_windows_com_suite_tests cuvexa_suite_dll)
+if(TARGET cuvexa)
+    add_dependencies(cuvexa_windows_com_suite_tests cuvexa)
+    target_compile_definitions(cuvexa_windows_com_suite_tests PRIVATE CUVEXA_WITH_PROGRAM)
+endif()
+set_tests_properties(windows.com_suite PROPERTIES ENVIRONMENT CUVEXA_WINE_PREFIX=${CMAKE_BINARY_DIR}/wine-suite)
