@@ -2,12 +2,8 @@
 if(NOT WIN32)
     return()
 endif()
-if(NOT TARGET cuvexa_automation)
-    message(STATUS "Cuvexa: no automation servers, because nlohmann_json was not found (package nlohmann-json3-dev)")
-    return()
-endif()
 
-cuvexa_library(com ROOMS com USES automation)
+cuvexa_library(com ROOMS com)
 target_link_libraries(cuvexa_com PUBLIC ole32 oleaut32 uuid advapi32)
 
 # cuvexa_server(<target> <name> ROOM <room> USES <library>...): the in-process server <name>.dll of the room's sources, with the

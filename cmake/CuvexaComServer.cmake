@@ -3,6 +3,10 @@
 if(NOT TARGET cuvexa_com_suite OR NOT TARGET cuvexa_win32)
     return()
 endif()
+if(NOT TARGET cuvexa_automation)
+    message(STATUS "Cuvexa: no Cuvexa.dll, because nlohmann_json was not found (package nlohmann-json3-dev)")
+    return()
+endif()
 
 cuvexa_library(com_server ROOMS com_server USES com automation)
 

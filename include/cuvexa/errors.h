@@ -23,6 +23,7 @@ inline constexpr int error_overflow = 6;
 inline constexpr int error_type_mismatch = 13;
 inline constexpr int error_object_not_set = 91;
 inline constexpr int error_invalid_use_of_null = 94;
+inline constexpr int error_automation = 440;  ///< of a run-time error that has none of its own
 
 /// A statement that the database did not take. The description is the engine's own.
 class Database_error : public std::runtime_error {

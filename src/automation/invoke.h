@@ -31,9 +31,6 @@ private:
     Kind kind_;
 };
 
-/// Number of a run-time error that has none of its own.
-inline constexpr int error_automation = 440;
-
 /// The member of that name (without regard to case) or identifier and kind. Throws `Invoke_error`.
 const Member& find_member(const Automation_class& type, std::string_view name, Member_kind kind);
 const Member& find_member(const Automation_class& type, std::int32_t identifier, Member_kind kind);

@@ -9,10 +9,10 @@
 namespace cuvexa::com {
 namespace {
 
-std::atomic<long> held{0};
+std::atomic<long> holding{0};
 
-/// The services are objects of the apartment, so the module must go before the apartment does: a spy tells when. It
-/// belongs to the thread's holder and is never destroyed by itself.
+/// What is held may hold objects of the apartment, so it must go before the apartment does: a spy tells when. It belongs to
+/// the thread's holder and is never destroyed by itself.
 class Holder final : public IInitializeSpy {
 public:
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
@@ -32,27 +32,27 @@ public:
     }
     HRESULT STDMETHODCALLTYPE PostUninitialize(DWORD) override { return S_OK; }
 
-    const std::shared_ptr<Module>& module() const { return module_; }
+    const std::shared_ptr<void>& held() const { return held_; }
 
-    void hold(std::shared_ptr<Module> module) {
+    void hold(std::shared_ptr<void> held) {
         check(CoRegisterInitializeSpy(this, &cookie_));
-        module_ = std::move(module);
-        ++held;
+        held_ = std::move(held);
+        ++holding;
     }
 
     void let_go() noexcept {
-        if (!module_) return;
-        module_.reset();
-        --held;
+        if (!held_) return;
+        held_.reset();
+        --holding;
         CoRevokeInitializeSpy(cookie_);
     }
 
 private:
-    std::shared_ptr<Module> module_;
+    std::shared_ptr<void> held_;
     ULARGE_INTEGER cookie_{};
 };
 
-/// A thread that ends without ending its apartment keeps its module: its objects may not be called any more.
+/// A thread that ends without ending its apartment keeps what it holds: its objects may not be called any more.
 Holder& holder() {
     thread_local Holder* const of_thread = new Holder;
     return *of_thread;
@@ -60,18 +60,18 @@ Holder& holder() {
 
 }  // namespace
 
-std::shared_ptr<Module> module_of_apartment(const std::function<std::shared_ptr<Module>()>& make) {
-    if (!holder().module()) holder().hold(make());
-    return holder().module();
+std::shared_ptr<void> held_by_apartment(const std::function<std::shared_ptr<void>()>& make) {
+    if (!holder().held()) holder().hold(make());
+    return holder().held();
 }
 
-bool forget_module() noexcept {
-    if (holder().module() && holder().module().use_count() == 1) holder().let_go();
-    return !holder().module();
+bool forget_held() noexcept {
+    if (holder().held() && holder().held().use_count() == 1) holder().let_go();
+    return !holder().held();
 }
 
-long modules_alive() noexcept {
-    return held;
+long apartments_holding() noexcept {
+    return holding;
 }
 
 }  // namespace cuvexa::com

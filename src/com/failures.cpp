@@ -2,27 +2,8 @@
 
 #include <new>
 
-#include "automation/invoke.h"
-
 namespace cuvexa::com {
 namespace {
-
-HRESULT result_of(Invoke_error::Kind kind) {
-    switch (kind) {
-        case Invoke_error::Kind::unknown_member:
-        case Invoke_error::Kind::wrong_kind:
-            return DISP_E_MEMBERNOTFOUND;
-        case Invoke_error::Kind::wrong_count:
-            return DISP_E_BADPARAMCOUNT;
-        case Invoke_error::Kind::wrong_type:
-            return DISP_E_TYPEMISMATCH;
-        case Invoke_error::Kind::out_of_range:
-            return DISP_E_OVERFLOW;
-        case Invoke_error::Kind::unknown_argument:
-            return DISP_E_PARAMNOTFOUND;
-    }
-    return E_FAIL;
-}
 
 /// The system's words for a result code, without their line end.
 std::string system_text(HRESULT result) {
@@ -47,8 +28,6 @@ Failure current_failure() noexcept {
             throw;
         } catch (const Automation_error& failure) {
             return {result_of_number(failure.number()), failure.what()};
-        } catch (const Invoke_error& failure) {
-            return {result_of(failure.kind()), failure.what()};
         } catch (const Result_error& failure) {
             return {failure.result(), failure.what()};
         } catch (const std::bad_alloc&) {

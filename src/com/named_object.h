@@ -53,7 +53,7 @@ protected:
     virtual const char* source() const = 0;
 
 private:
-    DISPID identifier(std::string_view name) const;
+    DISPID identifier(std::wstring_view name) const;
 };
 
 constexpr bool gets(WORD kind) {

@@ -1,8 +1,6 @@
 #include "com/own_library.h"
 
-#include "com/failures.h"
 #include "com/registration.h"
-#include "com_server/identifiers.h"
 
 namespace cuvexa::com {
 
@@ -17,15 +15,6 @@ Pointer<ITypeInfo> own_type(const GUID& id) {
     const auto library = own_library();
     if (!library || FAILED(library->GetTypeInfoOfGuid(id, type.receive()))) return nullptr;
     return type;
-}
-
-Pointer<IRecordInfo> record_info(const Record_type& type) {
-    const auto described = own_type(record_id(type));
-    if (!described)
-        throw Result_error(TYPE_E_ELEMENTNOTFOUND, "no description of the record " + std::string(type.name));
-    Pointer<IRecordInfo> info;
-    check(GetRecordInfoFromTypeInfo(described.get(), info.receive()));
-    return info;
 }
 
 }  // namespace cuvexa::com

@@ -3,7 +3,6 @@
 
 #include <oaidl.h>
 
-#include "automation/record_table.h"
 #include "com/pointers.h"
 
 namespace cuvexa::com {
@@ -13,8 +12,5 @@ Pointer<ITypeLib> own_library();
 
 /// The type of that identifier; null when the library or the type is not there.
 Pointer<ITypeInfo> own_type(const GUID& id);
-
-/// How the system handles a record of this library. Throws `Result_error`.
-Pointer<IRecordInfo> record_info(const Record_type& type);
 
 }  // namespace cuvexa::com

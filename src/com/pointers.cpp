@@ -22,6 +22,11 @@ std::string utf8(std::wstring_view wide) {
     return result;
 }
 
+bool same_name(std::wstring_view a, std::wstring_view b) {
+    return CompareStringOrdinal(a.data(), static_cast<int>(a.size()), b.data(), static_cast<int>(b.size()), TRUE) ==
+           CSTR_EQUAL;
+}
+
 std::string text_of(BSTR string) {
     return string ? utf8({string, SysStringLen(string)}) : std::string();
 }

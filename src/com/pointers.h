@@ -9,13 +9,16 @@
 #include <string_view>
 #include <utility>
 
-#undef GetUserName  // an operation of the session service has this name
+#undef GetUserName  // members of that name keep it, whichever header comes first
 
 namespace cuvexa::com {
 
 /// UTF-8 to UTF-16 and back. What is malformed becomes U+FFFD; null characters inside are kept.
 std::wstring wide(std::string_view utf8);
 std::string utf8(std::wstring_view wide);
+
+/// Whether two names are the same to the system, which does not regard case.
+bool same_name(std::wstring_view a, std::wstring_view b);
 
 /// The text of a BSTR; a null one is the empty text.
 std::string text_of(BSTR string);

@@ -20,11 +20,6 @@ std::wstring guid_text(REFGUID guid) {
     return text;
 }
 
-bool same_path(const std::wstring& a, const std::wstring& b) {
-    return CompareStringOrdinal(a.data(), static_cast<int>(a.size()), b.data(), static_cast<int>(b.size()), TRUE) ==
-           CSTR_EQUAL;
-}
-
 /// What one library has registered for somebody.
 class Registration {
 public:
@@ -89,19 +84,19 @@ private:
     }
 
     bool is_own(const Class_entry& entry) const {
-        return same_path(server_of(class_key(entry)).value_or(L""), library_);
+        return same_name(server_of(class_key(entry)).value_or(L""), library_);
     }
 
     bool leads_to(const Class_entry& entry) const {
         const auto clsid = Key::existing(hive_, prog_id_key(entry) + L"\\CLSID").text();
-        return clsid && same_path(*clsid, guid_text(entry.clsid));
+        return clsid && same_name(*clsid, guid_text(entry.clsid));
     }
 
     /// The copies that found the class as this one had registered it.
     std::vector<std::wstring> keepers(const Class_entry& entry) const {
         std::vector<std::wstring> found = Key::existing(hive_, kept_root).keys();
         std::erase_if(found, [&](const std::wstring& copy) {
-            return !same_path(server_of(kept_class(copy, entry)).value_or(L""), library_);
+            return !same_name(server_of(kept_class(copy, entry)).value_or(L""), library_);
         });
         return found;
     }
@@ -123,7 +118,7 @@ private:
     std::optional<std::wstring> other_copy(const Class_entry& entry) const {
         for (const REGSAM view : {KEY_WOW64_64KEY, KEY_WOW64_32KEY}) {
             const auto server = server_of(class_key(entry), view);
-            if (server && !same_path(*server, library_)) return server;
+            if (server && !same_name(*server, library_)) return server;
         }
         return std::nullopt;
     }

@@ -58,6 +58,16 @@ bool is_system_record(const VARIANT& value) {
     return (value.vt & ~VT_BYREF) == VT_RECORD;
 }
 
+/// How the system handles a record of this library.
+Pointer<IRecordInfo> record_info(const Record_type& type) {
+    const auto described = own_type(record_id(type));
+    if (!described)
+        throw Result_error(TYPE_E_ELEMENTNOTFOUND, "no description of the record " + std::string(type.name));
+    Pointer<IRecordInfo> info;
+    check(GetRecordInfoFromTypeInfo(described.get(), info.receive()));
+    return info;
+}
+
 /// The memory of a system's record of that type.
 void* record_memory(const VARIANT& value, const Record_type& type) {
     GUID id;

@@ -118,6 +118,35 @@ ULONG Error_support::Release() {
     return object_.release();
 }
 
+// ---- Calls that do not fit the table -------------------------------------------------------------------------------
+
+HRESULT code_of(Invoke_error::Kind kind) {
+    switch (kind) {
+        case Invoke_error::Kind::unknown_member:
+        case Invoke_error::Kind::wrong_kind:
+            return DISP_E_MEMBERNOTFOUND;
+        case Invoke_error::Kind::wrong_count:
+            return DISP_E_BADPARAMCOUNT;
+        case Invoke_error::Kind::wrong_type:
+            return DISP_E_TYPEMISMATCH;
+        case Invoke_error::Kind::out_of_range:
+            return DISP_E_OVERFLOW;
+        case Invoke_error::Kind::unknown_argument:
+            return DISP_E_PARAMNOTFOUND;
+    }
+    return E_FAIL;
+}
+
+/// Runs what reads the table of members: a call that does not fit it is refused in the system's codes.
+template <class Body>
+decltype(auto) by_table(Body&& body) {
+    try {
+        return body();
+    } catch (const Invoke_error& refusal) {
+        throw Result_error(code_of(refusal.kind()), refusal.what());
+    }
+}
+
 // ---- Names and arguments of late-bound calls -----------------------------------------------------------------------
 
 const Member* find_any(const Automation_class& type, std::string_view name) {
@@ -182,7 +211,7 @@ HRESULT Published::identifiers(LPOLESTR* names, UINT count, DISPID* ids) {
 
 HRESULT Published::invoke(DISPID id, LCID locale, WORD kind, DISPPARAMS& parameters, VARIANT* result, UINT* wrong) {
     const auto keep = Pointer<IDispatch>::sharing(face());  // the caller's last reference may go during the call
-    const Member& member = meant(type(), id, kind);
+    const Member& member = by_table([&]() -> const Member& { return meant(type(), id, kind); });
     const std::vector<VARIANT*> places = places_of(member, parameters);
     std::vector<Variant> arguments;
     for (std::size_t at = 0; at < places.size(); ++at) {
@@ -199,7 +228,7 @@ HRESULT Published::invoke(DISPID id, LCID locale, WORD kind, DISPPARAMS& paramet
     }
     if (wrong) *wrong = 0;
     const std::vector<Variant> before = arguments;
-    Variant value = Invoke(*object_, member, arguments);
+    Variant value = by_table([&] { return Invoke(*object_, member, arguments); });
     for (std::size_t at = 0; at < places.size(); ++at) {
         if (places[at] && member.parameters[at].by_reference && arguments[at] != before[at])
             give_back(arguments[at], member.parameters[at].type, *places[at], locale);
@@ -231,7 +260,7 @@ HRESULT Published::call(std::size_t at, void** given) {
         for (std::size_t place = 0; place < count; ++place)
             arguments.push_back(argument_at(member.parameters[place], given[place]));
         const std::vector<Variant> before = arguments;
-        Variant value = Invoke(*object_, member, arguments);
+        Variant value = by_table([&] { return Invoke(*object_, member, arguments); });
         for (std::size_t place = 0; place < count; ++place) {
             const Parameter& parameter = member.parameters[place];
             if (parameter.by_reference && arguments[place] != before[place])

@@ -26,9 +26,14 @@ WINOLEAUTAPI UnRegisterTypeLibForUser(REFGUID id, WORD major, WORD minor, LCID l
 namespace cuvexa::com {
 namespace {
 
+/// One set of services and cached parameters for each apartment.
+std::shared_ptr<Module> module_of_apartment() {
+    return std::static_pointer_cast<Module>(held_by_apartment(start_module));
+}
+
 template <std::size_t at>
 Pointer<IDispatch> new_object() {
-    auto module = module_of_apartment(start_module);
+    auto module = module_of_apartment();
     Object object = automation_classes()[at].create(*module);
     return published(std::move(object), std::move(module));
 }
@@ -101,9 +106,8 @@ bool is_registered_library() {
     String path;
     if (FAILED(QueryPathOfRegTypeLib(library_id, library_major, library_minor, LOCALE_NEUTRAL, path.receive())))
         return false;
-    const std::wstring registered = wide(path.text().c_str());
-    const std::wstring own = wide(path_of(this_module()));
-    return CompareStringOrdinal(registered.c_str(), -1, own.c_str(), -1, TRUE) == CSTR_EQUAL;
+    const std::string registered = path.text().c_str();  // the system counts the null character in
+    return same_name(wide(registered), wide(path_of(this_module())));
 }
 
 void unregister_type_library() {
@@ -130,8 +134,8 @@ STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** object) {
 }
 
 STDAPI DllCanUnloadNow() {
-    forget_module();
-    return modules_alive() == 0 ? can_unload() : S_FALSE;
+    forget_held();
+    return apartments_holding() == 0 ? can_unload() : S_FALSE;
 }
 
 STDAPI DllRegisterServer() {

@@ -196,12 +196,12 @@ struct Modules : ::testing::Test {
     };
 
     std::shared_ptr<Module> of_apartment() {
-        return module_of_apartment([this]() -> std::shared_ptr<Module> {
+        return std::static_pointer_cast<Module>(held_by_apartment([this]() -> std::shared_ptr<Module> {
             if (broken) throw Automation_error(1000, "no services");
             ++made;
             auto held = std::make_shared<Held>(*this);
             return {held, &held->module};
-        });
+        }));
     }
 };
 
@@ -210,7 +210,7 @@ TEST_F(Modules, are_one_for_an_apartment) {
     const auto first = of_apartment(), second = of_apartment();
     EXPECT_EQ(first, second);
     EXPECT_EQ(made, 1);
-    EXPECT_EQ(modules_alive(), 1);
+    EXPECT_EQ(apartments_holding(), 1);
 }
 
 TEST_F(Modules, are_two_for_two_apartments) {
@@ -220,12 +220,12 @@ TEST_F(Modules, are_two_for_two_apartments) {
     std::thread([&] {
         const Apartment other;
         second = of_apartment().get();
-        EXPECT_EQ(modules_alive(), 2);
+        EXPECT_EQ(apartments_holding(), 2);
     }).join();
     EXPECT_NE(first.get(), second);
     EXPECT_EQ(made, 2);
     EXPECT_EQ(ended, 1);
-    EXPECT_EQ(modules_alive(), 1);
+    EXPECT_EQ(apartments_holding(), 1);
 }
 
 TEST_F(Modules, end_with_the_last_leaving_of_the_apartment) {
@@ -237,14 +237,14 @@ TEST_F(Modules, end_with_the_last_leaving_of_the_apartment) {
     EXPECT_EQ(ended, 0);
     outer.end();
     EXPECT_EQ(ended, 1);
-    EXPECT_EQ(modules_alive(), 0);
+    EXPECT_EQ(apartments_holding(), 0);
 }
 
 TEST_F(Modules, that_somebody_holds_outlive_the_apartment) {
     Apartment apartment;
     auto held = of_apartment();
     apartment.end();
-    EXPECT_EQ(modules_alive(), 0);
+    EXPECT_EQ(apartments_holding(), 0);
     EXPECT_EQ(ended, 0);
     held = nullptr;
     EXPECT_EQ(ended, 1);
@@ -252,12 +252,12 @@ TEST_F(Modules, that_somebody_holds_outlive_the_apartment) {
 
 TEST_F(Modules, are_forgotten_on_demand_unless_somebody_holds_them) {
     const Apartment apartment;
-    EXPECT_TRUE(forget_module());
+    EXPECT_TRUE(forget_held());
     auto held = of_apartment();
-    EXPECT_FALSE(forget_module());
+    EXPECT_FALSE(forget_held());
     EXPECT_EQ(ended, 0);
     held = nullptr;
-    EXPECT_TRUE(forget_module());
+    EXPECT_TRUE(forget_held());
     EXPECT_EQ(ended, 1);
     of_apartment();
     EXPECT_EQ(made, 2);
@@ -267,7 +267,7 @@ TEST_F(Modules, whose_services_do_not_start_are_tried_again) {
     const Apartment apartment;
     broken = true;
     EXPECT_THROW(of_apartment(), Automation_error);
-    EXPECT_EQ(modules_alive(), 0);
+    EXPECT_EQ(apartments_holding(), 0);
     broken = false;
     EXPECT_TRUE(of_apartment());
 }
@@ -280,7 +280,7 @@ TEST_F(Modules, come_and_go_with_apartments_many_times) {
         }
         EXPECT_EQ(ended, round);
     }
-    EXPECT_EQ(modules_alive(), 0);
+    EXPECT_EQ(apartments_holding(), 0);
 }
 
 }  // namespace
