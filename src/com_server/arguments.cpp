@@ -12,7 +12,7 @@
 #include "com_server/record_values.h"
 #include "com_server/script_record.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_server {
 namespace {
 
 [[noreturn]] void refuse(const std::string& what) {
@@ -231,4 +231,4 @@ void write_properties(const Pointer<IDispatch>& object, Record_place record) {
     }
 }
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_server

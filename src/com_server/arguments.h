@@ -9,7 +9,9 @@
 #include "automation/members.h"
 #include "com/values.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_server {
+
+using namespace com;
 
 /// The argument in the parameter's exact type; `Missing` when it was left out. Throws `Result_error`.
 Variant argument(const VARIANT& given, const Value_type& type, LCID locale);
@@ -27,4 +29,4 @@ void read_properties(const Pointer<IDispatch>& object, Record_place record, LCID
 /// Lets the properties that the object has.
 void write_properties(const Pointer<IDispatch>& object, Record_place record);
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_server

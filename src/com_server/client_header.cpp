@@ -11,7 +11,7 @@
 #include "com_server/identifiers.h"
 #include "com_server/record_layout.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_server {
 namespace {
 
 constexpr const char* beginning =
@@ -146,4 +146,4 @@ void write_client_header(std::ostream& out) {
     out << "}  // namespace Cuvexa\n";
 }
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_server

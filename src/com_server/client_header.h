@@ -3,8 +3,8 @@
 
 #include <iosfwd>
 
-namespace cuvexa::com {
+namespace cuvexa::com_server {
 
 void write_client_header(std::ostream& out);
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_server

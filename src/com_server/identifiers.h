@@ -7,7 +7,7 @@
 
 #include "automation/record_table.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_server {
 
 inline constexpr GUID library_id = {0x6d1b4a52, 0x83c7, 0x4f0e, {0x9a, 0x1d, 0x52, 0x70, 0xc3, 0xb8, 0x4e, 0x01}};
 inline constexpr WORD library_major = 1, library_minor = 0;
@@ -46,4 +46,4 @@ inline GUID script_record_id(const Record_type& record) {
     return id;
 }
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_server

@@ -17,7 +17,7 @@
 #include "com_server/identifiers.h"
 #include "com_server/record_memory.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_server {
 namespace {
 
 constexpr const char* source = "Cuvexa";
@@ -336,10 +336,13 @@ const void* function_of(std::size_t member, std::size_t pointers, std::index_seq
 
 std::vector<const void*> make_functions(const Automation_class& type) {
     std::vector<const void*> functions{
-        reinterpret_cast<const void*>(&query_interface), reinterpret_cast<const void*>(&add_reference),
-        reinterpret_cast<const void*>(&release),         reinterpret_cast<const void*>(&get_type_info_count),
-        reinterpret_cast<const void*>(&get_type_info),   reinterpret_cast<const void*>(&get_ids_of_names),
-        reinterpret_cast<const void*>(&com::invoke),
+        reinterpret_cast<const void*>(&query_interface),
+        reinterpret_cast<const void*>(&add_reference),
+        reinterpret_cast<const void*>(&release),
+        reinterpret_cast<const void*>(&get_type_info_count),
+        reinterpret_cast<const void*>(&get_type_info),
+        reinterpret_cast<const void*>(&get_ids_of_names),
+        reinterpret_cast<const void*>(&com_server::invoke),
     };
     for (std::size_t at = 0; at < type.members.size(); ++at) {
         const Member& member = type.members[at];
@@ -373,4 +376,4 @@ Object object_behind(IUnknown* client_object) {
     return reinterpret_cast<Face*>(own.get())->object->object();
 }
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_server

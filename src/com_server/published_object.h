@@ -7,7 +7,9 @@
 #include "automation/members.h"
 #include "com/pointers.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_server {
+
+using namespace com;
 
 /// The object as clients hold it; null for a null one. `keeps` lives as long as any reference to it.
 Pointer<IDispatch> published(Object object, std::shared_ptr<void> keeps = {});
@@ -16,4 +18,4 @@ Pointer<IDispatch> published(Object object, std::shared_ptr<void> keeps = {});
 /// was not published by this library.
 Object object_behind(IUnknown* client_object);
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_server

@@ -1,6 +1,6 @@
 #include "com_server/record_layout.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_server {
 namespace {
 
 std::size_t aligned(std::size_t size) {
@@ -38,4 +38,4 @@ std::size_t offset_in_record(const Record_type& record, std::size_t field, std::
     return offset;
 }
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_server

@@ -6,7 +6,7 @@
 
 #include "automation/record_table.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_server {
 
 inline constexpr std::size_t record_alignment = 4;
 
@@ -19,4 +19,4 @@ std::size_t size_of_record(const Record_type& record, std::size_t pointer_size);
 /// Where the member at that place of the published order begins.
 std::size_t offset_in_record(const Record_type& record, std::size_t field, std::size_t pointer_size);
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_server

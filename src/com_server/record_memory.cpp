@@ -5,7 +5,7 @@
 #include "com_server/published_object.h"
 #include "com_server/record_layout.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_server {
 namespace {
 
 template <class T>
@@ -112,4 +112,4 @@ void write_value(const Value_type& type, Variant& value, void* memory, Before be
     }
 }
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_server

@@ -4,7 +4,7 @@
 
 #include "automation/variant.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_server {
 
 /// What the memory held before it is written.
 enum class Before {
@@ -25,4 +25,4 @@ Variant read_value(const Value_type& type, const void* memory);
 /// Writes a value of that type to `memory`; an object is written as a reference that the memory owns.
 void write_value(const Value_type& type, Variant& value, void* memory, Before before);
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_server

@@ -1,6 +1,6 @@
 #include "com_server/record_values.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_server {
 namespace {
 
 struct Value_at {
@@ -41,4 +41,4 @@ void copy_record(Record_place from, Record_place to) {
     for (const Field& field : from.type->fields) assign(field.place(to.record), value_at(field.place(from.record)));
 }
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_server

@@ -3,7 +3,7 @@
 
 #include "automation/variant.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_server {
 
 /// The value at a place; of a record, a copy.
 Variant value_at(const Place& place);
@@ -15,4 +15,4 @@ void assign(const Place& place, const Variant& value);
 /// Lets a record take the members of another of the same type.
 void copy_record(Record_place from, Record_place to);
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_server

@@ -10,7 +10,7 @@
 #include "com_server/record_values.h"
 #include "core/case.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_server {
 namespace {
 
 constexpr const char* source = "Cuvexa";
@@ -132,4 +132,4 @@ const Record_place* script_record_behind(IUnknown* object) {
     return &static_cast<Script_record*>(found.get())->place();
 }
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_server

@@ -6,7 +6,9 @@
 #include "automation/record_table.h"
 #include "com/pointers.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_server {
+
+using namespace com;
 
 /// An object over an empty record of that type. Besides the members it has
 /// - `Leer(object, property)`: takes the values of a record property of another object ("RpEncabezado"), which such
@@ -17,4 +19,4 @@ Pointer<IDispatch> new_script_record(const Record_type& type);
 /// The record behind an object of that kind; null for any other object. It lives as long as the object.
 const Record_place* script_record_behind(IUnknown* object);
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_server

@@ -12,7 +12,9 @@
 #include "com_server/identifiers.h"
 #include "com_server/record_layout.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_server {
+
+using namespace com;
 namespace {
 
 std::wstring wide_name(std::string_view name) {
@@ -241,4 +243,4 @@ void write_type_library(SYSKIND system, const std::wstring& path) {
     file.save();
 }
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_server

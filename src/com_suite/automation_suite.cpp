@@ -5,7 +5,7 @@
 #include "com_suite/late_database.h"
 #include "com_suite/record_object.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_suite {
 namespace {
 
 /// A text that the called operation may change.
@@ -275,4 +275,4 @@ std::shared_ptr<Suite> make_automation_suite(const Suite_objects& names) {
     return std::make_shared<Automation_suite>(names);
 }
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_suite

@@ -6,7 +6,7 @@
 #include "com_suite/suite_objects.h"
 #include "cuvexa/services.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_suite {
 
 /// The suite behind those objects, called by name; which members they must have is told in docs/suite-automation.md. An
 /// object is created when its service is first asked for: once for the services that a module shares, and anew for each
@@ -15,4 +15,4 @@ namespace cuvexa::com {
 /// thread that made it.
 std::shared_ptr<Suite> make_automation_suite(const Suite_objects& names);
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_suite

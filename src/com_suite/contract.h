@@ -9,7 +9,7 @@
 
 #include "cuvexa/services.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_suite {
 
 // ---- Records: objects with a property per field ---------------------------------------------------------------------
 
@@ -220,4 +220,4 @@ inline constexpr auto operations<AccountingService> = std::tuple{
     Operation{"LastError", &AccountingService::LastError},
 };
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_suite

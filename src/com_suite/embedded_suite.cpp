@@ -12,7 +12,9 @@
 #include "cuvexa/unit_of_work.h"
 #include "database/connection_string.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_suite {
+
+using namespace com;
 namespace {
 
 namespace fs = std::filesystem;
@@ -156,4 +158,4 @@ std::shared_ptr<Suite> make_embedded_suite(std::function<void(const Reported_err
     return std::make_shared<Embedded_suite>(embedded_settings(), std::move(report_error));
 }
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_suite

@@ -12,7 +12,7 @@
 #include "cuvexa/services.h"
 #include "cuvexa/suite/reference_suite.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_suite {
 
 struct Embedded_settings {
     std::string database;  ///< the file
@@ -60,4 +60,4 @@ private:
 /// The suite that the settings of this process name. `report_error` shows what the component reports to the user.
 std::shared_ptr<Suite> make_embedded_suite(std::function<void(const Reported_error&)> report_error);
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_suite

@@ -2,7 +2,7 @@
 
 #include "com/failures.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_suite {
 namespace {
 
 constexpr std::int32_t unspecified_options = -1;
@@ -82,4 +82,4 @@ std::unique_ptr<Recordset> Late_connection::execute(std::string_view text) {
     });
 }
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_suite

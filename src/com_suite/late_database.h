@@ -6,7 +6,9 @@
 #include "com/late.h"
 #include "cuvexa/data_access.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_suite {
+
+using namespace com;
 
 /// Runs statements with `Execute` and options −1, and walks the recordsets it gives. Every failure comes out as
 /// `Database_error` with the object's description.
@@ -21,4 +23,4 @@ private:
     Late_object connection_;
 };
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_suite

@@ -6,7 +6,7 @@
 #include "core/case.h"
 #include "cuvexa/errors.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_suite {
 namespace {
 
 // Numbers and states of ADO.
@@ -155,4 +155,4 @@ Any Published_recordset::perform(std::size_t member, WORD kind, const Call_argum
     }
 }
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_suite

@@ -7,7 +7,9 @@
 #include "com_suite/session.h"
 #include "database/row_set.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_suite {
+
+using namespace com;
 
 /// Execute(CommandText, [RecordsAffected], [Options]), Close, State. Closing it closes this object, not the services'
 /// database.
@@ -49,4 +51,4 @@ private:
     bool open_;
 };
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_suite

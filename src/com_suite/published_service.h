@@ -7,7 +7,9 @@
 #include "com_suite/record_object.h"
 #include "com_suite/session.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_suite {
+
+using namespace com;
 
 /// One argument in the type of its parameter.
 template <class Parameter>
@@ -143,4 +145,4 @@ private:
     std::shared_ptr<Service> service_;
 };
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_suite

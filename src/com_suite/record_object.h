@@ -7,7 +7,9 @@
 #include "com/named_object.h"
 #include "com_suite/contract.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_suite {
+
+using namespace com;
 
 /// The value in the type of a parameter or field. Throws `Result_error`.
 template <class Type>
@@ -102,4 +104,4 @@ void put_record(Late_object& object, const Type& record) {
     std::apply([&](const auto&... field) { (object.put(field.name, record.*field.place), ...); }, fields<Type>);
 }
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_suite

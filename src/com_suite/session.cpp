@@ -5,7 +5,7 @@
 
 #include "com_suite/published_database.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_suite {
 namespace {
 
 /// What was reported goes to the user, over the active window.
@@ -51,4 +51,4 @@ Pointer<IDispatch> Session::connection_object(const std::shared_ptr<Session>& se
     return Pointer<IDispatch>::owning(created);
 }
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_suite

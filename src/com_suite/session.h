@@ -6,7 +6,9 @@
 #include "com/pointers.h"
 #include "com_suite/embedded_suite.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_suite {
+
+using namespace com;
 
 class Published_connection;
 
@@ -32,4 +34,4 @@ private:
     Published_connection* connection_ = nullptr;
 };
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_suite

@@ -2,7 +2,9 @@
 
 #include "com/registry.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_suite {
+
+using namespace com;
 namespace {
 
 constexpr struct {
@@ -46,4 +48,4 @@ bool is_registered(const Suite_objects& names) {
            Key::existing(HKEY_CLASSES_ROOT, key + L"\\LocalServer32");
 }
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_suite

@@ -3,7 +3,7 @@
 
 #include <string>
 
-namespace cuvexa::com {
+namespace cuvexa::com_suite {
 
 /// The programmatic identifier of each service's object.
 struct Suite_objects {
@@ -26,4 +26,4 @@ bool is_registered(const Suite_objects& names);
 /// A text under `Software\` and the key, the current user's before everybody's; empty when there is none.
 std::string registry_setting(const std::wstring& key, const std::wstring& name);
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_suite

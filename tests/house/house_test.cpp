@@ -249,11 +249,14 @@ TEST(House, windows_is_seen_by_its_own_rooms_alone) {
 // ---- Namespaces -----------------------------------------------------------------------------------------------------
 
 /// The names that the headers of a room declare stand in its own namespace: short words are no caller's business.
-TEST(House, the_headers_of_the_engines_rooms_declare_in_the_namespace_of_the_room) {
+TEST(House, the_headers_of_engines_and_automation_declare_in_the_namespace_of_their_room) {
     const std::map<std::string, std::string> namespaces = {{"database", "cuvexa::database"},
                                                            {"database/dialect", "cuvexa::dialect"},
                                                            {"database/sqlite", "cuvexa::sqlite"},
-                                                           {"database/odbc", "cuvexa::odbc"}};
+                                                           {"database/odbc", "cuvexa::odbc"},
+                                                           {"com", "cuvexa::com"},
+                                                           {"com_suite", "cuvexa::com_suite"},
+                                                           {"com_server", "cuvexa::com_server"}};
     static const std::regex opening(R"(^namespace (cuvexa[\w:]*) \{)", std::regex::multiline);
     std::set<std::string> seen;
     for (const Source& source : product()) {

@@ -23,7 +23,7 @@ WINOLEAUTAPI RegisterTypeLibForUser(ITypeLib* library, OLECHAR* path, OLECHAR* h
 WINOLEAUTAPI UnRegisterTypeLibForUser(REFGUID id, WORD major, WORD minor, LCID locale, SYSKIND system);
 }
 
-namespace cuvexa::com {
+namespace cuvexa::com_server {
 namespace {
 
 /// One set of services and cached parameters for each apartment.
@@ -125,9 +125,9 @@ std::optional<std::wstring> registered_server() {
 }
 
 }  // namespace
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_server
 
-using namespace cuvexa::com;
+using namespace cuvexa::com_server;
 
 STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** object) {
     return get_class_object(classes(), clsid, iid, object);

@@ -4,8 +4,10 @@
 #include "com_suite/embedded_suite.h"
 #include "cuvexa/win32_dialogs.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_server {
 namespace {
+
+using namespace com_suite;
 
 std::shared_ptr<Suite> suite_of_this_machine(const std::shared_ptr<Dialog_toolkit>& toolkit) {
     const Suite_objects names = suite_objects_from_registry();
@@ -24,4 +26,4 @@ std::shared_ptr<Module> start_module() {
     return module;
 }
 
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_server

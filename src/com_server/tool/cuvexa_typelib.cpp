@@ -18,10 +18,10 @@ int main(int count, char** arguments) {
     try {
         if (what == "header") {
             std::ofstream file(arguments[2], std::ios::binary);
-            cuvexa::com::write_client_header(file);
+            cuvexa::com_server::write_client_header(file);
             return file.flush() ? 0 : 1;
         }
-        cuvexa::com::write_type_library(what == "64" ? SYS_WIN64 : SYS_WIN32, cuvexa::com::wide(arguments[2]));
+        cuvexa::com_server::write_type_library(what == "64" ? SYS_WIN64 : SYS_WIN32, cuvexa::com::wide(arguments[2]));
         return 0;
     } catch (const std::exception& failure) {
         std::cerr << "cuvexa_typelib: " << failure.what() << "\n";

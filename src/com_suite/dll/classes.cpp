@@ -3,7 +3,7 @@
 #include "com/registration.h"
 #include "com_suite/published_service.h"
 
-namespace cuvexa::com {
+namespace cuvexa::com_suite {
 namespace {
 
 constexpr CLSID class_id(unsigned long number) {
@@ -27,20 +27,22 @@ constexpr Class_entry classes[] = {
 };
 
 }  // namespace
-}  // namespace cuvexa::com
+}  // namespace cuvexa::com_suite
+
+using namespace cuvexa;
 
 STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** object) {
-    return cuvexa::com::get_class_object(cuvexa::com::classes, clsid, iid, object);
+    return com::get_class_object(com_suite::classes, clsid, iid, object);
 }
 
 STDAPI DllCanUnloadNow() {
-    return cuvexa::com::can_unload();
+    return com::can_unload();
 }
 
 STDAPI DllRegisterServer() {
-    return cuvexa::com::register_server(cuvexa::com::classes, cuvexa::com::this_module());
+    return com::register_server(com_suite::classes, com::this_module());
 }
 
 STDAPI DllUnregisterServer() {
-    return cuvexa::com::unregister_server(cuvexa::com::classes, cuvexa::com::this_module());
+    return com::unregister_server(com_suite::classes, com::this_module());
 }

@@ -6,6 +6,7 @@
 namespace cuvexa::tests {
 
 using namespace com;
+using namespace com_server;
 namespace {
 
 using ::testing::StartsWith;

@@ -13,6 +13,7 @@
 namespace cuvexa::tests {
 
 using namespace com;
+using namespace com_server;
 namespace {
 
 // ---- The library ---------------------------------------------------------------------------------------------------

@@ -11,6 +11,7 @@
 namespace cuvexa::tests {
 
 using namespace com;
+using namespace com_server;
 namespace {
 
 /// Strings that are given back are kept by the system for the next one, unless it is told not to.

@@ -5,6 +5,7 @@
 namespace cuvexa::tests {
 
 using namespace com;
+using namespace com_server;
 namespace {
 
 using Arguments = std::span<Variant>;

@@ -15,6 +15,7 @@
 namespace cuvexa::tests {
 
 using namespace com;
+using namespace com_server;
 
 class Probe final : public Automation_object {
 public:

@@ -11,6 +11,7 @@
 namespace cuvexa::tests {
 
 using namespace com;
+using namespace com_server;
 namespace {
 
 constexpr const char* odd_text = "Acción ñ 😀 \"comillas\" 'apóstrofos' “más”";

@@ -14,6 +14,7 @@
 namespace cuvexa::tests {
 
 using namespace com;
+using namespace com_server;
 
 // ---- The database --------------------------------------------------------------------------------------------------
 

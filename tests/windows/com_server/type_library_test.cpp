@@ -13,6 +13,7 @@
 namespace cuvexa::tests {
 
 using namespace com;
+using namespace com_server;
 namespace {
 
 constexpr bool process_is_64 = sizeof(void*) == 8;

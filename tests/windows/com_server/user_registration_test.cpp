@@ -6,6 +6,7 @@
 namespace cuvexa::tests {
 
 using namespace com;
+using namespace com_server;
 namespace {
 
 /// Stands in for one of the system's keys in this process.

@@ -19,6 +19,7 @@
 namespace cuvexa::tests {
 
 using namespace cuvexa::com;
+using namespace cuvexa::com_suite;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;

@@ -17,6 +17,7 @@ namespace cuvexa::door {
 namespace {
 
 using namespace com;
+using namespace com_suite;
 
 /// The classes of the suite's services, in this process, before those that are registered on the machine.
 class Classes {

@@ -97,7 +97,7 @@ public:
                 value_ = com::text_of(text_);
                 return;
             case Type::record:
-                return com::read_record(memory_, place_of(std::get<Record>(value_)));
+                return com_server::read_record(memory_, place_of(std::get<Record>(value_)));
             default:
                 return;
         }
@@ -114,10 +114,10 @@ private:
     }
 
     void pass_record() {
-        check(GetRecordInfoFromGuids(com::library_id, com::library_major, com::library_minor, 0,
-                                     com::record_id(*parameter_.type.record), info_.receive()));
+        check(GetRecordInfoFromGuids(com_server::library_id, com_server::library_major, com_server::library_minor, 0,
+                                     com_server::record_id(*parameter_.type.record), info_.receive()));
         memory_ = info_->RecordCreate();
-        com::write_record(place_of(std::get<Record>(value_)), memory_, com::Before::nothing);
+        com_server::write_record(place_of(std::get<Record>(value_)), memory_, com_server::Before::nothing);
         given_->vt = VT_RECORD | VT_BYREF;
         given_->pvRecord = memory_;
         given_->pRecInfo = info_.get();
@@ -139,7 +139,7 @@ Variant result_from(const Value_type& type, const Any& value) {
             return {};
         case Type::record: {
             Record record = type.record->create();
-            com::read_record(value->pvRecord, place_of(record));
+            com_server::read_record(value->pvRecord, place_of(record));
             return record;
         }
         case Type::object:
