@@ -3,38 +3,6 @@
 #include "com/failures.h"
 
 namespace cuvexa::com {
-namespace {
-
-/// The value has the type that the reference points to.
-void put_by_reference(VARIANT& argument, VARIANT& value) {
-    switch (argument.vt & ~VT_BYREF) {
-        case VT_BSTR:
-            SysFreeString(*argument.pbstrVal);
-            *argument.pbstrVal = value.bstrVal;
-            value.vt = VT_EMPTY;  // given away
-            break;
-        case VT_BOOL:
-            *argument.pboolVal = value.boolVal;
-            break;
-        case VT_I2:
-            *argument.piVal = value.iVal;
-            break;
-        case VT_I4:
-            *argument.plVal = value.lVal;
-            break;
-        case VT_R8:
-            *argument.pdblVal = value.dblVal;
-            break;
-        case VT_DATE:
-            *argument.pdate = value.date;
-            break;
-        default:
-            check(DISP_E_TYPEMISMATCH);
-    }
-}
-
-}  // namespace
-
 void Call_arguments::expect(std::size_t least, std::size_t most) const {
     if (given_ && given_->cNamedArgs > 0 && given_->rgdispidNamedArgs[0] != DISPID_PROPERTYPUT)
         check(DISP_E_NONAMEDARGS);
@@ -44,18 +12,6 @@ void Call_arguments::expect(std::size_t least, std::size_t most) const {
 VARIANT& Call_arguments::required(std::size_t place) const {
     if (!has(place)) check(DISP_E_PARAMNOTOPTIONAL);
     return (*this)[place];
-}
-
-void give_back(VARIANT& argument, const Any& value) {
-    if (!(argument.vt & VT_BYREF)) return;
-    if (argument.vt == (VT_BYREF | VT_VARIANT)) {
-        VARIANT& behind = *argument.pvarVal;
-        if (behind.vt & VT_BYREF) return give_back(behind, value);
-        check(VariantCopy(&behind, const_cast<VARIANT*>(value.get())));
-        return;
-    }
-    Any fitting = converted(*value.get(), argument.vt & ~VT_BYREF);
-    put_by_reference(argument, *fitting.get());
 }
 
 DISPID Named_object::identifier(std::wstring_view name) const {

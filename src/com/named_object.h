@@ -31,10 +31,6 @@ private:
     DISPPARAMS* given_;
 };
 
-/// Puts a value where a by-reference argument points; an argument by value is left alone. Throws `Result_error` when
-/// the value does not convert to what the caller keeps there.
-void give_back(VARIANT& argument, const Any& value);
-
 /// A member's number is its place in the list, from 1; the member `default_member`, if any, also answers to 0.
 class Named_object : public Dispatch_object<> {
 public:

@@ -3,55 +3,22 @@
 #include "com/failures.h"
 
 namespace cuvexa::com {
+namespace {
 
-Any any(std::string_view text) {
-    Any result;
-    result->bstrVal = new_string(text);
-    result->vt = VT_BSTR;
-    return result;
+constexpr VARTYPE numbers_of_the_system[] = {
+    VT_EMPTY, VT_NULL, VT_BOOL, VT_I2,  VT_I4, VT_R8,  VT_DATE, VT_BSTR, VT_DISPATCH, VT_VARIANT, VT_RECORD,
+    VT_I1,    VT_UI1,  VT_UI2,  VT_UI4, VT_I8, VT_UI8, VT_INT,  VT_UINT, VT_R4,       VT_CY,      VT_DECIMAL};
+static_assert(std::equal(std::begin(type_table), std::end(type_table), std::begin(numbers_of_the_system),
+                         std::end(numbers_of_the_system),
+                         [](const Type_facts& row, VARTYPE number) { return row.number == number; }),
+              "the rows stand for the system's types");
+
+/// Whether a value of that type stands in a variant as it stands in the memory of a caller.
+bool stands_alone(const Type_facts& type) {
+    return type.nature != Nature::nothing && type.nature <= Nature::object && type.bytes() <= sizeof(VARIANT::llVal);
 }
 
-Any any(bool value) {
-    Any result;
-    result->vt = VT_BOOL;
-    result->boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
-    return result;
-}
-
-Any any(std::int16_t value) {
-    Any result;
-    result->vt = VT_I2;
-    result->iVal = value;
-    return result;
-}
-
-Any any(std::int32_t value) {
-    Any result;
-    result->vt = VT_I4;
-    result->lVal = value;
-    return result;
-}
-
-Any any(double value) {
-    Any result;
-    result->vt = VT_R8;
-    result->dblVal = value;
-    return result;
-}
-
-Any any(Date value) {
-    Any result;
-    result->vt = VT_DATE;
-    result->date = value.days;
-    return result;
-}
-
-Any any(const Pointer<IDispatch>& object) {
-    Any result;
-    result->vt = VT_DISPATCH;
-    result->pdispVal = Pointer<IDispatch>(object).release();
-    return result;
-}
+}  // namespace
 
 Any any(const Value& value) {
     if (const auto* whole = std::get_if<std::int64_t>(&value)) {
@@ -93,61 +60,48 @@ Any converted(const VARIANT& value, VARTYPE type, LCID locale) {
     return result;
 }
 
-std::string text_in(const VARIANT& value) {
-    return text_of(converted(value, VT_BSTR)->bstrVal);
-}
-
-bool boolean_in(const VARIANT& value) {
-    return converted(value, VT_BOOL)->boolVal != VARIANT_FALSE;
-}
-
-std::int32_t integer_in(const VARIANT& value) {
-    return converted(value, VT_I4)->lVal;
-}
-
-double number_in(const VARIANT& value) {
-    return converted(value, VT_R8)->dblVal;
-}
-
-Date date_in(const VARIANT& value) {
-    return {converted(value, VT_DATE)->date};
-}
-
 Pointer<IDispatch> object_in(const VARIANT& value) {
     Any plain = copy_of(value);
     if (plain->vt == VT_EMPTY) return nullptr;
-    return Pointer<IDispatch>::sharing(converted(*plain.get(), VT_DISPATCH)->pdispVal);
+    return value_of<Pointer<IDispatch>>(*plain.get());
 }
 
 Value value_in(const VARIANT& value) {
     Any plain = copy_of(value);
-    switch (plain->vt) {
-        case VT_EMPTY:
-        case VT_NULL:
+    const Type_facts* const type = find_facts(plain->vt);
+    switch (type ? type->nature : Nature::text) {
+        case Nature::nothing:
             return {};
-        case VT_BOOL:
-            return plain->boolVal != VARIANT_FALSE;
-        case VT_DATE:
-            return Date{plain->date};
-        case VT_I1:
-        case VT_I2:
-        case VT_I4:
-        case VT_I8:
-        case VT_INT:
-        case VT_UI1:
-        case VT_UI2:
-        case VT_UI4:
-        case VT_UINT:
+        case Nature::boolean:
+            return boolean_in(*plain.get());
+        case Nature::date:
+            return value_of<Date>(*plain.get());
+        case Nature::whole:
             return std::int64_t{converted(*plain.get(), VT_I8)->llVal};
-        case VT_UI8:
-        case VT_R4:
-        case VT_R8:
-        case VT_CY:
-        case VT_DECIMAL:
+        case Nature::real:
             return number_in(*plain.get());
         default:
             return text_in(*plain.get());
     }
+}
+
+void give_back(VARIANT& argument, const Any& value, LCID locale) {
+    if (!(argument.vt & VT_BYREF)) return;
+    if (argument.vt == (VT_BYREF | VT_VARIANT)) {
+        VARIANT& behind = *argument.pvarVal;
+        if (behind.vt & VT_BYREF) return give_back(behind, value, locale);
+        return check(VariantCopy(&behind, const_cast<VARIANT*>(value.get())));
+    }
+    const Type_facts* const kept = find_facts(argument.vt & ~VT_BYREF);
+    if (!kept || !stands_alone(*kept))
+        throw Result_error(DISP_E_TYPEMISMATCH,
+                           "an argument by reference has a type that nothing can be given back to");
+    Any fitting = converted(*value.get(), kept->number, locale);
+    Any old;  // goes with what the caller kept
+    std::memcpy(&old->llVal, argument.byref, kept->bytes());
+    old->vt = kept->number;
+    std::memcpy(argument.byref, &fitting->llVal, kept->bytes());
+    fitting->vt = VT_EMPTY;  // given away
 }
 
 }  // namespace cuvexa::com

@@ -1,6 +1,5 @@
 #include "com_server/arguments.h"
 
-#include <cstring>
 #include <new>
 
 #include "com/failures.h"
@@ -11,34 +10,13 @@
 #include "com_server/record_memory.h"
 #include "com_server/record_values.h"
 #include "com_server/script_record.h"
+#include "com_server/types.h"
 
 namespace cuvexa::com_server {
 namespace {
 
 [[noreturn]] void refuse(const std::string& what) {
     throw Result_error(DISP_E_TYPEMISMATCH, what);
-}
-
-VARTYPE type_of_variant(Type type) {
-    switch (type) {
-        case Type::boolean:
-            return VT_BOOL;
-        case Type::integer16:
-            return VT_I2;
-        case Type::real:
-            return VT_R8;
-        case Type::date:
-            return VT_DATE;
-        case Type::text:
-            return VT_BSTR;
-        case Type::record:
-            return VT_RECORD;
-        case Type::object:
-            return VT_DISPATCH;
-        case Type::none:
-            break;
-    }
-    return VT_EMPTY;
 }
 
 /// The variant itself, when the argument points to one.
@@ -88,31 +66,9 @@ Variant record_argument(const VARIANT& given, const Record_type& type, LCID loca
     return record;
 }
 
-/// Bytes of a value of a type that holds no memory of its own; 0 for the others.
-std::size_t plain_size(VARTYPE type) {
-    switch (type) {
-        case VT_I1:
-        case VT_UI1:
-            return 1;
-        case VT_I2:
-        case VT_UI2:
-        case VT_BOOL:
-            return 2;
-        case VT_I4:
-        case VT_UI4:
-        case VT_INT:
-        case VT_UINT:
-        case VT_R4:
-            return 4;
-        case VT_I8:
-        case VT_UI8:
-        case VT_R8:
-        case VT_CY:
-        case VT_DATE:
-            return 8;
-        default:
-            return 0;
-    }
+Variant object_argument(const VARIANT& given, const Value_type& type) {
+    if (given.vt != VT_EMPTY && !is_object(given)) refuse("an object " + std::string(type.class_name) + " is expected");
+    return object_behind(object_in(given).get());
 }
 
 struct Put {
@@ -139,51 +95,28 @@ void Put::operator()(Record_place nested) const {
 Variant argument(const VARIANT& given, const Value_type& type, LCID locale) {
     if (is_missing(given)) return {};
     const VARIANT& value = behind(given);
-    switch (type.type) {
-        case Type::boolean:
-            return converted(value, VT_BOOL, locale)->boolVal != VARIANT_FALSE;
-        case Type::integer16:
-            return converted(value, VT_I2, locale)->iVal;
-        case Type::real:
-            return converted(value, VT_R8, locale)->dblVal;
-        case Type::date:
-            return Date{converted(value, VT_DATE, locale)->date};
-        case Type::text:
-            return text_of(converted(value, VT_BSTR, locale)->bstrVal);
-        case Type::record:
+    return with_type(type.type, [&](auto held) -> Variant {
+        using T = typename decltype(held)::type;
+        if constexpr (std::is_same_v<T, Missing>) {
+            return {};
+        } else if constexpr (std::is_same_v<T, Record>) {
             return record_argument(value, *type.record, locale);
-        case Type::object:
-            if (value.vt != VT_EMPTY && !is_object(value))
-                refuse("an object " + std::string(type.class_name) + " is expected");
-            return object_behind(object_in(value).get());
-        case Type::none:
-            break;
-    }
-    return {};
+        } else if constexpr (std::is_same_v<T, Object>) {
+            return object_argument(value, type);
+        } else {
+            return value_of<T>(value, locale);
+        }
+    });
 }
 
 void give_back(Variant& value, const Value_type& type, VARIANT& given, LCID locale) {
+    if (type.type != Type::record) return com::give_back(given, result_of(value, type), locale);
     VARIANT& target = behind(given);
-    if (type.type == Type::record) {
-        const Record_place record = place_of(std::get<Record>(value));
-        if (is_object(target)) return write_properties(object_in(target), record);
-        // A record that was passed by value belongs to the caller alone.
-        if (&target == &given && !(target.vt & VT_BYREF)) return;
-        return write_record(record, record_memory(target, *type.record), Before::a_value);
-    }
-    if (&target != &given) {
-        Any fresh = result_of(value, type);
-        std::swap(target, *fresh.get());
-        return;
-    }
-    if (!(target.vt & VT_BYREF)) return;
-    const VARTYPE wanted = target.vt & ~VT_BYREF;
-    if (wanted == type_of_variant(type.type)) return write_value(type, value, target.byref, Before::a_value);
-    const std::size_t size = plain_size(wanted);
-    if (size == 0) refuse("an argument by reference has a type that nothing can be given back to");
-    Any fresh = result_of(value, type);
-    // Whatever its type, the value of a variant begins at the same place.
-    std::memcpy(target.byref, &converted(*fresh.get(), wanted, locale)->llVal, size);
+    const Record_place record = place_of(std::get<Record>(value));
+    if (is_object(target)) return write_properties(object_in(target), record);
+    // A record that was passed by value belongs to the caller alone.
+    if (&target == &given && !(target.vt & VT_BYREF)) return;
+    write_record(record, record_memory(target, *type.record), Before::a_value);
 }
 
 Any result_of(Variant& value, const Value_type& type) {
@@ -199,7 +132,7 @@ Any result_of(Variant& value, const Value_type& type) {
         return result;
     }
     write_value(type, value, &result->llVal, Before::nothing);
-    result->vt = type_of_variant(type.type);
+    result->vt = facts_of(type).number;
     return result;
 }
 

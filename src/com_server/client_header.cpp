@@ -10,6 +10,7 @@
 #include "automation/members.h"
 #include "com_server/identifiers.h"
 #include "com_server/record_layout.h"
+#include "com_server/types.h"
 
 namespace cuvexa::com_server {
 namespace {
@@ -42,25 +43,9 @@ std::string guid(const GUID& id) {
 }
 
 std::string name_of(const Value_type& type) {
-    switch (type.type) {
-        case Type::boolean:
-            return "VARIANT_BOOL";
-        case Type::integer16:
-            return "short";
-        case Type::real:
-            return "double";
-        case Type::text:
-            return "BSTR";
-        case Type::date:
-            return "DATE";
-        case Type::record:
-            return std::string(type.record->name);
-        case Type::object:
-            return std::string("_").append(type.class_name) + "*";
-        case Type::none:
-            break;
-    }
-    return "void";
+    if (type.type == Type::record) return std::string(type.record->name);
+    if (type.type == Type::object) return std::string("_").append(type.class_name) + "*";
+    return std::string(facts_of(type).cpp);
 }
 
 class Records {

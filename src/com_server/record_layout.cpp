@@ -1,5 +1,7 @@
 #include "com_server/record_layout.h"
 
+#include "com_server/types.h"
+
 namespace cuvexa::com_server {
 namespace {
 
@@ -10,22 +12,7 @@ std::size_t aligned(std::size_t size) {
 }  // namespace
 
 std::size_t size_in_record(const Value_type& type, std::size_t pointer_size) {
-    switch (type.type) {
-        case Type::boolean:
-        case Type::integer16:
-            return 2;
-        case Type::real:
-        case Type::date:
-            return 8;
-        case Type::text:
-        case Type::object:
-            return pointer_size;
-        case Type::record:
-            return size_of_record(*type.record, pointer_size);
-        case Type::none:
-            break;
-    }
-    return 0;
+    return type.type == Type::record ? size_of_record(*type.record, pointer_size) : facts_of(type).bytes(pointer_size);
 }
 
 std::size_t size_of_record(const Record_type& record, std::size_t pointer_size) {

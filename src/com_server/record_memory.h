@@ -3,14 +3,11 @@
 #pragma once
 
 #include "automation/variant.h"
+#include "com/memory.h"
 
 namespace cuvexa::com_server {
 
-/// What the memory held before it is written.
-enum class Before {
-    nothing,  ///< anything: a place for a result
-    a_value,  ///< a value of the same type, which is given back
-};
+using namespace com;
 
 /// Reads the record at `memory` into one of the same type.
 void read_record(const void* memory, Record_place record);

@@ -11,25 +11,6 @@ namespace cuvexa::com_suite {
 
 using namespace com;
 
-/// The value in the type of a parameter or field. Throws `Result_error`.
-template <class Type>
-Type value_of(const VARIANT& value) {
-    if constexpr (std::is_same_v<Type, std::string>) {
-        return text_in(value);
-    } else if constexpr (std::is_same_v<Type, bool>) {
-        return boolean_in(value);
-    } else if constexpr (std::is_same_v<Type, int>) {
-        return integer_in(value);
-    } else if constexpr (std::is_same_v<Type, double>) {
-        return number_in(value);
-    } else if constexpr (std::is_same_v<Type, Date>) {
-        return date_in(value);
-    } else {
-        static_assert(std::is_same_v<Type, Value>, "no type that travels");
-        return value_in(value);
-    }
-}
-
 /// Runs `body` with the element of that place.
 template <class Tuple, class Body>
 void with_element(const Tuple& tuple, std::size_t place, Body&& body) {

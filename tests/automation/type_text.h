@@ -4,29 +4,15 @@
 #include <string>
 
 #include "automation/record_table.h"
+#include "com_server/types.h"
 
 namespace cuvexa::tests {
 
 inline std::string type_text(const Value_type& type) {
-    switch (type.type) {
-        case Type::none:
-            return "none";
-        case Type::boolean:
-            return "Boolean";
-        case Type::integer16:
-            return "Integer";
-        case Type::real:
-            return "Double";
-        case Type::text:
-            return "String";
-        case Type::date:
-            return "Date";
-        case Type::record:
-            return std::string(type.record->name);
-        case Type::object:
-            return std::string(type.class_name);
-    }
-    return {};
+    if (type.type == Type::none) return "none";
+    if (type.type == Type::record) return std::string(type.record->name);
+    if (type.type == Type::object) return std::string(type.class_name);
+    return std::string(com_server::facts_of(type).basic);
 }
 
 }  // namespace cuvexa::tests

@@ -2,6 +2,7 @@
 
 #include <deque>
 #include <map>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -11,6 +12,7 @@
 #include "com/values.h"
 #include "com_server/identifiers.h"
 #include "com_server/record_memory.h"
+#include "com_server/types.h"
 
 namespace cuvexa::tests {
 namespace {
@@ -38,68 +40,29 @@ private:
 class Argument {
 public:
     Argument(const Parameter& parameter, Variant& value) : parameter_(parameter), value_(value) {
-        switch (parameter.type.type) {
-            case Type::boolean:
-                whole_ = std::get<bool>(value) ? VARIANT_TRUE : VARIANT_FALSE;
-                pass(VT_BOOL, &whole_);
-                break;
-            case Type::integer16:
-                whole_ = std::get<std::int16_t>(value);
-                pass(VT_I2, &whole_);
-                break;
-            case Type::real:
-                real_ = std::get<double>(value);
-                pass(VT_R8, &real_);
-                break;
-            case Type::date:
-                real_ = std::get<Date>(value).days;
-                pass(VT_DATE, &real_);
-                break;
-            case Type::text:
-                text_ = com::new_string(std::get<std::string>(value));
-                pass(VT_BSTR, &text_);
-                break;
-            case Type::record:
-                pass_record();
-                break;
-            case Type::object:
-                given_ = com::any(behind(std::get<Object>(value)));
-                break;
-            case Type::none:
-                break;
+        if (parameter.type.type == Type::record) {
+            pass_record();
+        } else if (parameter.type.type == Type::object) {
+            given_ = com::any(behind(std::get<Object>(value)));
+        } else {
+            pass_plain();
         }
     }
     Argument(const Argument&) = delete;
     ~Argument() {
         if (memory_) info_->RecordDestroy(memory_);
-        SysFreeString(text_);
+        if (parameter_.type.type == Type::text) SysFreeString(com::bytes_at<BSTR>(&plain_));
     }
 
     Any take() { return std::move(given_); }
 
     /// What the member left.
     void give_back() {
-        if (!parameter_.by_reference) return;
-        switch (parameter_.type.type) {
-            case Type::boolean:
-                value_ = whole_ != VARIANT_FALSE;
-                return;
-            case Type::integer16:
-                value_ = whole_;
-                return;
-            case Type::real:
-                value_ = real_;
-                return;
-            case Type::date:
-                value_ = Date{real_};
-                return;
-            case Type::text:
-                value_ = com::text_of(text_);
-                return;
-            case Type::record:
-                return com_server::read_record(memory_, place_of(std::get<Record>(value_)));
-            default:
-                return;
+        if (!parameter_.by_reference || parameter_.type.type == Type::object) return;
+        if (parameter_.type.type == Type::record) {
+            com_server::read_record(memory_, place_of(std::get<Record>(value_)));
+        } else {
+            value_ = com_server::read_value(parameter_.type, &plain_);
         }
     }
 
@@ -108,16 +71,17 @@ private:
         return object ? static_cast<Remote_object&>(*object).late().object() : nullptr;
     }
 
-    void pass(VARTYPE type, void* place) {
-        given_->vt = type | VT_BYREF;
-        given_->byref = place;
+    void pass_plain() {
+        com_server::write_value(parameter_.type, value_, &plain_, com::Before::nothing);
+        given_->vt = com_server::facts_of(parameter_.type).number | VT_BYREF;
+        given_->byref = &plain_;
     }
 
     void pass_record() {
         check(GetRecordInfoFromGuids(com_server::library_id, com_server::library_major, com_server::library_minor, 0,
                                      com_server::record_id(*parameter_.type.record), info_.receive()));
         memory_ = info_->RecordCreate();
-        com_server::write_record(place_of(std::get<Record>(value_)), memory_, com_server::Before::nothing);
+        com_server::write_record(place_of(std::get<Record>(value_)), memory_, com::Before::nothing);
         given_->vt = VT_RECORD | VT_BYREF;
         given_->pvRecord = memory_;
         given_->pRecInfo = info_.get();
@@ -126,31 +90,16 @@ private:
     const Parameter& parameter_;
     Variant& value_;
     Any given_;
-    SHORT whole_ = 0;
-    double real_ = 0;
-    BSTR text_ = nullptr;
+    std::uint64_t plain_ = 0;  ///< what is no record and no object
     void* memory_ = nullptr;
     Pointer<IRecordInfo> info_;
 };
 
 Variant result_from(const Value_type& type, const Any& value) {
-    switch (type.type) {
-        case Type::none:
-            return {};
-        case Type::record: {
-            Record record = type.record->create();
-            com_server::read_record(value->pvRecord, place_of(record));
-            return record;
-        }
-        case Type::object:
-            return remote(com::object_in(*value.get()), type.class_name);
-        case Type::text:
-            return com::text_in(*value.get());
-        case Type::real:
-            return com::number_in(*value.get());
-        default:
-            return com::boolean_in(*value.get());
-    }
+    if (type.type == Type::record) return com_server::read_value(type, value->pvRecord);
+    if (type.type == Type::object) return remote(com::object_in(*value.get()), type.class_name);
+    if (value->vt != com_server::facts_of(type).number) throw std::runtime_error("a result of another type");
+    return com_server::read_value(type, &value->llVal);
 }
 
 WORD flag_of(Member_kind kind) {
