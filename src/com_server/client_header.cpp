@@ -43,8 +43,8 @@ std::string guid(const GUID& id) {
 }
 
 std::string name_of(const Value_type& type) {
-    if (type.type == Type::record) return std::string(type.record->name);
-    if (type.type == Type::object) return std::string("_").append(type.class_name) + "*";
+    if (type.type == Type::record) return published_name(type);
+    if (type.type == Type::object) return published_name(type) + "*";
     return std::string(facts_of(type).cpp);
 }
 

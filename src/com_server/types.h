@@ -1,6 +1,7 @@
 // The types of the tables of members and records as automation has them.
 #pragma once
 
+#include <string>
 #include <type_traits>
 
 #include "automation/variant.h"
@@ -30,6 +31,13 @@ decltype(auto) with_type(Type type, Body&& body) {
             break;
     }
     return body(std::type_identity<Missing>());
+}
+
+/// The name under which the type library has a record, or the interface of an object; empty for any other type.
+inline std::string published_name(const Value_type& type) {
+    if (type.type == Type::record) return std::string(type.record->name);
+    if (type.type == Type::object) return std::string("_").append(type.class_name);
+    return {};
 }
 
 }  // namespace cuvexa::com_server

@@ -7,7 +7,7 @@
 
 #include "com/pointers.h"
 #include "com_server/client_header.h"
-#include "com_server/type_library_writer.h"
+#include "com_server/type_library.h"
 
 int main(int count, char** arguments) {
     if (count != 3) {

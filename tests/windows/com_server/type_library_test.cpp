@@ -7,7 +7,7 @@
 
 #include "com/failures.h"
 #include "com_server/identifiers.h"
-#include "com_server/type_library_writer.h"
+#include "com_server/type_library.h"
 #include "windows/com_server/server.h"
 
 namespace cuvexa::tests {
