@@ -35,6 +35,13 @@ private:
 
 }  // namespace
 
+void Class_list::add(const CLSID& clsid, std::string_view prog_id, std::string_view description,
+                     Pointer<IDispatch> (*create)(), const GUID* type_library, const wchar_t* type_library_version) {
+    const wchar_t* const name = texts_.emplace_back(wide(prog_id)).c_str();
+    const wchar_t* const shown = texts_.emplace_back(wide(description)).c_str();
+    entries_.push_back({clsid, name, shown, create, type_library, type_library_version});
+}
+
 HRESULT get_class_object(std::span<const Class_entry> classes, REFCLSID clsid, REFIID iid, void** object) noexcept {
     if (!object) return E_POINTER;
     *object = nullptr;

@@ -11,7 +11,11 @@
 //     STDAPI DllUnregisterServer() { return unregister_server(classes, this_module()); }
 #pragma once
 
+#include <deque>
 #include <span>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "com/pointers.h"
 
@@ -25,6 +29,19 @@ struct Class_entry {
     Pointer<IDispatch> (*create)();
     const GUID* type_library = nullptr;             ///< the library that describes the class
     const wchar_t* type_library_version = nullptr;  ///< "1.0", with `type_library`
+};
+
+/// Classes whose texts are put together when the library is loaded.
+class Class_list {
+public:
+    void add(const CLSID& clsid, std::string_view prog_id, std::string_view description, Pointer<IDispatch> (*create)(),
+             const GUID* type_library = nullptr, const wchar_t* type_library_version = nullptr);
+
+    std::span<const Class_entry> entries() const { return entries_; }
+
+private:
+    std::vector<Class_entry> entries_;
+    std::deque<std::wstring> texts_;
 };
 
 /// The factory of a class, for `DllGetClassObject`.

@@ -1,6 +1,7 @@
 #include "com_suite/automation_suite.h"
 
-#include <optional>
+#include <tuple>
+#include <vector>
 
 #include "com_suite/late_database.h"
 #include "com_suite/record_object.h"
@@ -8,65 +9,82 @@
 namespace cuvexa::com_suite {
 namespace {
 
-/// A text that the called operation may change.
-struct Changing {
-    std::string& text;
-};
-
-/// One argument on its way: a by-reference text stands here during the call.
+/// One argument on its way to a parameter: what the called operation may change stands here during the call.
+template <class Parameter>
 class Outgoing {
 public:
-    template <class Type>
-    explicit Outgoing(const Type& value) {
-        if constexpr (Record<Type>) {
-            argument_ = any(Record_object<Type>::made(value));
+    using Type = std::remove_cvref_t<Parameter>;
+    static constexpr bool may_change = std::is_same_v<Parameter, std::string&>;
+
+    explicit Outgoing(Parameter value) : value_(value) {}
+
+    void add_to(std::vector<Any>& arguments) {
+        if constexpr (may_change) {
+            arguments.push_back(reference(value_));
+        } else if constexpr (std::is_same_v<Type, Slot>) {
+            arguments.push_back(reference({}));
+        } else if constexpr (std::is_same_v<Type, Optional_text>) {
+            if (!value_.text.empty()) arguments.push_back(any(value_.text));
+        } else if constexpr (std::is_same_v<Type, Short>) {
+            arguments.push_back(any(static_cast<std::int16_t>(value_.number)));
+        } else if constexpr (Travelling_record<Type>) {
+            arguments.push_back(any(Record_object<Type>::made(value_)));
         } else {
-            argument_ = any(value);
+            arguments.push_back(any(value_));
         }
     }
-    explicit Outgoing(Any given) : argument_(std::move(given)) {}
-    explicit Outgoing(const Changing& changing) : changing_(&changing.text), text_(any(changing.text)) { refer(); }
-    explicit Outgoing(Slot) : text_(any("")) { refer(); }
-    Outgoing(const Outgoing&) = delete;
-    Outgoing& operator=(const Outgoing&) = delete;
 
-    Any& argument() { return argument_; }
-
-    void give_back() const {
-        if (changing_) *changing_ = text_of(text_->bstrVal);
+    void give_back() {
+        if constexpr (may_change) value_ = text_of(text_->bstrVal);
     }
 
 private:
-    void refer() {
-        argument_->vt = VT_BYREF | VT_BSTR;
-        argument_->pbstrVal = &text_->bstrVal;
+    Any reference(const std::string& text) {
+        text_ = any(text);
+        Any argument;
+        argument->vt = VT_BYREF | VT_BSTR;
+        argument->pbstrVal = &text_->bstrVal;
+        return argument;
     }
 
-    std::string* changing_ = nullptr;
+    Parameter value_;
     Any text_;
-    Any argument_;
 };
 
-/// A service's object.
+template <class Parameters>
+struct Outgoing_arguments;
+template <class... Parameter>
+struct Outgoing_arguments<std::tuple<Parameter...>> {
+    using Type = std::tuple<Outgoing<Parameter>...>;
+};
+
+/// A service's object, whose members are called by the names of the list.
 class Late_service {
 public:
     explicit Late_service(const std::string& prog_id) : object_(Late_object::create(prog_id)) {}
 
 protected:
-    /// Members without arguments may be properties of the object as well.
-    template <class... Arguments>
-    Any ask(std::string_view name, const Arguments&... arguments) {
-        Outgoing outgoing[] = {Outgoing(arguments)..., Outgoing(Any())};
-        Any given[sizeof...(arguments) + 1];
-        for (std::size_t i = 0; i < sizeof...(arguments); ++i) given[i] = std::move(outgoing[i].argument());
-        Any result = object_.invoke(name, DISPATCH_METHOD | DISPATCH_PROPERTYGET, {given, sizeof...(arguments)});
-        for (const Outgoing& argument : outgoing) argument.give_back();
-        return result;
+    /// The operation with arguments for each of its parameters. What is neither nothing nor a plain value comes as it is.
+    template <auto operation, class... Arguments>
+    auto ask(Arguments&&... arguments) {
+        using Its = Signature<decltype(operation)>;
+        using Result = std::remove_cvref_t<typename Its::Result>;
+        typename Outgoing_arguments<typename Its::Parameters>::Type outgoing(std::forward<Arguments>(arguments)...);
+        std::vector<Any> given;
+        std::apply([&](auto&... argument) { (argument.add_to(given), ...); }, outgoing);
+        Any result = invoke<operation>(given);
+        std::apply([](auto&... argument) { (argument.give_back(), ...); }, outgoing);
+        if constexpr (Travels<Result>) {
+            return value_of<Result>(*result.get());
+        } else if constexpr (!std::is_void_v<Result>) {
+            return result;
+        }
     }
 
-    template <class Result, class... Arguments>
-    Result call(std::string_view name, const Arguments&... arguments) {
-        return value_of<Result>(*ask(name, arguments...).get());
+    /// Members without arguments may be properties of the object as well.
+    template <auto operation>
+    Any invoke(std::span<Any> arguments) {
+        return object_.invoke(name_of<operation>, DISPATCH_METHOD | DISPATCH_PROPERTYGET, arguments);
     }
 
 private:
@@ -78,19 +96,19 @@ public:
     using Late_service::Late_service;
 
     Connection& GetConnection() override {
-        connection_.use(object_in(*ask("GetConnection").get()));
+        connection_.use(object_in(*ask<&SessionServices::GetConnection>().get()));
         return connection_;
     }
     Value GetParameter(const std::string& name, int flag, const std::string& type,
                        const std::string& fallback) override {
-        return call<Value>("GetParameter", name, static_cast<std::int16_t>(flag), type, fallback);
+        return ask<&get_parameter>(name, Short{flag}, type, fallback);
     }
-    std::string GetUserName() override { return call<std::string>("GetUserName"); }
-    std::string GetServerId() override { return call<std::string>("GetServerId"); }
-    bool IsReplicaServer() override { return call<bool>("IsReplicaServer"); }
+    std::string GetUserName() override { return ask<&SessionServices::GetUserName>(); }
+    std::string GetServerId() override { return ask<&SessionServices::GetServerId>(); }
+    bool IsReplicaServer() override { return ask<&SessionServices::IsReplicaServer>(); }
     void ReportError(const std::string& description, int style, const std::string& routine, const std::string& title,
                      const std::string& project, const std::string& code) override {
-        ask("ReportError", description, std::int32_t{style}, routine, title, project, code);
+        ask<&SessionServices::ReportError>(description, style, routine, title, project, code);
     }
 
 private:
@@ -103,25 +121,24 @@ public:
 
     std::string LookupValue(const std::string& column, const std::string& key_column, const std::string& key,
                             const std::string& table, const std::string& condition) override {
-        if (condition.empty()) return call<std::string>("LookupValue", column, key_column, key, Slot(), Slot(), table);
-        return call<std::string>("LookupValue", column, key_column, key, Slot(), Slot(), table, condition);
+        return ask<&look_up>(column, key_column, key, Slot(), Slot(), table, Optional_text{condition});
     }
-    Date GetServerDate() override { return call<Date>("GetServerDate"); }
+    Date GetServerDate() override { return ask<&DataServices::GetServerDate>(); }
     std::string GetNextFolio(const std::string& branch, const std::string& document_code) override {
-        return call<std::string>("GetNextFolio", branch, document_code);
+        return ask<&DataServices::GetNextFolio>(branch, document_code);
     }
     bool IsOperatingPeriodOpen(Date date, const std::string& module) override {
-        return call<bool>("IsOperatingPeriodOpen", date, module);
+        return ask<&DataServices::IsOperatingPeriodOpen>(date, module);
     }
-    std::string SqlDate(Date date) override { return call<std::string>("SqlDate", date); }
-    std::string SqlDateTime(Date date) override { return call<std::string>("SqlDateTime", date); }
+    std::string SqlDate(Date date) override { return ask<&DataServices::SqlDate>(date); }
+    std::string SqlDateTime(Date date) override { return ask<&DataServices::SqlDateTime>(date); }
     bool RegisterDocument(const std::string& document_code, const std::string& folio) override {
-        return call<bool>("RegisterDocument", document_code, folio);
+        return ask<&DataServices::RegisterDocument>(document_code, folio);
     }
     bool IsDocumentPosted(const std::string& document_code, const std::string& folio) override {
-        return call<bool>("IsDocumentPosted", document_code, folio);
+        return ask<&DataServices::IsDocumentPosted>(document_code, folio);
     }
-    std::string LastErrorText() override { return call<std::string>("LastErrorText"); }
+    std::string LastErrorText() override { return ask<&DataServices::LastErrorText>(); }
 };
 
 class Late_payment_methods final : public PaymentMethodService, Late_service {
@@ -132,14 +149,14 @@ public:
                              const std::string& bank, double amount, const std::string& document_code,
                              const std::string& folio, const std::string& reference,
                              const std::string& comment) override {
-        return call<bool>("ValidatePaymentLine", payment_method, reference_number, bank, amount, document_code, folio,
-                          reference, comment);
+        return ask<&PaymentMethodService::ValidatePaymentLine>(payment_method, reference_number, bank, amount,
+                                                               document_code, folio, reference, comment);
     }
     bool ReleasePaymentLine(const std::string& payment_method, const std::string& reference_number,
                             const std::string& bank) override {
-        return call<bool>("ReleasePaymentLine", payment_method, reference_number, bank);
+        return ask<&PaymentMethodService::ReleasePaymentLine>(payment_method, reference_number, bank);
     }
-    std::string LastError() override { return call<std::string>("LastError"); }
+    std::string LastError() override { return ask<&PaymentMethodService::LastError>(); }
 };
 
 class Late_document_payments final : public DocumentPaymentsService, Late_service {
@@ -147,9 +164,9 @@ public:
     using Late_service::Late_service;
 
     bool CancelDocumentPayments(const std::string& document_code, const std::string& folio) override {
-        return call<bool>("CancelDocumentPayments", document_code, folio);
+        return ask<&DocumentPaymentsService::CancelDocumentPayments>(document_code, folio);
     }
-    std::string LastError() override { return call<std::string>("LastError"); }
+    std::string LastError() override { return ask<&DocumentPaymentsService::LastError>(); }
 };
 
 class Late_payables final : public AccountsPayableService, Late_service {
@@ -157,31 +174,34 @@ public:
     using Late_service::Late_service;
 
     Payable NewDocument() override {
-        document_ = Late_object(object_in(*ask("NewDocument").get()));
+        document_ = Late_object(object_in(*ask<&AccountsPayableService::NewDocument>().get()));
         return record_in<Payable>(document_);
     }
     /// The suite gets its own document back, filled, with whatever else it keeps there.
     bool CreatePayable(const Payable& payable) override {
-        if (!document_) return call<bool>("CreatePayable", payable);
+        if (!document_) return ask<&AccountsPayableService::CreatePayable>(payable);
         Late_object document = std::exchange(document_, {});
         put_record(document, payable);
-        return call<bool>("CreatePayable", document.object());
+        Any given[] = {any(document.object())};
+        return boolean_in(*invoke<&AccountsPayableService::CreatePayable>(given).get());
     }
     bool CreateSupplierAdvance(const Supplier_advance& advance, std::string& payable_folio) override {
-        return call<bool>("CreateSupplierAdvance", advance, Changing{payable_folio});
+        return ask<&AccountsPayableService::CreateSupplierAdvance>(advance, payable_folio);
     }
-    bool AddPaymentLine(const Payment_line& line) override { return call<bool>("AddPaymentLine", line); }
-    bool ApplyPayments() override { return call<bool>("ApplyPayments"); }
+    bool AddPaymentLine(const Payment_line& line) override {
+        return ask<&AccountsPayableService::AddPaymentLine>(line);
+    }
+    bool ApplyPayments() override { return ask<&AccountsPayableService::ApplyPayments>(); }
     bool CancelPayment(const std::string& payable_folio, const std::string& payment_id) override {
-        return call<bool>("CancelPayment", payable_folio, payment_id);
+        return ask<&AccountsPayableService::CancelPayment>(payable_folio, payment_id);
     }
     bool ValidateAdvanceCancellation(const std::string& advance_folio) override {
-        return call<bool>("ValidateAdvanceCancellation", advance_folio);
+        return ask<&AccountsPayableService::ValidateAdvanceCancellation>(advance_folio);
     }
     bool CancelDocumentPayables(const std::string& document_code, const std::string& folio) override {
-        return call<bool>("CancelDocumentPayables", document_code, folio);
+        return ask<&AccountsPayableService::CancelDocumentPayables>(document_code, folio);
     }
-    std::string LastError() override { return call<std::string>("LastError"); }
+    std::string LastError() override { return ask<&AccountsPayableService::LastError>(); }
 
 private:
     Late_object document_;
@@ -191,28 +211,34 @@ class Late_receivables final : public AccountsReceivableService, Late_service {
 public:
     using Late_service::Late_service;
 
-    bool ApplyReceipt(const Receipt_application& receipt) override { return call<bool>("ApplyReceipt", receipt); }
-    bool CreateReceivable(const Receivable& receivable) override { return call<bool>("CreateReceivable", receivable); }
+    bool ApplyReceipt(const Receipt_application& receipt) override {
+        return ask<&AccountsReceivableService::ApplyReceipt>(receipt);
+    }
+    bool CreateReceivable(const Receivable& receivable) override {
+        return ask<&AccountsReceivableService::CreateReceivable>(receivable);
+    }
     bool ApplyCustomerDocument(const std::string& document_folio) override {
-        return call<bool>("ApplyCustomerDocument", document_folio);
+        return ask<&AccountsReceivableService::ApplyCustomerDocument>(document_folio);
     }
     bool ValidateDocumentCancellation(const std::string& document_code, const std::string& folio) override {
-        return call<bool>("ValidateDocumentCancellation", document_code, folio);
+        return ask<&AccountsReceivableService::ValidateDocumentCancellation>(document_code, folio);
     }
     bool CancelDocumentAdvances(const std::string& document_code, const std::string& folio) override {
-        return call<bool>("CancelDocumentAdvances", document_code, folio);
+        return ask<&AccountsReceivableService::CancelDocumentAdvances>(document_code, folio);
     }
     bool CancelDocumentReceivables(const std::string& document_code, const std::string& folio) override {
-        return call<bool>("CancelDocumentReceivables", document_code, folio);
+        return ask<&AccountsReceivableService::CancelDocumentReceivables>(document_code, folio);
     }
     bool CancelPayment(const std::string& receivable_folio, const std::string& payment_id) override {
-        return call<bool>("CancelPayment", receivable_folio, payment_id);
+        return ask<&AccountsReceivableService::CancelPayment>(receivable_folio, payment_id);
     }
-    bool RegisterPayment(const Receivable_payment& payment) override { return call<bool>("RegisterPayment", payment); }
+    bool RegisterPayment(const Receivable_payment& payment) override {
+        return ask<&AccountsReceivableService::RegisterPayment>(payment);
+    }
     bool DocumentCheck(const std::string& document_code, const std::string& folio) override {
-        return call<bool>("DocumentCheck", document_code, folio);
+        return ask<&AccountsReceivableService::DocumentCheck>(document_code, folio);
     }
-    std::string LastError() override { return call<std::string>("LastError"); }
+    std::string LastError() override { return ask<&AccountsReceivableService::LastError>(); }
 };
 
 class Late_accounting final : public AccountingService, Late_service {
@@ -220,49 +246,50 @@ public:
     using Late_service::Late_service;
 
     bool IsPostingEnabled(const std::string& document_code) override {
-        return call<bool>("IsPostingEnabled", document_code);
+        return ask<&AccountingService::IsPostingEnabled>(document_code);
     }
     bool PostDocument(const std::string& document_code, const std::string& folio, const std::string& company) override {
-        if (company.empty()) return call<bool>("PostDocument", document_code, folio);
-        return call<bool>("PostDocument", document_code, folio, company);
+        return ask<&post_document>(document_code, folio, Optional_text{company});
     }
     bool ValidateVoucherCancellation(const std::string& document_code, const std::string& folio) override {
-        return call<bool>("ValidateVoucherCancellation", document_code, folio);
+        return ask<&AccountingService::ValidateVoucherCancellation>(document_code, folio);
     }
-    std::string LastError() override { return call<std::string>("LastError"); }
+    std::string LastError() override { return ask<&AccountingService::LastError>(); }
 };
 
 class Automation_suite final : public Suite {
 public:
-    explicit Automation_suite(Suite_objects names) : names_(std::move(names)) {}
+    explicit Automation_suite(Suite_objects objects) : objects_(std::move(objects)) {}
 
-    std::shared_ptr<SessionServices> session() override { return shared<Late_session>(session_, names_.session); }
-    std::shared_ptr<DataServices> data() override { return shared<Late_data>(data_, names_.data); }
+    std::shared_ptr<SessionServices> session() override { return shared<Late_session>(session_); }
+    std::shared_ptr<DataServices> data() override { return shared<Late_data>(data_); }
     std::shared_ptr<PaymentMethodService> payment_methods() override {
-        return shared<Late_payment_methods>(payment_methods_, names_.payment_methods);
+        return shared<Late_payment_methods>(payment_methods_);
     }
     std::shared_ptr<DocumentPaymentsService> document_payments() override {
-        return shared<Late_document_payments>(document_payments_, names_.document_payments);
+        return shared<Late_document_payments>(document_payments_);
     }
 
     std::unique_ptr<AccountsPayableService> new_accounts_payable() override {
-        return std::make_unique<Late_payables>(names_.accounts_payable);
+        return made<Late_payables, AccountsPayableService>();
     }
     std::unique_ptr<AccountsReceivableService> new_accounts_receivable() override {
-        return std::make_unique<Late_receivables>(names_.accounts_receivable);
+        return made<Late_receivables, AccountsReceivableService>();
     }
-    std::unique_ptr<AccountingService> new_accounting() override {
-        return std::make_unique<Late_accounting>(names_.accounting);
-    }
+    std::unique_ptr<AccountingService> new_accounting() override { return made<Late_accounting, AccountingService>(); }
 
 private:
     template <class Late, class Service>
-    static std::shared_ptr<Service> shared(std::shared_ptr<Service>& kept, const std::string& prog_id) {
-        if (!kept) kept = std::make_shared<Late>(prog_id);
+    std::unique_ptr<Service> made() const {
+        return std::make_unique<Late>(objects_.prog_id<Service>());
+    }
+    template <class Late, class Service>
+    std::shared_ptr<Service> shared(std::shared_ptr<Service>& kept) const {
+        if (!kept) kept = made<Late, Service>();
         return kept;
     }
 
-    Suite_objects names_;
+    Suite_objects objects_;
     std::shared_ptr<SessionServices> session_;
     std::shared_ptr<DataServices> data_;
     std::shared_ptr<PaymentMethodService> payment_methods_;
@@ -271,8 +298,8 @@ private:
 
 }  // namespace
 
-std::shared_ptr<Suite> make_automation_suite(const Suite_objects& names) {
-    return std::make_shared<Automation_suite>(names);
+std::shared_ptr<Suite> make_automation_suite(const Suite_objects& objects) {
+    return std::make_shared<Automation_suite>(objects);
 }
 
 }  // namespace cuvexa::com_suite

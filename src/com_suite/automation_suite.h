@@ -13,6 +13,6 @@ namespace cuvexa::com_suite {
 /// use of payables, receivables and accounting. What an object raises is thrown as `Automation_error` with its number
 /// and description, from the connection as `Database_error`; another failing result code as `Result_error`. Used on the
 /// thread that made it.
-std::shared_ptr<Suite> make_automation_suite(const Suite_objects& names);
+std::shared_ptr<Suite> make_automation_suite(const Suite_objects& objects);
 
 }  // namespace cuvexa::com_suite

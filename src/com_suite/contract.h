@@ -1,8 +1,9 @@
-// What travels between this component and a suite that is reached through automation: the operations of every service,
-// and the fields of the records. Both sides – the calls on a suite, and the reference suite's own objects – are made
-// from these lists; docs/suite-automation.md lists the same.
+// What travels between this component and a suite that is reached through automation: the services, the operations of each
+// and the fields of the records. Both sides – the calls on a suite, and the reference suite's own objects – find names and
+// types here, and a test holds docs/suite-automation.md against it on any machine: nothing here needs the headers of Windows.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <tuple>
@@ -15,106 +16,111 @@ namespace cuvexa::com_suite {
 
 /// A field under the name that it has as a property.
 template <class Record, class Type>
-struct Field {
+struct Property {
     std::string_view name;
     Type Record::*place;
 };
 
 /// The fields of a record in their order. Empty for what is no record.
 template <class Record>
-inline constexpr std::tuple<> fields{};
+inline constexpr std::tuple<> properties{};
 
 template <>
-inline constexpr auto fields<Payable> = std::tuple{
-    Field{"Supplier", &Payable::supplier},
-    Field{"Branch", &Payable::branch},
-    Field{"Date", &Payable::date},
-    Field{"Comment", &Payable::comment},
-    Field{"SourceTable", &Payable::source_table},
-    Field{"SourceDocument", &Payable::source_document},
-    Field{"DueDate", &Payable::due_date},
-    Field{"Amount", &Payable::amount},
-    Field{"NetAmount", &Payable::net_amount},
-    Field{"Reference", &Payable::reference},
-    Field{"Currency", &Payable::currency},
-    Field{"ExchangeRate", &Payable::exchange_rate},
+inline constexpr std::tuple properties<Payable>{
+    Property{"Supplier", &Payable::supplier},
+    Property{"Branch", &Payable::branch},
+    Property{"Date", &Payable::date},
+    Property{"Comment", &Payable::comment},
+    Property{"SourceTable", &Payable::source_table},
+    Property{"SourceDocument", &Payable::source_document},
+    Property{"DueDate", &Payable::due_date},
+    Property{"Amount", &Payable::amount},
+    Property{"NetAmount", &Payable::net_amount},
+    Property{"Reference", &Payable::reference},
+    Property{"Currency", &Payable::currency},
+    Property{"ExchangeRate", &Payable::exchange_rate},
 };
 
 template <>
-inline constexpr auto fields<Supplier_advance> = std::tuple{
-    Field{"Date", &Supplier_advance::date},
-    Field{"Reference", &Supplier_advance::reference},
-    Field{"CheckFolio", &Supplier_advance::check_folio},
-    Field{"Currency", &Supplier_advance::currency},
-    Field{"ExchangeRate", &Supplier_advance::exchange_rate},
-    Field{"Branch", &Supplier_advance::branch},
-    Field{"Supplier", &Supplier_advance::supplier},
-    Field{"Amount", &Supplier_advance::amount},
-    Field{"ConceptText", &Supplier_advance::concept_text},
-    Field{"BankAccount", &Supplier_advance::bank_account},
+inline constexpr std::tuple properties<Supplier_advance>{
+    Property{"Date", &Supplier_advance::date},
+    Property{"Reference", &Supplier_advance::reference},
+    Property{"CheckFolio", &Supplier_advance::check_folio},
+    Property{"Currency", &Supplier_advance::currency},
+    Property{"ExchangeRate", &Supplier_advance::exchange_rate},
+    Property{"Branch", &Supplier_advance::branch},
+    Property{"Supplier", &Supplier_advance::supplier},
+    Property{"Amount", &Supplier_advance::amount},
+    Property{"ConceptText", &Supplier_advance::concept_text},
+    Property{"BankAccount", &Supplier_advance::bank_account},
 };
 
 template <>
-inline constexpr auto fields<Payment_line> = std::tuple{
-    Field{"Date", &Payment_line::date},
-    Field{"PayableFolio", &Payment_line::payable_folio},
-    Field{"CheckFolio", &Payment_line::check_folio},
-    Field{"CheckNumber", &Payment_line::check_number},
-    Field{"PaymentMethod", &Payment_line::payment_method},
-    Field{"Amount", &Payment_line::amount},
-    Field{"ExchangeRate", &Payment_line::exchange_rate},
-    Field{"Currency", &Payment_line::currency},
-    Field{"BankName", &Payment_line::bank_name},
-    Field{"BankAccountNumber", &Payment_line::bank_account_number},
-    Field{"Bank", &Payment_line::bank},
+inline constexpr std::tuple properties<Payment_line>{
+    Property{"Date", &Payment_line::date},
+    Property{"PayableFolio", &Payment_line::payable_folio},
+    Property{"CheckFolio", &Payment_line::check_folio},
+    Property{"CheckNumber", &Payment_line::check_number},
+    Property{"PaymentMethod", &Payment_line::payment_method},
+    Property{"Amount", &Payment_line::amount},
+    Property{"ExchangeRate", &Payment_line::exchange_rate},
+    Property{"Currency", &Payment_line::currency},
+    Property{"BankName", &Payment_line::bank_name},
+    Property{"BankAccountNumber", &Payment_line::bank_account_number},
+    Property{"Bank", &Payment_line::bank},
 };
 
 template <>
-inline constexpr auto fields<Receipt_application> = std::tuple{
-    Field{"Customer", &Receipt_application::customer},   Field{"DocumentCode", &Receipt_application::document_code},
-    Field{"Folio", &Receipt_application::folio},         Field{"Date", &Receipt_application::date},
-    Field{"Reference", &Receipt_application::reference}, Field{"Comment", &Receipt_application::comment},
-    Field{"Branch", &Receipt_application::branch},       Field{"Amount", &Receipt_application::amount},
-    Field{"Currency", &Receipt_application::currency},   Field{"ExchangeRate", &Receipt_application::exchange_rate},
+inline constexpr std::tuple properties<Receipt_application>{
+    Property{"Customer", &Receipt_application::customer},
+    Property{"DocumentCode", &Receipt_application::document_code},
+    Property{"Folio", &Receipt_application::folio},
+    Property{"Date", &Receipt_application::date},
+    Property{"Reference", &Receipt_application::reference},
+    Property{"Comment", &Receipt_application::comment},
+    Property{"Branch", &Receipt_application::branch},
+    Property{"Amount", &Receipt_application::amount},
+    Property{"Currency", &Receipt_application::currency},
+    Property{"ExchangeRate", &Receipt_application::exchange_rate},
 };
 
 template <>
-inline constexpr auto fields<Receivable> = std::tuple{
-    Field{"Branch", &Receivable::branch},
-    Field{"Customer", &Receivable::customer},
-    Field{"ExchangeRate", &Receivable::exchange_rate},
-    Field{"Currency", &Receivable::currency},
-    Field{"SourceTable", &Receivable::source_table},
-    Field{"SourceDocument", &Receivable::source_document},
-    Field{"Comment", &Receivable::comment},
-    Field{"Reference", &Receivable::reference},
-    Field{"Date", &Receivable::date},
-    Field{"DueDate", &Receivable::due_date},
-    Field{"Amount", &Receivable::amount},
-    Field{"NetAmount", &Receivable::net_amount},
-    Field{"NetPriceAmount", &Receivable::net_price_amount},
-    Field{"Balance", &Receivable::balance},
+inline constexpr std::tuple properties<Receivable>{
+    Property{"Branch", &Receivable::branch},
+    Property{"Customer", &Receivable::customer},
+    Property{"ExchangeRate", &Receivable::exchange_rate},
+    Property{"Currency", &Receivable::currency},
+    Property{"SourceTable", &Receivable::source_table},
+    Property{"SourceDocument", &Receivable::source_document},
+    Property{"Comment", &Receivable::comment},
+    Property{"Reference", &Receivable::reference},
+    Property{"Date", &Receivable::date},
+    Property{"DueDate", &Receivable::due_date},
+    Property{"Amount", &Receivable::amount},
+    Property{"NetAmount", &Receivable::net_amount},
+    Property{"NetPriceAmount", &Receivable::net_price_amount},
+    Property{"Balance", &Receivable::balance},
 };
 
 template <>
-inline constexpr auto fields<Receivable_payment> = std::tuple{
-    Field{"ReceivableFolio", &Receivable_payment::receivable_folio},
-    Field{"Amount", &Receivable_payment::amount},
-    Field{"Date", &Receivable_payment::date},
-    Field{"ConceptText", &Receivable_payment::concept_text},
-    Field{"SourceTable", &Receivable_payment::source_table},
-    Field{"SourceDocument", &Receivable_payment::source_document},
-    Field{"Reference", &Receivable_payment::reference},
-    Field{"Currency", &Receivable_payment::currency},
-    Field{"ExchangeRate", &Receivable_payment::exchange_rate},
-    Field{"PaymentMethod", &Receivable_payment::payment_method},
-    Field{"UpdateBalance", &Receivable_payment::update_balance},
-    Field{"ValidateBalance", &Receivable_payment::validate_balance},
-    Field{"RegisterDocument", &Receivable_payment::register_document},
+inline constexpr std::tuple properties<Receivable_payment>{
+    Property{"ReceivableFolio", &Receivable_payment::receivable_folio},
+    Property{"Amount", &Receivable_payment::amount},
+    Property{"Date", &Receivable_payment::date},
+    Property{"ConceptText", &Receivable_payment::concept_text},
+    Property{"SourceTable", &Receivable_payment::source_table},
+    Property{"SourceDocument", &Receivable_payment::source_document},
+    Property{"Reference", &Receivable_payment::reference},
+    Property{"Currency", &Receivable_payment::currency},
+    Property{"ExchangeRate", &Receivable_payment::exchange_rate},
+    Property{"PaymentMethod", &Receivable_payment::payment_method},
+    Property{"UpdateBalance", &Receivable_payment::update_balance},
+    Property{"ValidateBalance", &Receivable_payment::validate_balance},
+    Property{"RegisterDocument", &Receivable_payment::register_document},
 };
 
 template <class Type>
-concept Record = std::tuple_size_v<std::remove_const_t<decltype(fields<Type>)>> >
+concept Travelling_record = std::tuple_size_v<std::remove_const_t<decltype(properties<Type>)>> >
 0;
 
 // ---- Operations: their arguments in order ---------------------------------------------------------------------------
@@ -127,25 +133,36 @@ struct Optional_text {
     std::string text;
 };
 
-/// An operation under its name: a member function of the service, or a function that takes the service first.
-template <class Function>
-struct Operation {
-    std::string_view name;
-    Function function;
+/// A number that suites declare 16 bits wide.
+struct Short {
+    int number = 0;
 };
+
+/// An operation under its name: a member function of the service, or a function that takes the service first where what
+/// travels is not what the service takes.
+template <auto operation>
+struct Named {
+    std::string_view name;
+};
+#define CUVEXA_NAMED(service, operation) \
+    Named<&service::operation> {         \
+#operation                       \
+    }
 
 /// The operations of a service, in the order of their numbers.
 template <class Service>
 inline constexpr std::tuple<> operations{};
 
+inline Value get_parameter(SessionServices& session, const std::string& name, Short flag, const std::string& type,
+                           const std::string& fallback) {
+    return session.GetParameter(name, flag.number, type, fallback);
+}
+
 template <>
-inline constexpr auto operations<SessionServices> = std::tuple{
-    Operation{"GetConnection", &SessionServices::GetConnection},
-    Operation{"GetParameter", &SessionServices::GetParameter},
-    Operation{"GetUserName", &SessionServices::GetUserName},
-    Operation{"GetServerId", &SessionServices::GetServerId},
-    Operation{"IsReplicaServer", &SessionServices::IsReplicaServer},
-    Operation{"ReportError", &SessionServices::ReportError},
+inline constexpr std::tuple operations<SessionServices>{
+    CUVEXA_NAMED(SessionServices, GetConnection),   Named<&get_parameter>{"GetParameter"},
+    CUVEXA_NAMED(SessionServices, GetUserName),     CUVEXA_NAMED(SessionServices, GetServerId),
+    CUVEXA_NAMED(SessionServices, IsReplicaServer), CUVEXA_NAMED(SessionServices, ReportError),
 };
 
 inline std::string look_up(DataServices& data, const std::string& column, const std::string& key_column,
@@ -155,56 +172,56 @@ inline std::string look_up(DataServices& data, const std::string& column, const 
 }
 
 template <>
-inline constexpr auto operations<DataServices> = std::tuple{
-    Operation{"LookupValue", &look_up},
-    Operation{"GetServerDate", &DataServices::GetServerDate},
-    Operation{"GetNextFolio", &DataServices::GetNextFolio},
-    Operation{"IsOperatingPeriodOpen", &DataServices::IsOperatingPeriodOpen},
-    Operation{"SqlDate", &DataServices::SqlDate},
-    Operation{"SqlDateTime", &DataServices::SqlDateTime},
-    Operation{"RegisterDocument", &DataServices::RegisterDocument},
-    Operation{"IsDocumentPosted", &DataServices::IsDocumentPosted},
-    Operation{"LastErrorText", &DataServices::LastErrorText},
+inline constexpr std::tuple operations<DataServices>{
+    Named<&look_up>{"LookupValue"},
+    CUVEXA_NAMED(DataServices, GetServerDate),
+    CUVEXA_NAMED(DataServices, GetNextFolio),
+    CUVEXA_NAMED(DataServices, IsOperatingPeriodOpen),
+    CUVEXA_NAMED(DataServices, SqlDate),
+    CUVEXA_NAMED(DataServices, SqlDateTime),
+    CUVEXA_NAMED(DataServices, RegisterDocument),
+    CUVEXA_NAMED(DataServices, IsDocumentPosted),
+    CUVEXA_NAMED(DataServices, LastErrorText),
 };
 
 template <>
-inline constexpr auto operations<PaymentMethodService> = std::tuple{
-    Operation{"ValidatePaymentLine", &PaymentMethodService::ValidatePaymentLine},
-    Operation{"ReleasePaymentLine", &PaymentMethodService::ReleasePaymentLine},
-    Operation{"LastError", &PaymentMethodService::LastError},
+inline constexpr std::tuple operations<PaymentMethodService>{
+    CUVEXA_NAMED(PaymentMethodService, ValidatePaymentLine),
+    CUVEXA_NAMED(PaymentMethodService, ReleasePaymentLine),
+    CUVEXA_NAMED(PaymentMethodService, LastError),
 };
 
 template <>
-inline constexpr auto operations<DocumentPaymentsService> = std::tuple{
-    Operation{"CancelDocumentPayments", &DocumentPaymentsService::CancelDocumentPayments},
-    Operation{"LastError", &DocumentPaymentsService::LastError},
+inline constexpr std::tuple operations<DocumentPaymentsService>{
+    CUVEXA_NAMED(DocumentPaymentsService, CancelDocumentPayments),
+    CUVEXA_NAMED(DocumentPaymentsService, LastError),
 };
 
 template <>
-inline constexpr auto operations<AccountsPayableService> = std::tuple{
-    Operation{"NewDocument", &AccountsPayableService::NewDocument},
-    Operation{"CreatePayable", &AccountsPayableService::CreatePayable},
-    Operation{"CreateSupplierAdvance", &AccountsPayableService::CreateSupplierAdvance},
-    Operation{"AddPaymentLine", &AccountsPayableService::AddPaymentLine},
-    Operation{"ApplyPayments", &AccountsPayableService::ApplyPayments},
-    Operation{"CancelPayment", &AccountsPayableService::CancelPayment},
-    Operation{"ValidateAdvanceCancellation", &AccountsPayableService::ValidateAdvanceCancellation},
-    Operation{"CancelDocumentPayables", &AccountsPayableService::CancelDocumentPayables},
-    Operation{"LastError", &AccountsPayableService::LastError},
+inline constexpr std::tuple operations<AccountsPayableService>{
+    CUVEXA_NAMED(AccountsPayableService, NewDocument),
+    CUVEXA_NAMED(AccountsPayableService, CreatePayable),
+    CUVEXA_NAMED(AccountsPayableService, CreateSupplierAdvance),
+    CUVEXA_NAMED(AccountsPayableService, AddPaymentLine),
+    CUVEXA_NAMED(AccountsPayableService, ApplyPayments),
+    CUVEXA_NAMED(AccountsPayableService, CancelPayment),
+    CUVEXA_NAMED(AccountsPayableService, ValidateAdvanceCancellation),
+    CUVEXA_NAMED(AccountsPayableService, CancelDocumentPayables),
+    CUVEXA_NAMED(AccountsPayableService, LastError),
 };
 
 template <>
-inline constexpr auto operations<AccountsReceivableService> = std::tuple{
-    Operation{"ApplyReceipt", &AccountsReceivableService::ApplyReceipt},
-    Operation{"CreateReceivable", &AccountsReceivableService::CreateReceivable},
-    Operation{"ApplyCustomerDocument", &AccountsReceivableService::ApplyCustomerDocument},
-    Operation{"ValidateDocumentCancellation", &AccountsReceivableService::ValidateDocumentCancellation},
-    Operation{"CancelDocumentAdvances", &AccountsReceivableService::CancelDocumentAdvances},
-    Operation{"CancelDocumentReceivables", &AccountsReceivableService::CancelDocumentReceivables},
-    Operation{"CancelPayment", &AccountsReceivableService::CancelPayment},
-    Operation{"RegisterPayment", &AccountsReceivableService::RegisterPayment},
-    Operation{"DocumentCheck", &AccountsReceivableService::DocumentCheck},
-    Operation{"LastError", &AccountsReceivableService::LastError},
+inline constexpr std::tuple operations<AccountsReceivableService>{
+    CUVEXA_NAMED(AccountsReceivableService, ApplyReceipt),
+    CUVEXA_NAMED(AccountsReceivableService, CreateReceivable),
+    CUVEXA_NAMED(AccountsReceivableService, ApplyCustomerDocument),
+    CUVEXA_NAMED(AccountsReceivableService, ValidateDocumentCancellation),
+    CUVEXA_NAMED(AccountsReceivableService, CancelDocumentAdvances),
+    CUVEXA_NAMED(AccountsReceivableService, CancelDocumentReceivables),
+    CUVEXA_NAMED(AccountsReceivableService, CancelPayment),
+    CUVEXA_NAMED(AccountsReceivableService, RegisterPayment),
+    CUVEXA_NAMED(AccountsReceivableService, DocumentCheck),
+    CUVEXA_NAMED(AccountsReceivableService, LastError),
 };
 
 inline bool post_document(AccountingService& accounting, const std::string& document_code, const std::string& folio,
@@ -213,11 +230,64 @@ inline bool post_document(AccountingService& accounting, const std::string& docu
 }
 
 template <>
-inline constexpr auto operations<AccountingService> = std::tuple{
-    Operation{"IsPostingEnabled", &AccountingService::IsPostingEnabled},
-    Operation{"PostDocument", &post_document},
-    Operation{"ValidateVoucherCancellation", &AccountingService::ValidateVoucherCancellation},
-    Operation{"LastError", &AccountingService::LastError},
+inline constexpr std::tuple operations<AccountingService>{
+    CUVEXA_NAMED(AccountingService, IsPostingEnabled),
+    Named<&post_document>{"PostDocument"},
+    CUVEXA_NAMED(AccountingService, ValidateVoucherCancellation),
+    CUVEXA_NAMED(AccountingService, LastError),
 };
+#undef CUVEXA_NAMED
+
+/// What the function of an operation takes and gives.
+template <class Function>
+struct Signature;
+template <class Service_, class Result_, class... Parameter>
+struct Signature<Result_ (Service_::*)(Parameter...)> {
+    using Service = Service_;
+    using Result = Result_;
+    using Parameters = std::tuple<Parameter...>;
+};
+template <class Service_, class Result_, class... Parameter>
+struct Signature<Result_ (*)(Service_&, Parameter...)> : Signature<Result_ (Service_::*)(Parameter...)> {};
+
+/// The name of an operation of the lists.
+template <auto operation>
+inline constexpr std::string_view name_of =
+    std::get<Named<operation>>(operations<typename Signature<decltype(operation)>::Service>).name;
+
+// ---- Services -------------------------------------------------------------------------------------------------------
+
+/// A service under the name that its class and its setting have, and how a suite gives it.
+template <class Service>
+struct Named_service {
+    std::string_view name;
+    std::string_view subject;  ///< what it is about, for whom looks at the registry
+    std::shared_ptr<Service> (*take)(Suite& suite);
+};
+
+template <auto give>
+auto taken(Suite& suite) {
+    auto service = (suite.*give)();
+    return std::shared_ptr<typename decltype(service)::element_type>(std::move(service));
+}
+
+inline constexpr std::tuple services{
+    Named_service{"SessionServices", "session", &taken<&Suite::session>},
+    Named_service{"DataServices", "data", &taken<&Suite::data>},
+    Named_service{"PaymentMethodService", "payment methods", &taken<&Suite::payment_methods>},
+    Named_service{"DocumentPaymentsService", "document payments", &taken<&Suite::document_payments>},
+    Named_service{"AccountsPayableService", "accounts payable", &taken<&Suite::new_accounts_payable>},
+    Named_service{"AccountsReceivableService", "accounts receivable", &taken<&Suite::new_accounts_receivable>},
+    Named_service{"AccountingService", "accounting", &taken<&Suite::new_accounting>},
+};
+
+template <class Service>
+inline constexpr const Named_service<Service>& service = std::get<Named_service<Service>>(services);
+
+/// Runs `body` with every service of the list in turn.
+template <class Body>
+void for_each_service(Body&& body) {
+    std::apply([&](const auto&... service) { (body(service), ...); }, services);
+}
 
 }  // namespace cuvexa::com_suite

@@ -20,7 +20,9 @@ public:
     Incoming(const Call_arguments& given, std::size_t place) {
         if constexpr (std::is_same_v<Type, Optional_text>) {
             if (given.has(place)) value.text = text_in(given[place]);
-        } else if constexpr (Record<Type>) {
+        } else if constexpr (std::is_same_v<Type, Short>) {
+            value.number = integer_in(given.required(place));
+        } else if constexpr (Travelling_record<Type>) {
             Late_object object(object_in(given.required(place)));
             if (!object) check(DISP_E_TYPEMISMATCH);
             value = record_in<Type>(object);
@@ -30,97 +32,71 @@ public:
     }
 
     void give_back_to(const Call_arguments& given, std::size_t place) const {
-        if constexpr (std::is_lvalue_reference_v<Parameter> && !std::is_const_v<std::remove_reference_t<Parameter>>)
-            give_back(given[place], any(value));
+        if constexpr (std::is_same_v<Parameter, std::string&>) give_back(given[place], any(value));
     }
 
     Type value{};
 };
 
 /// Calls an operation with automation's arguments and gives its result.
-template <class Service, class... Parameters>
-class Operation_call {
-public:
-    Operation_call(const std::shared_ptr<Session>& session, const Call_arguments& given)
-        : session_(session), given_(given) {
-        constexpr std::size_t optional = (std::is_same_v<std::remove_cvref_t<Parameters>, Optional_text> + ... + 0);
-        given.expect(sizeof...(Parameters) - optional, sizeof...(Parameters));
-    }
+template <auto operation, class Parameters = typename Signature<decltype(operation)>::Parameters>
+struct Operation_call;
 
-    template <class Function>
-    Any operator()(const Function& function, Service& service) const {
-        return run(function, service, std::index_sequence_for<Parameters...>());
+template <auto operation, class... Parameter>
+struct Operation_call<operation, std::tuple<Parameter...>> {
+    using Service = typename Signature<decltype(operation)>::Service;
+    using Result = typename Signature<decltype(operation)>::Result;
+
+    static Any run(Service& service, const std::shared_ptr<Session>& session, const Call_arguments& given) {
+        constexpr std::size_t optional = (std::is_same_v<std::remove_cvref_t<Parameter>, Optional_text> + ... + 0);
+        given.expect(sizeof...(Parameter) - optional, sizeof...(Parameter));
+        return run(service, session, given, std::index_sequence_for<Parameter...>());
     }
 
 private:
-    template <class Function, std::size_t... places>
-    Any run(const Function& function, Service& service, std::index_sequence<places...>) const {
-        std::tuple<Incoming<Parameters>...> arguments{Incoming<Parameters>(given_, places)...};
-        using Result = std::invoke_result_t<Function, Service&, Parameters...>;
+    template <std::size_t... places>
+    static Any run(Service& service, const std::shared_ptr<Session>& session, const Call_arguments& given,
+                   std::index_sequence<places...>) {
+        std::tuple<Incoming<Parameter>...> arguments{Incoming<Parameter>(given, places)...};
+        const auto call = [&]() -> Result {
+            return std::invoke(operation, service, std::get<places>(arguments).value...);
+        };
         Any result;
         if constexpr (std::is_void_v<Result>) {
-            std::invoke(function, service, std::get<places>(arguments).value...);
+            call();
         } else {
-            result = answer(std::invoke(function, service, std::get<places>(arguments).value...));
+            result = answer(call(), session);
         }
-        (std::get<places>(arguments).give_back_to(given_, places), ...);
+        (std::get<places>(arguments).give_back_to(given, places), ...);
         return result;
     }
 
-    template <class Result>
-    Any answer(Result&& result) const {
-        using Type = std::remove_cvref_t<Result>;
+    template <class Answer>
+    static Any answer(Answer&& result, const std::shared_ptr<Session>& session) {
+        using Type = std::remove_cvref_t<Answer>;
         if constexpr (std::is_same_v<Type, Connection>) {
-            return any(Session::connection_object(session_));
-        } else if constexpr (Record<Type>) {
+            return any(Session::connection_object(session));
+        } else if constexpr (Travelling_record<Type>) {
             return any(Record_object<Type>::made(std::move(result)));
         } else {
             return any(result);
         }
     }
-
-    const std::shared_ptr<Session>& session_;
-    const Call_arguments& given_;
 };
 
-template <class Service, class Result, class... Parameters>
-Operation_call<Service, Parameters...> call_of(Result (Service::*)(Parameters...),
-                                               const std::shared_ptr<Session>& session, const Call_arguments& given) {
-    return {session, given};
-}
-template <class Service, class Result, class... Parameters>
-Operation_call<Service, Parameters...> call_of(Result (*)(Service&, Parameters...),
-                                               const std::shared_ptr<Session>& session, const Call_arguments& given) {
-    return {session, given};
-}
-
-/// How the suite gives each service.
-inline std::shared_ptr<SessionServices> take(Suite& suite, SessionServices*) {
-    return suite.session();
-}
-inline std::shared_ptr<DataServices> take(Suite& suite, DataServices*) {
-    return suite.data();
-}
-inline std::shared_ptr<PaymentMethodService> take(Suite& suite, PaymentMethodService*) {
-    return suite.payment_methods();
-}
-inline std::shared_ptr<DocumentPaymentsService> take(Suite& suite, DocumentPaymentsService*) {
-    return suite.document_payments();
-}
-inline std::shared_ptr<AccountsPayableService> take(Suite& suite, AccountsPayableService*) {
-    return suite.new_accounts_payable();
-}
-inline std::shared_ptr<AccountsReceivableService> take(Suite& suite, AccountsReceivableService*) {
-    return suite.new_accounts_receivable();
-}
-inline std::shared_ptr<AccountingService> take(Suite& suite, AccountingService*) {
-    return suite.new_accounting();
+template <auto operation>
+Operation_call<operation> call_of(const Named<operation>&) {
+    return {};
 }
 
 template <class Service>
 class Published_service final : public Named_object {
 public:
-    static Pointer<IDispatch> made() { return Pointer<IDispatch>::owning(new Published_service); }
+    explicit Published_service(std::shared_ptr<Session> session) : session_(std::move(session)) {}
+
+    static Pointer<IDispatch> made(std::shared_ptr<Session> session) {
+        return Pointer<IDispatch>::owning(new Published_service(std::move(session)));
+    }
 
 protected:
     std::span<const std::string_view> member_names() const override {
@@ -130,18 +106,17 @@ protected:
 
     Any perform(std::size_t member, WORD kind, const Call_arguments& given) override {
         if (!gets(kind)) check(DISP_E_MEMBERNOTFOUND);
-        if (!service_) service_ = take(session_->suite(), static_cast<Service*>(nullptr));
+        if (!service_) service_ = service<Service>.take(session_->suite());
         Any result;
-        with_element(operations<Service>, member, [&](const auto& operation) {
-            result = call_of(operation.function, session_, given)(operation.function, *service_);
-        });
+        with_element(operations<Service>, member,
+                     [&](const auto& named) { result = call_of(named).run(*service_, session_, given); });
         return result;
     }
 
     const char* source() const override { return "CuvexaSuite"; }
 
 private:
-    std::shared_ptr<Session> session_ = Session::of_this_thread();
+    std::shared_ptr<Session> session_;
     std::shared_ptr<Service> service_;
 };
 

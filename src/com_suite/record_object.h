@@ -22,14 +22,14 @@ void with_element(const Tuple& tuple, std::size_t place, Body&& body) {
         tuple);
 }
 
-/// The names of a list of fields or operations, in order.
+/// The names of a list of properties or operations, in order.
 template <class Tuple>
 constexpr auto names_in(const Tuple& tuple) {
     return std::apply([](const auto&... elements) { return std::array{elements.name...}; }, tuple);
 }
 
 /// A record that lives in an object of its own.
-template <Record Type>
+template <Travelling_record Type>
 class Record_object final : public Named_object {
 public:
     explicit Record_object(Type record) : record_(std::move(record)) {}
@@ -40,14 +40,14 @@ public:
 
 protected:
     std::span<const std::string_view> member_names() const override {
-        static constexpr auto names = names_in(fields<Type>);
+        static constexpr auto names = names_in(properties<Type>);
         return names;
     }
 
     Any perform(std::size_t member, WORD kind, const Call_arguments& given) override {
         Any result;
-        with_element(fields<Type>, member, [&](const auto& field) {
-            auto& place = record_.*field.place;
+        with_element(properties<Type>, member, [&](const auto& property) {
+            auto& place = record_.*property.place;
             if (gets(kind)) {
                 given.expect(0);
                 result = any(place);
@@ -66,23 +66,24 @@ private:
 };
 
 /// The record that an object holds; it must have every property. Throws what its getters throw.
-template <Record Type>
+template <Travelling_record Type>
 Type record_in(Late_object& object) {
     Type record;
     std::apply(
-        [&](const auto&... field) {
-            ((record.*field.place =
-                  value_of<std::remove_cvref_t<decltype(record.*field.place)>>(*object.get(field.name).get())),
+        [&](const auto&... property) {
+            ((record.*property.place =
+                  value_of<std::remove_cvref_t<decltype(record.*property.place)>>(*object.get(property.name).get())),
              ...);
         },
-        fields<Type>);
+        properties<Type>);
     return record;
 }
 
 /// Fills the properties of an object.
-template <Record Type>
+template <Travelling_record Type>
 void put_record(Late_object& object, const Type& record) {
-    std::apply([&](const auto&... field) { (object.put(field.name, record.*field.place), ...); }, fields<Type>);
+    std::apply([&](const auto&... property) { (object.put(property.name, record.*property.place), ...); },
+               properties<Type>);
 }
 
 }  // namespace cuvexa::com_suite

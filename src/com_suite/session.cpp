@@ -3,6 +3,7 @@
 #include <map>
 #include <mutex>
 
+#include "com_suite/embedded_suite.h"
 #include "com_suite/published_database.h"
 
 namespace cuvexa::com_suite {
@@ -16,7 +17,12 @@ void show(const Reported_error& report) {
                 MB_OK | MB_TASKMODAL | static_cast<UINT>(report.style));
 }
 
-thread_local Suite* other_suite = nullptr;
+Session::Source embedded_suite() {
+    return [suite = std::shared_ptr<Suite>()]() mutable -> Suite& {
+        if (!suite) suite = make_embedded_suite(show);
+        return *suite;
+    };
+}
 
 }  // namespace
 
@@ -27,20 +33,10 @@ std::shared_ptr<Session> Session::of_this_thread() {
     std::erase_if(sessions, [](const auto& entry) { return entry.second.expired(); });
     auto session = sessions[GetCurrentThreadId()].lock();
     if (!session) {
-        session = std::make_shared<Session>();
+        session = std::make_shared<Session>(embedded_suite());
         sessions[GetCurrentThreadId()] = session;
     }
     return session;
-}
-
-Suite& Session::suite() {
-    if (other_suite) return *other_suite;
-    if (!own_suite_) own_suite_ = std::make_unique<Embedded_suite>(embedded_settings(), show);
-    return *own_suite_;
-}
-
-void Session::publish(Suite* suite) {
-    other_suite = suite;
 }
 
 Pointer<IDispatch> Session::connection_object(const std::shared_ptr<Session>& self) {

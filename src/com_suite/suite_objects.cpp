@@ -5,22 +5,16 @@
 namespace cuvexa::com_suite {
 
 using namespace com;
-namespace {
 
-constexpr struct {
-    const wchar_t* value;
-    std::string Suite_objects::*place;
-} services[] = {
-    {L"SessionServices", &Suite_objects::session},
-    {L"DataServices", &Suite_objects::data},
-    {L"PaymentMethodService", &Suite_objects::payment_methods},
-    {L"DocumentPaymentsService", &Suite_objects::document_payments},
-    {L"AccountsPayableService", &Suite_objects::accounts_payable},
-    {L"AccountsReceivableService", &Suite_objects::accounts_receivable},
-    {L"AccountingService", &Suite_objects::accounting},
-};
+std::string Suite_objects::prog_id(std::string_view service) const {
+    const auto found = set_.find(service);
+    return found == set_.end() ? std::string("CuvexaSuite.").append(service) : found->second;
+}
 
-}  // namespace
+Suite_objects& Suite_objects::set(std::string_view service, std::string prog_id) {
+    set_[std::string(service)] = std::move(prog_id);
+    return *this;
+}
 
 std::string registry_setting(const std::wstring& key, const std::wstring& name) {
     for (const HKEY hive : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE}) {
@@ -30,17 +24,17 @@ std::string registry_setting(const std::wstring& key, const std::wstring& name) 
 }
 
 Suite_objects suite_objects_from_registry() {
-    Suite_objects names;
-    for (const auto& service : services) {
-        const std::string name = registry_setting(L"Cuvexa\\Servicios", service.value);
-        if (!name.empty()) names.*service.place = name;
-    }
-    return names;
+    Suite_objects objects;
+    for_each_service([&](const auto& service) {
+        const std::string prog_id = registry_setting(L"Cuvexa\\Servicios", wide(service.name));
+        if (!prog_id.empty()) objects.set(service.name, prog_id);
+    });
+    return objects;
 }
 
-bool is_registered(const Suite_objects& names) {
+bool is_registered(const Suite_objects& objects) {
     CLSID clsid;
-    if (FAILED(CLSIDFromProgID(wide(names.session).c_str(), &clsid))) return false;
+    if (FAILED(CLSIDFromProgID(wide(objects.prog_id<SessionServices>()).c_str(), &clsid))) return false;
     wchar_t text[40];
     StringFromGUID2(clsid, text, 40);
     const std::wstring key = std::wstring(L"CLSID\\") + text;

@@ -1,10 +1,8 @@
 // Cuvexa.dll: the classes that programs create, and the four entry points of an in-process server.
 #include <array>
-#include <deque>
 #include <optional>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "automation/members.h"
 #include "com/apartment.h"
@@ -55,32 +53,23 @@ constexpr auto record_makers(std::index_sequence<at...>) {
     return std::array<Maker, sizeof...(at)>{&new_record<at>...};
 }
 
-struct Classes {
-    std::vector<Class_entry> entries;
-    std::deque<std::wstring> texts;
-
-    void add(const CLSID& clsid, std::string_view name, std::string_view description, Maker make) {
-        const wchar_t* prog_id = texts.emplace_back(L"Cuvexa." + wide(name)).c_str();
-        const wchar_t* shown = texts.emplace_back(wide(description)).c_str();
-        entries.push_back({clsid, prog_id, shown, make, &library_id, L"1.0"});
-    }
-};
-
 std::span<const Class_entry> classes() {
-    static const Classes all = [] {
-        Classes made;
+    static const Class_list all = [] {
+        Class_list list;
+        const auto add = [&](const CLSID& clsid, std::string_view name, const std::string& description, Maker make) {
+            list.add(clsid, "Cuvexa." + std::string(name), description, make, &library_id, L"1.0");
+        };
         constexpr auto objects = object_makers(std::make_index_sequence<std::size(class_ids)>());
         for (std::size_t at = 0; at < objects.size(); ++at)
-            made.add(class_ids[at].class_id, class_ids[at].name, "Cuvexa - " + std::string(class_ids[at].name),
-                     objects[at]);
+            add(class_ids[at].class_id, class_ids[at].name, "Cuvexa - " + std::string(class_ids[at].name), objects[at]);
         constexpr auto records = record_makers(std::make_index_sequence<std::size(record_types)>());
         for (std::size_t at = 0; at < records.size(); ++at) {
             const Record_type& type = record_types[at];
-            made.add(script_record_id(type), type.name, "Cuvexa - registro " + std::string(type.name), records[at]);
+            add(script_record_id(type), type.name, "Cuvexa - registro " + std::string(type.name), records[at]);
         }
-        return made;
+        return list;
     }();
-    return all.entries;
+    return all.entries();
 }
 
 // ---- The type library in the registry ------------------------------------------------------------------------------

@@ -92,8 +92,9 @@ protected:
         Pointer<IUnknown> factory;
         get_class_object(scripted_classes, scripted_class, IID_IUnknown, factory.receive_void());
         CoRegisterClassObject(scripted_class, factory.get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie_);
-        const std::string name = "CuvexaPrueba.Guion";
-        suite = make_automation_suite({name, name, name, name, name, name, name});
+        Suite_objects objects;
+        for_each_service([&](const auto& service) { objects.set(service.name, "CuvexaPrueba.Guion"); });
+        suite = make_automation_suite(objects);
     }
     ~Scripted_suite() override {
         CoRevokeClassObject(cookie_);
@@ -277,9 +278,8 @@ TEST_F(Scripted_suite, numbers_that_a_suite_gives_in_other_types_are_taken) {
 }
 
 TEST_F(Scripted_suite, a_service_that_is_not_registered_is_named) {
-    Suite_objects names;
-    names.accounting = "NoHay.Contabilidad";
-    EXPECT_THAT(failure_of<Result_error>([&] { make_automation_suite(names)->new_accounting(); }),
+    const Suite_objects objects = Suite_objects().set("AccountingService", "NoHay.Contabilidad");
+    EXPECT_THAT(failure_of<Result_error>([&] { make_automation_suite(objects)->new_accounting(); }),
                 ::testing::StartsWith("NoHay.Contabilidad: "));
 }
 

@@ -42,28 +42,22 @@ protected:
 };
 
 TEST_F(Settings, objects_have_default_names_that_the_registry_replaces_one_by_one) {
-    EXPECT_EQ(suite_objects_from_registry().session, "CuvexaSuite.SessionServices");
+    EXPECT_EQ(suite_objects_from_registry().prog_id<SessionServices>(), "CuvexaSuite.SessionServices");
     const Setting everybody(HKEY_LOCAL_MACHINE, L"Cuvexa\\Servicios", L"SessionServices", "Real.Sesion");
     const Setting payables(HKEY_LOCAL_MACHINE, L"Cuvexa\\Servicios", L"AccountsPayableService", "Real.Cxp");
     const Setting mine(HKEY_CURRENT_USER, L"Cuvexa\\Servicios", L"SessionServices", "Mia.Sesion");
     const Suite_objects names = suite_objects_from_registry();
-    EXPECT_EQ(names.session, "Mia.Sesion");
-    EXPECT_EQ(names.accounts_payable, "Real.Cxp");
-    EXPECT_EQ(names.data, "CuvexaSuite.DataServices");
+    EXPECT_EQ(names.prog_id<SessionServices>(), "Mia.Sesion");
+    EXPECT_EQ(names.prog_id<AccountsPayableService>(), "Real.Cxp");
+    EXPECT_EQ(names.prog_id<DataServices>(), "CuvexaSuite.DataServices");
 }
 
 TEST_F(Settings, every_service_can_be_named) {
-    const std::pair<const wchar_t*, std::string Suite_objects::*> all[] = {
-        {L"SessionServices", &Suite_objects::session},
-        {L"DataServices", &Suite_objects::data},
-        {L"PaymentMethodService", &Suite_objects::payment_methods},
-        {L"DocumentPaymentsService", &Suite_objects::document_payments},
-        {L"AccountsPayableService", &Suite_objects::accounts_payable},
-        {L"AccountsReceivableService", &Suite_objects::accounts_receivable},
-        {L"AccountingService", &Suite_objects::accounting}};
-    for (const auto& [value, place] : all) {
-        const Setting named(HKEY_CURRENT_USER, L"Cuvexa\\Servicios", value, "Otra." + utf8(value));
-        EXPECT_EQ(suite_objects_from_registry().*place, "Otra." + utf8(value));
+    for (const char* service : {"SessionServices", "DataServices", "PaymentMethodService", "DocumentPaymentsService",
+                                "AccountsPayableService", "AccountsReceivableService", "AccountingService"}) {
+        const std::string prog_id = "Otra." + std::string(service);
+        const Setting named(HKEY_CURRENT_USER, L"Cuvexa\\Servicios", wide(service), prog_id);
+        EXPECT_EQ(suite_objects_from_registry().prog_id(service), prog_id);
     }
 }
 
@@ -72,7 +66,7 @@ TEST_F(Settings, a_suite_is_there_when_the_class_of_its_session_is_registered) {
     const Library library;
     ASSERT_EQ(library.call("DllRegisterServer"), S_OK);
     EXPECT_TRUE(is_registered({}));
-    EXPECT_FALSE(is_registered({.session = "NoHay.Sesion"}));
+    EXPECT_FALSE(is_registered(Suite_objects().set("SessionServices", "NoHay.Sesion")));
     ASSERT_EQ(library.call("DllUnregisterServer"), S_OK);
     EXPECT_FALSE(is_registered({}));
     Key::made(HKEY_LOCAL_MACHINE, L"Software\\Classes\\CuvexaSuite.SessionServices\\CLSID")

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
 #include <set>
 #include <utility>
 
@@ -19,42 +18,45 @@ namespace {
 using namespace com;
 using namespace com_suite;
 
-/// The classes of the suite's services, in this process, before those that are registered on the machine.
-class Classes {
-public:
-    Classes() {
-        const Suite_objects names;
-        add(names.session, Published_service<SessionServices>::made);
-        add(names.data, Published_service<DataServices>::made);
-        add(names.payment_methods, Published_service<PaymentMethodService>::made);
-        add(names.document_payments, Published_service<DocumentPaymentsService>::made);
-        add(names.accounts_payable, Published_service<AccountsPayableService>::made);
-        add(names.accounts_receivable, Published_service<AccountsReceivableService>::made);
-        add(names.accounting, Published_service<AccountingService>::made);
-        for (const Class_entry& entry : entries_) {
-            Pointer<IClassFactory> factory;
-            check(get_class_object(entries_, entry.clsid, IID_IClassFactory, factory.receive_void()));
-            DWORD cookie;
-            check(CoRegisterClassObject(entry.clsid, factory.get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie));
-        }
-    }
+/// The suite whose services are published, that of the module in use.
+Suite* published_suite = nullptr;
 
-private:
-    void add(const std::string& prog_id, Pointer<IDispatch> (*make)()) {
-        Class_entry& entry = entries_[used_++];
-        check(CLSIDFromProgID(wide(prog_id).c_str(), &entry.clsid));
-        entry.create = make;
-    }
+std::shared_ptr<Session> session() {
+    static const auto only = std::make_shared<Session>([]() -> Suite& { return *published_suite; });
+    return only;
+}
 
-    std::array<Class_entry, 7> entries_{};
-    std::size_t used_ = 0;
-};
+template <class Service>
+Pointer<IDispatch> new_service() {
+    return Published_service<Service>::made(session());
+}
+
+template <class Service>
+Pointer<IDispatch> (*maker(const Named_service<Service>&))() {
+    return &new_service<Service>;
+}
+
+/// Puts the classes of the suite's services, in this process, before those that are registered on the machine.
+void publish_services() {
+    static Class_list classes;
+    for_each_service([](const auto& service) {
+        CLSID clsid;
+        check(CLSIDFromProgID(wide(Suite_objects().prog_id(service.name)).c_str(), &clsid));
+        classes.add(clsid, service.name, service.subject, maker(service));
+    });
+    for (const Class_entry& entry : classes.entries()) {
+        Pointer<IClassFactory> factory;
+        check(get_class_object(classes.entries(), entry.clsid, IID_IClassFactory, factory.receive_void()));
+        DWORD cookie;
+        check(CoRegisterClassObject(entry.clsid, factory.get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie));
+    }
+}
 
 class Apartment : public ::testing::Environment {
 public:
     void SetUp() override {
         ASSERT_TRUE(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)));
-        static const Classes classes;
+        publish_services();
     }
 };
 
@@ -94,7 +96,7 @@ void Treasury::connect() {
         forget_library_module();
         in_use = &module_;
     }
-    Session::publish(&module_.suite());
+    published_suite = &module_.suite();
     object_ = tests::new_remote_object("Tesoreria");
 }
 
