@@ -4,17 +4,12 @@
 # The operation tests, whole programs, on a PostgreSQL server of their own. What cannot run there stands in a file with
 # the reason.
 if(TARGET cuvexa_odbc)
-    file(STRINGS ${CMAKE_CURRENT_LIST_DIR}/only_on_sqlite.txt lines REGEX "^[A-Za-z*]")
-    set(only_on_sqlite)
-    foreach(line ${lines})
-        string(REGEX REPLACE " .*" "" test "${line}")
-        list(APPEND only_on_sqlite ${test})
-    endforeach()
-    list(JOIN only_on_sqlite ":" only_on_sqlite)
+    include(left_out.cmake)
+    cuvexa_left_out(but_on_sqlite ${CMAKE_CURRENT_LIST_DIR}/only_on_sqlite.txt)
     foreach(folder servers statements receipts banks deposits checks advances requests cancellations)
         if(TARGET cuvexa_${folder}_tests)
             add_test(NAME postgresql.${folder} COMMAND ${CMAKE_CURRENT_LIST_DIR}/with_postgresql
-                $<TARGET_FILE:cuvexa_${folder}_tests> --gtest_brief=1 --gtest_filter=-${only_on_sqlite})
+                $<TARGET_FILE:cuvexa_${folder}_tests> --gtest_brief=1 --gtest_filter=${but_on_sqlite})
             set_tests_properties(postgresql.${folder} PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 900 LABELS servers)
         endif()
     endforeach()
