@@ -271,6 +271,7 @@ auto taken(Suite& suite) {
     return std::shared_ptr<typename decltype(service)::element_type>(std::move(service));
 }
 
+/// In the order that gives the classes of CuvexaSuite.dll their identifiers: another one goes to the end.
 inline constexpr std::tuple services{
     Named_service{"SessionServices", "session", &taken<&Suite::session>},
     Named_service{"DataServices", "data", &taken<&Suite::data>},

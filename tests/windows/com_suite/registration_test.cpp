@@ -198,10 +198,13 @@ TEST(Published_registration, regsvr32_registers_seven_classes_and_takes_them_bac
     };
     ASSERT_EQ(run(L"regsvr32 /s CuvexaSuite.dll"), 0u);
     EXPECT_TRUE(is_registered({}));
+    CLSID expected = {0x3e9c7a10, 0x5d24, 0x4b6b, {0xa7, 0x31, 0x0f, 0x86, 0x2c, 0xd9, 0x54, 0xe8}};
     for (const char* name : {"SessionServices", "DataServices", "PaymentMethodService", "DocumentPaymentsService",
                              "AccountsPayableService", "AccountsReceivableService", "AccountingService"}) {
-        CLSID clsid;
+        CLSID clsid{};
         EXPECT_EQ(CLSIDFromProgID(wide("CuvexaSuite." + std::string(name)).c_str(), &clsid), S_OK) << name;
+        ++expected.Data1;
+        EXPECT_TRUE(IsEqualCLSID(clsid, expected)) << name;
     }
     ASSERT_EQ(run(L"regsvr32 /s /u CuvexaSuite.dll"), 0u);
     EXPECT_FALSE(is_registered({}));
