@@ -1,7 +1,6 @@
 #include "com_server/published_object.h"
 
 #include <algorithm>
-#include <array>
 #include <atomic>
 #include <map>
 #include <mutex>
@@ -13,6 +12,7 @@
 #include "com/failures.h"
 #include "com/object.h"
 #include "com/own_library.h"
+#include "com/virtual_table.h"
 #include "com_server/arguments.h"
 #include "com_server/identifiers.h"
 #include "com_server/record_memory.h"
@@ -23,12 +23,6 @@ namespace {
 constexpr const char* source = "Cuvexa";
 
 class Published;
-
-/// What clients point to: a virtual table, and behind it the object.
-struct Face {
-    const void* const* functions;
-    Published* object;
-};
 
 const void* const* functions_of(const Automation_class& type);
 
@@ -99,7 +93,7 @@ public:
     HRESULT call(std::size_t member, void** arguments);
 
 private:
-    Face face_;
+    Face<Published> face_;
     Error_support errors_{*this};
     Object object_;
     std::shared_ptr<void> keeps_;
@@ -273,26 +267,27 @@ HRESULT Published::call(std::size_t at, void** given) {
 
 // ---- The virtual table ---------------------------------------------------------------------------------------------
 
-HRESULT STDMETHODCALLTYPE query_interface(Face* face, REFIID iid, void** object) {
+HRESULT STDMETHODCALLTYPE query_interface(Face<Published>* face, REFIID iid, void** object) {
     return face->object->query(iid, object);
 }
-ULONG STDMETHODCALLTYPE add_reference(Face* face) {
+ULONG STDMETHODCALLTYPE add_reference(Face<Published>* face) {
     return face->object->add_reference();
 }
-ULONG STDMETHODCALLTYPE release(Face* face) {
+ULONG STDMETHODCALLTYPE release(Face<Published>* face) {
     return face->object->release();
 }
-HRESULT STDMETHODCALLTYPE get_type_info_count(Face* face, UINT* count) {
+HRESULT STDMETHODCALLTYPE get_type_info_count(Face<Published>* face, UINT* count) {
     return face->object->type_info_count(count);
 }
-HRESULT STDMETHODCALLTYPE get_type_info(Face* face, UINT at, LCID, ITypeInfo** info) {
+HRESULT STDMETHODCALLTYPE get_type_info(Face<Published>* face, UINT at, LCID, ITypeInfo** info) {
     return face->object->type_info(at, info);
 }
-HRESULT STDMETHODCALLTYPE get_ids_of_names(Face* face, REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
+HRESULT STDMETHODCALLTYPE get_ids_of_names(Face<Published>* face, REFIID, LPOLESTR* names, UINT count, LCID,
+                                           DISPID* ids) {
     return face->object->identifiers(names, count, ids);
 }
-HRESULT STDMETHODCALLTYPE invoke(Face* face, DISPID id, REFIID iid, LCID locale, WORD kind, DISPPARAMS* parameters,
-                                 VARIANT* result, EXCEPINFO* record, UINT* wrong) {
+HRESULT STDMETHODCALLTYPE invoke(Face<Published>* face, DISPID id, REFIID iid, LCID locale, WORD kind,
+                                 DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* record, UINT* wrong) {
     if (!IsEqualIID(iid, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
     if (!parameters) return E_INVALIDARG;
     try {
@@ -300,38 +295,6 @@ HRESULT STDMETHODCALLTYPE invoke(Face* face, DISPID id, REFIID iid, LCID locale,
     } catch (...) {
         return raise(current_failure(), source, record);
     }
-}
-
-/// Whatever a member takes and gives goes through the table as a pointer, so a function is known by its place and
-/// by how many there are.
-template <std::size_t member, class... Pointers>
-HRESULT STDMETHODCALLTYPE member_function(Face* face, Pointers... pointers) {
-    std::array<void*, sizeof...(Pointers) + 1> arguments{pointers...};
-    return face->object->call(member, arguments.data());
-}
-
-template <std::size_t>
-using Any_pointer = void*;
-
-template <std::size_t member, std::size_t... places>
-const void* with_pointers(std::index_sequence<places...>) {
-    return reinterpret_cast<const void*>(&member_function<member, Any_pointer<places>...>);
-}
-
-constexpr std::size_t most_members = 64;
-constexpr std::size_t most_pointers = 9;
-
-template <std::size_t member, std::size_t... counts>
-constexpr auto functions_by_count(std::index_sequence<counts...>) {
-    using Maker = const void* (*)();
-    return std::array<Maker, sizeof...(counts)>{
-        +[] { return with_pointers<member>(std::make_index_sequence<counts>()); }...};
-}
-
-template <std::size_t... members>
-const void* function_of(std::size_t member, std::size_t pointers, std::index_sequence<members...>) {
-    static constexpr std::array makers{functions_by_count<members>(std::make_index_sequence<most_pointers + 1>())...};
-    return makers.at(member).at(pointers)();
 }
 
 std::vector<const void*> make_functions(const Automation_class& type) {
@@ -347,7 +310,7 @@ std::vector<const void*> make_functions(const Automation_class& type) {
     for (std::size_t at = 0; at < type.members.size(); ++at) {
         const Member& member = type.members[at];
         const std::size_t pointers = member.parameters.size() + (member.result.type == Type::none ? 0 : 1);
-        functions.push_back(function_of(at, pointers, std::make_index_sequence<most_members>()));
+        functions.push_back(function_of<Published>(at, pointers));
     }
     return functions;
 }
@@ -373,7 +336,7 @@ Object object_behind(IUnknown* client_object) {
     Pointer<IUnknown> own;
     if (FAILED(client_object->QueryInterface(own_iid<Published>(), own.receive_void())))
         throw Result_error(DISP_E_TYPEMISMATCH, "an object of this component is expected");
-    return reinterpret_cast<Face*>(own.get())->object->object();
+    return reinterpret_cast<Face<Published>*>(own.get())->object->object();
 }
 
 }  // namespace cuvexa::com_server
