@@ -2,8 +2,6 @@
 
 #include "core/case.h"
 #include "core/codes.h"
-#include "cuvexa/errors.h"
-#include "cuvexa/suite/schema.h"
 #include "suite/statements.h"
 
 namespace cuvexa {
@@ -15,35 +13,7 @@ const char* yes_no(bool yes) {
     return yes ? "SI" : "NO";
 }
 
-/// The version of the schema, or nothing when the table that tells it is not there.
-std::optional<int> version(Connection& connection) {
-    try {
-        const Rows rows = query(connection, "SELECT Eq_Version FROM Esquema_Suite WHERE Eq_Nombre = 'CUVEXA'");
-        if (rows.eof()) return std::nullopt;
-        return static_cast<int>(rows.number("Eq_Version"));
-    } catch (const Database_error&) {
-        return std::nullopt;
-    }
-}
-
 }  // namespace
-
-bool has_schema(Connection& connection) {
-    return version(connection).has_value();
-}
-
-void require_schema(Connection& connection) {
-    const std::optional<int> found = version(connection);
-    if (!found) {
-        throw Database_error("The database does not hold the Cuvexa schema; create one with: cuvexa init --db FILE");
-    }
-    if (*found != schema_version) {
-        throw Database_error(
-            filled("The database holds version {} of the schema, and this program works with version {}; use "
-                   "the program of that version, or create another database with: cuvexa init --db FILE",
-                   *found, schema_version));
-    }
-}
 
 std::vector<System_parameter> parameters(Connection& connection) {
     std::vector<System_parameter> all;

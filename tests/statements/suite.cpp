@@ -1,3 +1,4 @@
+#include "company/version.h"
 #include "cuvexa/suite/administration.h"
 #include "cuvexa/suite/audit.h"
 #include "statements/cases.h"
@@ -297,7 +298,7 @@ Case administering(std::string title, Administer administer) {
 
 std::vector<Case> administration_cases() {
     return {
-        administering("the version of the schema", [](Connection& wire) { require_schema(wire); }),
+        administering("the version of the schema", [](Connection& wire) { company::version_of(wire); }),
         administering("all parameters", [](Connection& wire) { parameters(wire); }),
         administering("a parameter is set, set anew and taken away",
                       [](Connection& wire) {

@@ -115,24 +115,6 @@ TEST_F(Schema, the_sample_accounts_add_up) {
     EXPECT_EQ(suite.data()->GetNextFolio("MTY", "ANTICIPO_CXC"), "AN-MTY-00000003");
 }
 
-TEST_F(Schema, another_version_and_no_schema_are_told_apart) {
-    EXPECT_TRUE(has_schema(connection));
-    EXPECT_NO_THROW(require_schema(connection));
-    sql("UPDATE Esquema_Suite SET Eq_Version = 9");
-    const auto why = [](Connection& database) -> std::string {
-        try {
-            require_schema(database);
-        } catch (const Database_error& error) {
-            return error.what();
-        }
-        return {};
-    };
-    EXPECT_THAT(why(connection), HasSubstr("holds version 9 of the schema, and this program works with version 1"));
-    Sqlite_connection empty(":memory:");
-    EXPECT_FALSE(has_schema(empty));
-    EXPECT_THAT(why(empty), HasSubstr("does not hold the Cuvexa schema; create one with: cuvexa init"));
-}
-
 TEST_F(Schema, parameters_are_listed_set_and_unset) {
     EXPECT_EQ(parameter(connection, "TES_MOVIMIENTO_DEPOSITO"), "DEP");
     EXPECT_EQ(parameter(connection, "NO_EXISTE"), std::nullopt);

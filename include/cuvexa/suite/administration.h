@@ -9,13 +9,6 @@
 
 namespace cuvexa {
 
-/// Whether the database holds this schema, of whatever version.
-bool has_schema(Connection& connection);
-
-/// Throws `Database_error` with a text that says what to do when the database does not hold this schema or holds
-/// another version of it.
-void require_schema(Connection& connection);
-
 struct System_parameter {
     std::string name;
     std::string value;
