@@ -7,5 +7,5 @@ if(NOT TARGET cuvexa_sqlite)
     return()
 endif()
 
-cuvexa_library(com_suite ROOMS com_suite USES com suite sqlite)
+cuvexa_library(com_suite ROOMS com_suite USES com company)
 cuvexa_server(cuvexa_suite_dll CuvexaSuite ROOM com_suite/dll USES com_suite)

@@ -12,8 +12,7 @@
 #include "com/registration.h"
 #include "com_suite/automation_suite.h"
 #include "com_suite/embedded_suite.h"
-#include "cuvexa/database/script.h"
-#include "cuvexa/suite/schema.h"
+#include "cuvexa/database/sqlite_connection.h"
 #include "support/snapshot.h"
 
 namespace cuvexa::tests {
@@ -99,9 +98,7 @@ private:
 };
 
 inline void make_sample_company(const std::string& file) {
-    Sqlite_connection connection(file, {.synchronous = Synchronous::off, .create = true});
-    run_script(connection, schema_sql());
-    run_script(connection, sample_company_sql());
+    Company::create({.database = file, .synchronous = "off"}, Contents::sample_company);
 }
 
 /// A sample company with its server date, and the published suite over it.

@@ -34,7 +34,7 @@ protected:
     static std::string refusal() {
         try {
             make_embedded_suite({});
-        } catch (const Database_error& failure) {
+        } catch (const Company_error& failure) {
             return failure.what();
         }
         return "none";
@@ -77,11 +77,11 @@ TEST_F(Settings, a_suite_is_there_when_the_class_of_its_session_is_registered) {
 
 TEST_F(Settings, the_environment_names_the_database_before_the_registry_and_the_user_before_everybody) {
     const Setting everybody(HKEY_LOCAL_MACHINE, L"Cuvexa", L"BaseDeDatos", "C:\\todos.db");
-    EXPECT_EQ(embedded_settings().database, "C:\\todos.db");
+    EXPECT_EQ(embedded_settings().company.database, "C:\\todos.db");
     const Setting mine(HKEY_CURRENT_USER, L"Cuvexa", L"BaseDeDatos", "C:\\mía.db");
-    EXPECT_EQ(embedded_settings().database, "C:\\mía.db");
+    EXPECT_EQ(embedded_settings().company.database, "C:\\mía.db");
     const Variable named("CUVEXA_DB", "C:\\ésta.db");
-    EXPECT_EQ(embedded_settings().database, "C:\\ésta.db");
+    EXPECT_EQ(embedded_settings().company.database, "C:\\ésta.db");
     EXPECT_FALSE(embedded_settings().try_out);
 }
 
@@ -142,7 +142,7 @@ TEST_F(Settings, two_programs_that_find_nothing_get_the_same_sample_company) {
             try {
                 make_embedded_suite({})->data()->GetNextFolio("MTY", "CHEQUE");
                 ++done;
-            } catch (const Database_error& failure) {
+            } catch (const Company_error& failure) {
                 ADD_FAILURE() << failure.what();
             }
         });
