@@ -10,10 +10,10 @@
 #include <string>
 #include <vector>
 
-#include "automation/fake_suite.h"
 #include "automation/made_up_class.h"
 #include "automation/members.h"
 #include "cuvexa/tesoreria.h"
+#include "support/company.h"
 #include "support/places.h"
 
 namespace cuvexa::tests {
@@ -23,8 +23,8 @@ using Json = nlohmann::json;
 
 /// A client that sends lines and reads all answers. Object 1 is a Tesoreria, 2 a clsRpDetalle, 3 of a made-up class.
 struct Json_rpc : testing::Test {
-    Fake_module fake;
-    std::shared_ptr<Tesoreria> instance = std::make_shared<Tesoreria>(fake.module);
+    Company company;
+    std::shared_ptr<Tesoreria> instance = std::make_shared<Tesoreria>(company.module());
     Around_call around_call;
 
     std::vector<std::string> answers(const std::string& lines) {
@@ -68,7 +68,7 @@ struct Json_rpc : testing::Test {
 private:
     /// The first Tesoreria is the one that the test looks into.
     Object_factory factory() {
-        return [this, make = object_factory(fake.module)](std::string_view name) -> Object {
+        return [this, make = object_factory(company.module())](std::string_view name) -> Object {
             if (name == "Tesoreria") return std::make_shared<Automation_object_of<Tesoreria>>(instance);
             if (name == "Made_up") return std::make_shared<Made_up_object>();
             return make(name);
@@ -128,11 +128,17 @@ TEST_F(Json_rpc, a_call_answers_the_result_and_the_arguments_as_they_are_after_i
 }
 
 TEST_F(Json_rpc, a_call_reaches_the_member_with_its_arguments) {
-    result("call", R"({"object":1,"member":"Genera_Deposito","args":["B1","R1","2024-03-15",true,"2024-03-16"]})");
-    Fake_module other;
-    Tesoreria direct(other.module);
-    direct.Genera_Deposito("B1", "R1", make_date(2024, 3, 15), true, make_date(2024, 3, 16));
-    EXPECT_EQ(fake.notes.asked, other.notes.asked);
+    const std::string receipts = company.capture_receipt({Company::receipt_line(100)});
+    company.mark();
+    result(
+        "call",
+        R"({"object":1,"member":"Genera_Deposito","args":["SRR-MXN","RP-MTY-00000001","2024-03-15",true,"2024-03-16"]})");
+    Company other;
+    other.capture_receipt({Company::receipt_line(100)});
+    other.mark();
+    EXPECT_TRUE(
+        other.treasury().Genera_Deposito("SRR-MXN", receipts, make_date(2024, 3, 15), true, make_date(2024, 3, 16)));
+    EXPECT_EQ(company.asked(), other.asked());
 }
 
 TEST_F(Json_rpc, a_member_is_found_without_regard_to_case) {
@@ -173,13 +179,13 @@ TEST_F(Json_rpc, arguments_may_be_given_by_name_and_come_back_so) {
 }
 
 TEST_F(Json_rpc, wrong_counts_and_types_of_arguments_are_invalid_params_and_nothing_runs) {
-    const auto before = fake.notes.asked;
+    company.mark();
     for (const char* args : {R"([])", R"(["B1",true,1])", R"([null])", R"([1])", R"([true])", R"([["B1"]])",
                              R"([{"object":1}])", R"(["B1","si"])", R"(["B1",[]])", R"("B1")", R"(1)", R"(null)"}) {
         EXPECT_EQ(code("call", R"({"object":1,"member":"GetSaldo","args":)" + std::string(args) + "}"), invalid_params)
             << args;
     }
-    EXPECT_EQ(fake.notes.asked, before);
+    EXPECT_THAT(company.asked(), IsEmpty());
 }
 
 TEST_F(Json_rpc, an_error_names_the_argument) {
@@ -496,7 +502,7 @@ TEST_F(Json_rpc, each_answer_is_flushed_as_one_line) {
     std::istringstream requests(with_objects);
     Flush_recorder recorder;
     std::ostream stream(&recorder);
-    serve_json_rpc(requests, stream, fake.module);
+    serve_json_rpc(requests, stream, company.module());
     EXPECT_THAT(recorder.flushed, testing::ElementsAre("{\"jsonrpc\":\"2.0\",\"result\":{\"object\":1},\"id\":1}\n",
                                                        "{\"jsonrpc\":\"2.0\",\"result\":{\"object\":2},\"id\":2}\n"));
 }

@@ -1,51 +1,56 @@
 // Cancellation of a deposit.
-#include "support/obstructed_treasury.h"
+#include <algorithm>
+
+#include "support/company_test.h"
+#include "support/texts.h"
 
 namespace cuvexa::tests {
 namespace {
 
 const std::string tag = "Cuvexa.dll - Cancelar_Deposito()\r\n";
-const std::string document_tag = "Cuvexa.dll - Cancelar_Documento_Bancos()\r\n";
-const std::string guard_tag = "Cuvexa.dll - Valida_Poliza_Contable()\r\n";
-const std::string cancelled = "Oper_Baja  -> MLOPEZ, Fecha_Baja NULL -> 2024-03-15T10:20:30, Es_Cve_Estado ";
+
+void receipt(Company& company, const std::string& folio, const std::string& id, const std::string& state,
+             const std::string& deposit, const std::string& line) {
+    company.sql(
+        "INSERT INTO Recibo_Pago (Rp_Folio, Rp_Id, Es_Cve_Estado, Rp_Folio_Deposito, Rp_Deposito_ID, Rp_Fecha_Deposito) "
+        "VALUES ('" +
+        folio + "', '" + id + "', '" + state + "', '" + deposit + "', '" + line + "', '2024-03-15')");
+}
+
+void line(Company& company, const std::string& folio, const std::string& id) {
+    company.sql("INSERT INTO Deposito_Pago (Dp_Folio, Dp_Id, Dp_Fecha) VALUES ('" + folio + "', '" + id +
+                "', '2024-03-15')");
+}
+
+void movement(Company& company, const std::string& folio, const std::string& deposit, const std::string& line,
+              double amount) {
+    company.sql(
+        "INSERT INTO Banco_Movimiento (Bm_Folio, Bc_Cve_Banco_Cuenta, Bm_Tabla, Bm_Documento, Bm_Documento_ID, "
+        "Bm_Importe, Es_Cve_Estado) VALUES ('" +
+        folio + "', 'PTO-MXN', 'DEPOSITO_PAGO', '" + deposit + "', '" + line + "', " + number_text(amount) + ", 'TR')");
+}
 
 /// Two receipts in the deposit D-1, one of them with a line that was not deposited, and another deposit beside it.
-class Made_deposit : public Obstructed_treasury {
+void made_deposit(Company& company) {
+    among_agreeing_services(company);
+    company.on.parameters["GEN_FORZAR_TIEMPO_REAL"] = true;
+    receipt(company, "R-1", "0001", "DP", "D-1", "0001");
+    receipt(company, "R-1", "0002", "AC", "", "");
+    receipt(company, "R-2", "0001", "AD", "D-1", "0002");
+    receipt(company, "R-2", "0002", "AD", "D-1", "0002");
+    receipt(company, "R-3", "0001", "DP", "D-2", "0001");
+    line(company, "D-1", "0001");
+    line(company, "D-1", "0002");
+    line(company, "D-2", "0001");
+    movement(company, "M-1", "D-1", "0001", 100);
+    movement(company, "M-2", "D-1", "0002", 50);
+    movement(company, "M-3", "D-2", "0001", 8);
+    company.restart();
+}
+
+class Made_deposit : public Company_test {
 protected:
-    Made_deposit() {
-        on.parameters["GEN_FORZAR_TIEMPO_REAL"] = true;
-        receipt("R-1", "0001", "DP", "D-1", "0001");
-        receipt("R-1", "0002", "AC", "", "");
-        receipt("R-2", "0001", "AD", "D-1", "0002");
-        receipt("R-2", "0002", "AD", "D-1", "0002");
-        receipt("R-3", "0001", "DP", "D-2", "0001");
-        line("D-1", "0001");
-        line("D-1", "0002");
-        line("D-2", "0001");
-        movement("M-1", "D-1", "0001", 100);
-        movement("M-2", "D-1", "0002", 50);
-        movement("M-3", "D-2", "0001", 8);
-    }
-
-    void receipt(const std::string& folio, const std::string& id, const std::string& state, const std::string& deposit,
-                 const std::string& line) {
-        run("INSERT INTO Recibo_Pago (Rp_Folio, Rp_Id, Es_Cve_Estado, Rp_Folio_Deposito, Rp_Deposito_ID, "
-            "Rp_Fecha_Deposito) "
-            "VALUES ('" +
-            folio + "', '" + id + "', '" + state + "', '" + deposit + "', '" + line + "', '2024-03-15')");
-    }
-
-    void line(const std::string& folio, const std::string& id) {
-        run("INSERT INTO Deposito_Pago (Dp_Folio, Dp_Id, Dp_Fecha) VALUES ('" + folio + "', '" + id +
-            "', '2024-03-15')");
-    }
-
-    void movement(const std::string& folio, const std::string& deposit, const std::string& line, double amount) {
-        run("INSERT INTO Banco_Movimiento (Bm_Folio, Bc_Cve_Banco_Cuenta, Bm_Tabla, Bm_Documento, Bm_Documento_ID, "
-            "Bm_Importe, Es_Cve_Estado) VALUES ('" +
-            folio + "', 'CTA-1', 'DEPOSITO_PAGO', '" + deposit + "', '" + line + "', " + number_text(amount) +
-            ", 'TR')");
-    }
+    Made_deposit() { made_deposit(company); }
 
     bool cancel(const std::string& folio = "D-1") { return treasury().Cancelar_Deposito(folio); }
 
@@ -61,12 +66,12 @@ protected:
 TEST_F(Made_deposit, that_is_cancelled_gives_receipts_lines_and_money_back) {
     EXPECT_THAT(
         changes([this] { return cancel(); }),
-        ElementsAre("~ Banco BAN-1: Bn_Saldo 1500.0 -> 1350.0", "~ Banco_Cuenta CTA-1: Bc_Saldo 1000.0 -> 850.0",
+        ElementsAre("~ Banco PUERTO: Bn_Saldo 1500.0 -> 1350.0", "~ Banco_Cuenta PTO-MXN: Bc_Saldo 1000.0 -> 850.0",
                     "~ Banco_Movimiento M-1: " + cancelled + "TR -> CA",
                     "~ Banco_Movimiento M-2: " + cancelled + "TR -> CA", documents_undone[0], documents_undone[1],
                     documents_undone[2], documents_undone[3], documents_undone[4]));
     EXPECT_THAT(rows("Deposito_Pago", "Oper_Ult_Modif, Fecha_Ult_Modif", "Dp_Folio = 'D-1'"),
-                ElementsAre("MLOPEZ|2024-03-15T10:20:30", "MLOPEZ|2024-03-15T10:20:30"));
+                ElementsAre("CAJA1|2024-03-15 10:20:30", "CAJA1|2024-03-15 10:20:30"));
 }
 
 TEST_F(Made_deposit, is_cancelled_by_these_calls) {
@@ -78,38 +83,14 @@ TEST_F(Made_deposit, is_cancelled_by_these_calls) {
                             "IsDocumentPosted(BANCO_MOVIMIENTO, M-2)", "RegisterDocument(BANCO_MOVIMIENTO, M-2)"));
 }
 
-class Deposit_refusal : public Made_deposit, public ::testing::WithParamInterface<std::size_t> {
-protected:
-    std::vector<Refusal_step> steps() {
-        return {
-            {"unknown", [this] { folio = "D-9"; }, tag + "El depósito: D-9, no existe!"},
-            {"cancelled", [this] { run("UPDATE Deposito_Pago SET Es_Cve_Estado = 'CA' WHERE Dp_Folio = 'D-1'"); },
-             tag + "El depósito: D-1, está cancelado!"},
-            {"same day", [this] { run("UPDATE Deposito_Pago SET Dp_Fecha = '2024-03-14' WHERE Dp_Folio = 'D-1'"); },
-             tag + "No es posible realizar esta operación, la fecha del documento no es del día actual\r\n"
-                   "Fecha del documento: 14/03/2024, fecha del día: 15/03/2024"},
-            {"posted", [this] { on.accept("IsDocumentPosted"); },
-             tag + guard_tag + "Imposible cancelar el documento, ya está contabilizado! \r\nDEPOSITO_PAGO: D-1"},
-        };
-    }
-
-    std::string folio = "D-1";
-};
-
-TEST_P(Deposit_refusal, leaves_its_text_and_writes_nothing) {
-    steps().at(GetParam()).obstruct();
-    expect_refusal(steps().at(GetParam()).message, [this] { return cancel(folio); });
+TEST(Made_deposit_refusals, come_in_the_order_of_the_steps) {
+    expect_refusals_in_order(
+        {{"unknown", sql("DELETE FROM Deposito_Pago WHERE Dp_Folio = 'D-1'"), tag + "El depósito: D-1, no existe!"},
+         {"cancelled", sql("UPDATE Deposito_Pago SET Es_Cve_Estado = 'CA'"), tag + "El depósito: D-1, está cancelado!"},
+         {"same day", sql("UPDATE Deposito_Pago SET Dp_Fecha = '2024-03-14'"), tag + not_today},
+         {"posted", accepting("IsDocumentPosted"), tag + guard_tag + posted + "DEPOSITO_PAGO: D-1"}},
+        made_deposit, [](Company& company) { return company.treasury().Cancelar_Deposito("D-1"); });
 }
-
-TEST_P(Deposit_refusal, comes_before_the_next_one) {
-    const std::vector<Refusal_step> all = steps();
-    if (GetParam() + 1 == all.size()) return;
-    all[GetParam() + 1].obstruct();
-    all[GetParam()].obstruct();
-    expect_refusal(all[GetParam()].message, [this] { return cancel(folio); });
-}
-
-INSTANTIATE_TEST_SUITE_P(Steps, Deposit_refusal, ::testing::Range<std::size_t>(0, 4));
 
 TEST_F(Made_deposit, of_yesterday_is_cancelled_while_real_time_is_not_forced) {
     on.parameters["GEN_FORZAR_TIEMPO_REAL"] = false;
@@ -124,12 +105,11 @@ TEST_F(Made_deposit, is_not_cancelled_twice) {
 
 TEST_F(Made_deposit, whose_receipt_holds_both_deposited_states_fails_in_the_database) {
     run("UPDATE Recibo_Pago SET Es_Cve_Estado = 'DP' WHERE Rp_Folio = 'R-2' AND Rp_Id = '0002'");
-    treasury();
-    const Snapshot before = look();
+    company.mark();
     EXPECT_FALSE(cancel());
     EXPECT_THAT(treasury().Error(), ::testing::StartsWith(tag));
     EXPECT_GT(treasury().Error().size(), tag.size());
-    EXPECT_THAT(before.changes_to(look()), IsEmpty());
+    EXPECT_THAT(company.changes(), IsEmpty());
 }
 
 TEST_F(Made_deposit, without_a_live_movement_leaves_the_documents_undone_and_the_bank_as_it_was) {

@@ -1,5 +1,5 @@
 // The accounting guard.
-#include "support/obstructed_treasury.h"
+#include "support/company_test.h"
 
 namespace cuvexa::tests {
 
@@ -18,7 +18,7 @@ namespace {
 
 const std::string guard_tag = "Cuvexa.dll - Valida_Poliza_Contable()\r\n";
 
-class Accounting_guard : public Obstructed_treasury {
+class Accounting_guard : public Company_test {
 protected:
     bool ask(const std::string& table = "CHEQUE", const std::string& document = "C-1") {
         return guard(treasury(), table, document);

@@ -1,32 +1,35 @@
 // Cancellation of bank movements, by their folio and by their document.
-#include "support/obstructed_treasury.h"
+#include "support/company_test.h"
+#include "support/texts.h"
 
 namespace cuvexa::tests {
 namespace {
 
 const std::string folio_tag = "Cuvexa.dll - Cancelar_Movimiento_Bancos()\r\n";
-const std::string document_tag = "Cuvexa.dll - Cancelar_Documento_Bancos()\r\n";
-const std::string guard_tag = "Cuvexa.dll - Valida_Poliza_Contable()\r\n";
-const std::string cancelled = "Oper_Baja  -> MLOPEZ, Fecha_Baja NULL -> 2024-03-15T10:20:30, Es_Cve_Estado ";
 
-class Registered_movements : public Obstructed_treasury {
+void movement(Company& company, const std::string& folio, const std::string& account, const std::string& document,
+              double amount, const std::string& state, const std::string& table = "DEPOSITO_PAGO") {
+    company.sql(
+        "INSERT INTO Banco_Movimiento (Bm_Folio, Bc_Cve_Banco_Cuenta, Bm_Tabla, Bm_Documento, Bm_Fecha, Bm_Importe, "
+        "Es_Cve_Estado) VALUES ('" +
+        folio + "', '" + account + "', '" + table + "', '" + document + "', '2024-03-15', " + number_text(amount) +
+        ", '" + state + "')");
+}
+
+/// Two movements of the document D-1 and one of another document.
+void registered_movements(Company& company) {
+    among_agreeing_services(company);
+    company.on.parameters["GEN_FORZAR_TIEMPO_REAL"] = true;
+    company.on.parameters["GEN_VALIDAR_PERIODO_OPERATIVO"] = true;
+    movement(company, "M-1", "PTO-MXN", "D-1", -100, "TR");
+    movement(company, "M-2", "SRR-USD", "D-1", 25.5, "FI");
+    movement(company, "M-3", "PTO-GRAL", "D-2", 60, "TR");
+    company.restart();
+}
+
+class Registered_movements : public Company_test {
 protected:
-    Registered_movements() {
-        on.parameters["GEN_FORZAR_TIEMPO_REAL"] = true;
-        on.parameters["GEN_VALIDAR_PERIODO_OPERATIVO"] = true;
-        movement("M-1", "CTA-1", "D-1", -100, "TR");
-        movement("M-2", "CTA-3", "D-1", 25.5, "FI");
-        movement("M-3", "CTA-2", "D-2", 60, "TR");
-    }
-
-    void movement(const std::string& folio, const std::string& account, const std::string& document, double amount,
-                  const std::string& state, const std::string& table = "DEPOSITO_PAGO") {
-        run("INSERT INTO Banco_Movimiento (Bm_Folio, Bc_Cve_Banco_Cuenta, Bm_Tabla, Bm_Documento, Bm_Fecha, "
-            "Bm_Importe, "
-            "Es_Cve_Estado) VALUES ('" +
-            folio + "', '" + account + "', '" + table + "', '" + document + "', '2024-03-15', " + number_text(amount) +
-            ", '" + state + "')");
-    }
+    Registered_movements() { registered_movements(company); }
 
     bool cancel(const std::string& folio = "M-1") { return treasury().Cancelar_Movimiento_Bancos(folio); }
     bool cancel_document(const std::string& document = "D-1", const std::string& table = "DEPOSITO_PAGO") {
@@ -39,19 +42,19 @@ protected:
 TEST_F(Registered_movements, an_outflow_that_is_cancelled_comes_back_into_both_balances) {
     EXPECT_THAT(
         changes([this] { return cancel("M-1"); }),
-        ElementsAre("~ Banco BAN-1: Bn_Saldo 1500.0 -> 1600.0", "~ Banco_Cuenta CTA-1: Bc_Saldo 1000.0 -> 1100.0",
+        ElementsAre("~ Banco PUERTO: Bn_Saldo 1500.0 -> 1600.0", "~ Banco_Cuenta PTO-MXN: Bc_Saldo 1000.0 -> 1100.0",
                     "~ Banco_Movimiento M-1: " + cancelled + "TR -> CA"));
-    EXPECT_THAT(rows("Banco_Cuenta", "Oper_Ult_Modif, Fecha_Ult_Modif", "Bc_Cve_Banco_Cuenta = 'CTA-1'"),
-                ElementsAre("MLOPEZ|2024-03-15T10:20:30"));
-    EXPECT_THAT(rows("Banco", "Oper_Ult_Modif, Fecha_Ult_Modif", "Bn_Cve_Banco = 'BAN-1'"),
-                ElementsAre("MLOPEZ|2024-03-15T10:20:30"));
+    EXPECT_THAT(rows("Banco_Cuenta", "Oper_Ult_Modif, Fecha_Ult_Modif", "Bc_Cve_Banco_Cuenta = 'PTO-MXN'"),
+                ElementsAre("CAJA1|2024-03-15 10:20:30"));
+    EXPECT_THAT(rows("Banco", "Oper_Ult_Modif, Fecha_Ult_Modif", "Bn_Cve_Banco = 'PUERTO'"),
+                ElementsAre("CAJA1|2024-03-15 10:20:30"));
     EXPECT_THAT(rows("Banco_Movimiento", "Oper_Ult_Modif, Fecha_Ult_Modif", "Bm_Folio = 'M-1'"),
-                ElementsAre("MLOPEZ|2024-03-15T10:20:30"));
+                ElementsAre("CAJA1|2024-03-15 10:20:30"));
 }
 
 TEST_F(Registered_movements, an_inflow_that_is_cancelled_leaves_both_balances) {
     EXPECT_THAT(changes([this] { return cancel("M-2"); }),
-                ElementsAre("~ Banco BAN-2: Bn_Saldo 70.0 -> 44.5", "~ Banco_Cuenta CTA-3: Bc_Saldo 70.0 -> 44.5",
+                ElementsAre("~ Banco SIERRA: Bn_Saldo 70.0 -> 44.5", "~ Banco_Cuenta SRR-USD: Bc_Saldo 70.0 -> 44.5",
                             "~ Banco_Movimiento M-2: " + cancelled + "FI -> CA"));
 }
 
@@ -62,40 +65,16 @@ TEST_F(Registered_movements, one_is_cancelled_by_these_calls) {
                             "IsDocumentPosted(BANCO_MOVIMIENTO, M-1)", "RegisterDocument(BANCO_MOVIMIENTO, M-1)"));
 }
 
-class Movement_refusal : public Registered_movements, public ::testing::WithParamInterface<std::size_t> {
-protected:
-    std::vector<Refusal_step> steps() {
-        return {
-            {"unknown", [this] { folio = "M-9"; }, folio_tag + "No se encontró el movimiento de banco: M-9"},
-            {"cancelled", [this] { run("UPDATE Banco_Movimiento SET Es_Cve_Estado = 'CA' WHERE Bm_Folio = 'M-1'"); },
-             folio_tag + "El movimiento:M-1, está cancelado!"},
-            {"same day", [this] { run("UPDATE Banco_Movimiento SET Bm_Fecha = '2024-03-14' WHERE Bm_Folio = 'M-1'"); },
-             folio_tag + "No es posible realizar esta operación, la fecha del documento no es del día actual\r\n"
-                         "Fecha del documento: 14/03/2024, fecha del día: 15/03/2024"},
-            {"period", [this] { on.refuse("IsOperatingPeriodOpen", ""); },
-             folio_tag + "El período operativo correspondiente a la fecha: 15-03-2024, está cerrado o no existe!"},
-            {"posted", [this] { on.accept("IsDocumentPosted", "Póliza 77"); },
-             folio_tag + guard_tag + "Imposible cancelar el documento, ya está contabilizado! \r\nPóliza 77"},
-        };
-    }
-
-    std::string folio = "M-1";
-};
-
-TEST_P(Movement_refusal, leaves_its_text_and_writes_nothing) {
-    steps().at(GetParam()).obstruct();
-    expect_refusal(steps().at(GetParam()).message, [this] { return cancel(folio); });
+TEST(Movement_refusals, come_in_the_order_of_the_steps) {
+    expect_refusals_in_order(
+        {{"unknown", sql("DELETE FROM Banco_Movimiento"), folio_tag + "No se encontró el movimiento de banco: M-1"},
+         {"cancelled", sql("UPDATE Banco_Movimiento SET Es_Cve_Estado = 'CA'"),
+          folio_tag + "El movimiento:M-1, está cancelado!"},
+         {"same day", sql("UPDATE Banco_Movimiento SET Bm_Fecha = '2024-03-14'"), folio_tag + not_today},
+         {"period", refusing("IsOperatingPeriodOpen", ""), folio_tag + period_closed},
+         {"posted", accepting("IsDocumentPosted", "Póliza 77"), folio_tag + guard_tag + posted + "Póliza 77"}},
+        registered_movements, [](Company& company) { return company.treasury().Cancelar_Movimiento_Bancos("M-1"); });
 }
-
-TEST_P(Movement_refusal, comes_before_the_next_one) {
-    const std::vector<Refusal_step> all = steps();
-    if (GetParam() + 1 == all.size()) return;
-    all[GetParam() + 1].obstruct();
-    all[GetParam()].obstruct();
-    expect_refusal(all[GetParam()].message, [this] { return cancel(folio); });
-}
-
-INSTANTIATE_TEST_SUITE_P(Steps, Movement_refusal, ::testing::Range<std::size_t>(0, 5));
 
 TEST_F(Registered_movements, cancelled_twice_is_refused) {
     ASSERT_TRUE(cancel("M-1"));
@@ -118,14 +97,14 @@ TEST_F(Registered_movements, a_failed_registration_is_reported_under_the_tag_of_
     on.refuse("RegisterDocument", "No hay réplica");
     left_by("Cuvexa.dll - Registra_Movimiento_Banco()\r\nNo hay réplica", [this] { return cancel("M-1"); });
     EXPECT_THAT(rows("Banco_Movimiento", "Es_Cve_Estado", "Bm_Folio = 'M-1'"), ElementsAre("CA"));
-    EXPECT_THAT(rows("Banco_Cuenta", "Bc_Saldo", "Bc_Cve_Banco_Cuenta = 'CTA-1'"), ElementsAre("1100"));
+    EXPECT_THAT(rows("Banco_Cuenta", "Bc_Saldo", "Bc_Cve_Banco_Cuenta = 'PTO-MXN'"), ElementsAre("1100.0"));
 }
 
 class Movement_failure : public Registered_movements, public ::testing::WithParamInterface<std::size_t> {
 protected:
     std::vector<std::string> expected_left() const {
-        const std::vector<std::string> writes = {"~ Banco_Cuenta CTA-1: Bc_Saldo 1000.0 -> 1100.0",
-                                                 "~ Banco BAN-1: Bn_Saldo 1500.0 -> 1600.0"};
+        const std::vector<std::string> writes = {"~ Banco_Cuenta PTO-MXN: Bc_Saldo 1000.0 -> 1100.0",
+                                                 "~ Banco PUERTO: Bn_Saldo 1500.0 -> 1600.0"};
         // statement 1 reads; what fails from the second on leaves the writes before it
         return {writes.begin(), writes.begin() + static_cast<std::ptrdiff_t>(GetParam() < 2 ? 0 : GetParam() - 2)};
     }
@@ -148,12 +127,12 @@ INSTANTIATE_TEST_SUITE_P(At_each_statement, Movement_failure, ::testing::Range<s
 // ---- By document ----------------------------------------------------------------------------------------------------
 
 TEST_F(Registered_movements, all_those_of_a_document_are_cancelled) {
-    EXPECT_THAT(
-        changes([this] { return cancel_document(); }),
-        ElementsAre("~ Banco BAN-1: Bn_Saldo 1500.0 -> 1600.0", "~ Banco BAN-2: Bn_Saldo 70.0 -> 44.5",
-                    "~ Banco_Cuenta CTA-1: Bc_Saldo 1000.0 -> 1100.0", "~ Banco_Cuenta CTA-3: Bc_Saldo 70.0 -> 44.5",
-                    "~ Banco_Movimiento M-1: " + cancelled + "TR -> CA",
-                    "~ Banco_Movimiento M-2: " + cancelled + "FI -> CA"));
+    EXPECT_THAT(changes([this] { return cancel_document(); }),
+                ElementsAre("~ Banco PUERTO: Bn_Saldo 1500.0 -> 1600.0", "~ Banco SIERRA: Bn_Saldo 70.0 -> 44.5",
+                            "~ Banco_Cuenta PTO-MXN: Bc_Saldo 1000.0 -> 1100.0",
+                            "~ Banco_Cuenta SRR-USD: Bc_Saldo 70.0 -> 44.5",
+                            "~ Banco_Movimiento M-1: " + cancelled + "TR -> CA",
+                            "~ Banco_Movimiento M-2: " + cancelled + "FI -> CA"));
 }
 
 TEST_F(Registered_movements, those_of_a_document_are_cancelled_by_these_calls) {
@@ -165,7 +144,7 @@ TEST_F(Registered_movements, those_of_a_document_are_cancelled_by_these_calls) {
 }
 
 TEST_F(Registered_movements, the_table_of_a_document_is_compared_without_regard_to_case) {
-    movement("M-4", "CTA-1", "CH-1", -10, "TR", "Cheque");
+    movement(company, "M-4", "PTO-MXN", "CH-1", -10, "TR", "Cheque");
     EXPECT_TRUE(cancel_document("CH-1", "CHEQUE")) << treasury().Error();
     EXPECT_THAT(rows("Banco_Movimiento", "Es_Cve_Estado", "Bm_Folio = 'M-4'"), ElementsAre("CA"));
 }

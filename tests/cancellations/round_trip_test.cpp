@@ -43,13 +43,6 @@ std::ostream& operator<<(std::ostream& out, const Journey& journey) {
     return out << journey.name;
 }
 
-tRpEncabezado receipt(const std::string& type, const std::string& party = {}) {
-    tRpEncabezado header = Company::receipt_header();
-    header.TipoReciboPago.Trp_Cve_Tipo_Recibo_Pago = type;
-    header.Rp_Solicitar_Valor = party;
-    return header;
-}
-
 std::string receipt_folio(Company& company) {
     return company.treasury().RpEncabezado().Rp_Folio;
 }
@@ -57,9 +50,10 @@ std::string check_folio(Company& company) {
     return company.treasury().Encabezado().Ch_Folio;
 }
 
-bool close_receipt(Company& company, const tRpEncabezado& header) {
+bool close_receipt(Company& company, const std::string& type, const std::string& party = {}) {
     const std::string folio =
-        company.capture_receipt({Company::receipt_line(150), Company::receipt_line(80, "02", "SIERRA", "778")}, header);
+        company.capture_receipt({Company::receipt_line(150), Company::receipt_line(80, "02", "SIERRA", "778")},
+                                Company::receipt_header(type, party));
     return company.treasury().FinReciboCaja(folio);
 }
 
@@ -72,17 +66,10 @@ bool cancel_receipt(Company& company, bool with_deposit = false) {
     return company.treasury().Cancelar_Recibo_Caja(receipt_folio(company), with_deposit, true);
 }
 
-tTsEncabezado check(const std::string& type, const std::string& beneficiary) {
-    tTsEncabezado header = Company::check_header();
-    header.Tc_Cve_Tipo_Cheque = type;
-    header.Ch_Solicitar_Valor = beneficiary;
-    return header;
-}
-
 /// Sets header and line; the members that add the line themselves need no more.
 void capture(Company& company, const std::string& type, const std::string& beneficiary) {
     company.treasury().Nuevo();
-    company.treasury().Encabezado(check(type, beneficiary));
+    company.treasury().Encabezado(Company::check_header(type, beneficiary));
     company.treasury().Detalle(Company::check_line(120));
 }
 
@@ -102,7 +89,7 @@ bool supplier_check(Company& company) {
 }
 
 bool customer_check(Company& company) {
-    company.capture_check({Company::check_line(120)}, check("0003", "CL01"));
+    company.capture_check({Company::check_line(120)}, Company::check_header("0003", "CL01"));
     return company.treasury().Crear_Cheque_Devolucion_Cliente();
 }
 
@@ -158,20 +145,20 @@ const std::vector<Journey> journeys = {
      [](Company& company) {
          return company.treasury().Cancelar_Movimiento_Bancos(company.treasury().FolioMovimiento);
      }},
-    {"receipt", [](Company& company) { return close_receipt(company, receipt("01")); },
+    {"receipt", [](Company& company) { return close_receipt(company, "01"); },
      [](Company& company) { return cancel_receipt(company); }},
-    {"receipt_of_a_customer", [](Company& company) { return close_receipt(company, receipt("02", "CL01")); },
+    {"receipt_of_a_customer", [](Company& company) { return close_receipt(company, "02", "CL01"); },
      [](Company& company) { return cancel_receipt(company); }},
-    {"receipt_of_a_debtor", [](Company& company) { return close_receipt(company, receipt("03", "DE01")); },
+    {"receipt_of_a_debtor", [](Company& company) { return close_receipt(company, "03", "DE01"); },
      [](Company& company) { return cancel_receipt(company); }},
-    {"loan_of_a_supplier", [](Company& company) { return close_receipt(company, receipt("04", "PV01")); },
+    {"loan_of_a_supplier", [](Company& company) { return close_receipt(company, "04", "PV01"); },
      [](Company& company) { return cancel_receipt(company); }},
-    {"deposit", [](Company& company) { return close_receipt(company, receipt("01")) && deposit_receipt(company); },
+    {"deposit", [](Company& company) { return close_receipt(company, "01") && deposit_receipt(company); },
      [](Company& company) {
          return company.treasury().Cancelar_Deposito(company.treasury().Dp_Folio()) && cancel_receipt(company);
      }},
     {"deposited_receipt_of_a_customer",
-     [](Company& company) { return close_receipt(company, receipt("02", "CL01")) && deposit_receipt(company); },
+     [](Company& company) { return close_receipt(company, "02", "CL01") && deposit_receipt(company); },
      [](Company& company) { return cancel_receipt(company, true); }},
     {"check_to_a_supplier", supplier_check, cancel_check},
     {"check_to_a_customer", customer_check, cancel_check},

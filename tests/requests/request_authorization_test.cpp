@@ -1,5 +1,5 @@
 // Authorization and cancellation of a check request.
-#include "support/obstructed_treasury.h"
+#include "support/company_test.h"
 
 namespace cuvexa::tests {
 namespace {
@@ -7,7 +7,7 @@ namespace {
 const std::string authorize_tag = "Cuvexa.dll - Autorizar_Solicitud_Cheque()\r\n";
 const std::string cancel_tag = "Cuvexa.dll - Cancelar_Solicitud_Cheque()\r\n";
 
-class Written_request : public Obstructed_treasury {
+class Written_request : public Company_test {
 protected:
     Written_request() {
         request("S-1", "PXA");
@@ -105,12 +105,12 @@ TEST_F(Written_request, authorization_that_fails_in_the_database_leaves_what_it_
 
 TEST_F(Written_request, is_cancelled_lines_first) {
     EXPECT_THAT(changes([this] { return cancel(); }, true),
-                ElementsAre("~ Solicitud_Cheque S-1: Oper_Baja  -> MLOPEZ, Fecha_Baja NULL -> 2024-03-15T10:20:30, "
+                ElementsAre("~ Solicitud_Cheque S-1: Oper_Baja  -> CAJA1, Fecha_Baja NULL -> 2024-03-15 10:20:30, "
                             "Es_Cve_Estado PXA -> CA",
-                            "~ Solicitud_Cheque_Detalle S-1/0001: Oper_Baja  -> MLOPEZ, Fecha_Baja NULL -> "
-                            "2024-03-15T10:20:30, Es_Cve_Estado PXA -> CA",
-                            "~ Solicitud_Cheque_Detalle S-1/0002: Oper_Baja  -> MLOPEZ, Fecha_Baja NULL -> "
-                            "2024-03-15T10:20:30, Es_Cve_Estado PXA -> CA"));
+                            "~ Solicitud_Cheque_Detalle S-1/0001: Oper_Baja  -> CAJA1, Fecha_Baja NULL -> "
+                            "2024-03-15 10:20:30, Es_Cve_Estado PXA -> CA",
+                            "~ Solicitud_Cheque_Detalle S-1/0002: Oper_Baja  -> CAJA1, Fecha_Baja NULL -> "
+                            "2024-03-15 10:20:30, Es_Cve_Estado PXA -> CA"));
 }
 
 TEST_F(Written_request, is_cancelled_when_active_as_when_waiting) {

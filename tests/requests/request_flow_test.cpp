@@ -4,27 +4,8 @@
 namespace cuvexa::tests {
 namespace {
 
-tSchEncabezado header() {
-    tSchEncabezado header;
-    header.Sch_Fecha = Company::today();
-    header.Tc_Cve_Tipo_Cheque = "0001";
-    header.Bc_Cve_Banco_Cuenta = "SRR-MXN";
-    header.Sucursal.Sc_Cve_Sucursal = "MTY";
-    header.Sch_Concepto = "Facturas de marzo";
-    header.Sch_Tabla = "ORDEN_COMPRA";
-    header.Sch_Documento = "OC-7";
-    header.Sch_Importe = 120;
-    header.Mn_Cve_Moneda = "MXN";
-    header.Sch_Tipo_Cambio = 1;
-    header.Sch_Transferencia = "NO";
-    header.Sch_Aplicar = "SI";
-    header.Sch_Firme = "NO";
-    header.Sch_Solicitar_Valor = "PV01";
-    return header;
-}
-
 bool capture(Company& company) {
-    company.treasury().SchEncabezado(header());
+    company.treasury().SchEncabezado(Company::request_header());
     return company.treasury().Add_Solicitud_Cheque();
 }
 
@@ -33,14 +14,7 @@ std::string folio(Company& company) {
 }
 
 bool add_line(Company& company) {
-    tSchDetalle line;
-    line.Sch_Folio = folio(company);
-    line.Scd_Tabla = "CXP";
-    line.Scd_Documento = "CXP-MTY-00000001";
-    line.Scd_Importe = 120;
-    line.Mn_Cve_Moneda = "MXN";
-    line.Scd_Tipo_Cambio = 1;
-    company.treasury().SchDetalle(line);
+    company.treasury().SchDetalle(Company::request_line(folio(company)));
     return company.treasury().Add_Solicitud_Cheque_Detalle();
 }
 

@@ -24,8 +24,8 @@ INSERT INTO Solicitud_Cheque(
    Oper_Ult_Modif,
    Fecha_Ult_Modif,
    Es_Cve_Estado)
-VALUES('SC-MTY-00000001', '2024-03-15', '0001', 'SRR-MXN', 'MTY', 'Facturas de marzo', 'Aceros del Bajío',
-'ORDEN_COMPRA', 'OC-7', 'REF-7', 120.5, 19.25, 'NO', 'SI', 'NO', 'PV01', 'CAJA1', '2024-03-15 10:20:30', 'CAJA1',
+VALUES('SC-MTY-00000001', '2024-03-15', '0001', 'SRR-MXN', 'MTY', 'Pago de renta', 'Inmobiliaria del Norte',
+'ORDEN_COMPRA', 'OC-7', 'REF-7', 1250.5, 19.25, 'NO', 'SI', 'NO', 'PV01', 'CAJA1', '2024-03-15 10:20:30', 'CAJA1',
 '2024-03-15 10:20:30', 'AC');
 
 -- ---- they do

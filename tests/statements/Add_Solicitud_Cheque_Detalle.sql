@@ -15,7 +15,7 @@ INSERT INTO Solicitud_Cheque_Detalle(
    Oper_Ult_Modif,
    Fecha_Ult_Modif,
    Es_Cve_Estado)
-VALUES('SC-MTY-00000001', '0001', 'CXP', 'CXP-MTY-00000001', 120.5, 'USD', 19.25, 'CAJA1', '2024-03-15 10:20:30',
+VALUES('SC-MTY-00000001', '0001', 'CXP', 'CXP-MTY-00000001', 100.25, 'USD', 18.5, 'CAJA1', '2024-03-15 10:20:30',
 'CAJA1', '2024-03-15 10:20:30', 'AC');
 
 -- ---- they do

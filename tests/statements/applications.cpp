@@ -6,20 +6,13 @@ namespace {
 
 const std::string folio = "CH-MTY-00000001";
 
-tTsEncabezado header_of(const std::string& type, const std::string& beneficiary) {
-    tTsEncabezado header = Company::check_header();
-    header.Tc_Cve_Tipo_Cheque = type;
-    header.Ch_Solicitar_Valor = beneficiary;
-    return header;
-}
-
 void supplier_check(Company& company) {
     company.treasury().Crear_Cheque_Pago_Proveedor(
         company.capture_check({Company::check_line(400), Company::check_line(20, "CXP-MTY-00000002")}));
 }
 
 void customer_check(Company& company) {
-    company.capture_check({Company::check_line(400, "")}, header_of("0003", "CL01"));
+    company.capture_check({Company::check_line(400, "")}, Company::check_header("0003", "CL01"));
     company.treasury().Crear_Cheque_Devolucion_Cliente();
 }
 
@@ -29,7 +22,7 @@ void begin(Company& company, const std::string& type, const std::string& benefic
         company.on.parameters[parameter] = std::string("0");
     }
     company.treasury().Nuevo();
-    company.treasury().Encabezado(header_of(type, beneficiary));
+    company.treasury().Encabezado(Company::check_header(type, beneficiary));
     company.treasury().Detalle(Company::check_line(1300, ""));
 }
 

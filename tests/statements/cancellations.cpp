@@ -5,16 +5,9 @@ namespace {
 
 const std::string folio = "RP-MTY-00000001";
 
-tRpEncabezado header_of(const std::string& type, const std::string& party) {
-    tRpEncabezado header = Company::receipt_header();
-    header.TipoReciboPago.Trp_Cve_Tipo_Recibo_Pago = type;
-    header.Rp_Solicitar_Valor = party;
-    return header;
-}
-
 Preparation closed(const std::string& type, const std::string& party, double amount = 100) {
     return [=](Company& company) {
-        company.capture_receipt({Company::receipt_line(amount)}, header_of(type, party));
+        company.capture_receipt({Company::receipt_line(amount)}, Company::receipt_header(type, party));
         company.treasury().FinReciboCaja(folio);
     };
 }

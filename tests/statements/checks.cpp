@@ -3,13 +3,6 @@
 namespace cuvexa::tests {
 namespace {
 
-tTsEncabezado header_of(const std::string& type, const std::string& beneficiary) {
-    tTsEncabezado header = Company::check_header();
-    header.Tc_Cve_Tipo_Cheque = type;
-    header.Ch_Solicitar_Valor = beneficiary;
-    return header;
-}
-
 using Create = bool (*)(Tesoreria&);
 
 /// A kind of check under budget control.
@@ -77,11 +70,11 @@ const Kind& kind_of(const std::string& check_type) {
 /// Header and line, the line written where the member that creates the check does not do it.
 void capture(Company& company, const Kind& kind) {
     if (!kind.adds_its_line) {
-        company.capture_check({Company::check_line(400)}, header_of(kind.check_type, kind.beneficiary));
+        company.capture_check({Company::check_line(400)}, Company::check_header(kind.check_type, kind.beneficiary));
         return;
     }
     company.treasury().Nuevo();
-    company.treasury().Encabezado(header_of(kind.check_type, kind.beneficiary));
+    company.treasury().Encabezado(Company::check_header(kind.check_type, kind.beneficiary));
     company.treasury().Detalle(Company::check_line(400));
 }
 
@@ -149,7 +142,8 @@ std::vector<Case> creation_cases(const std::string& check_type) {
 
 Preparation captured(const std::string& check_type, const std::string& beneficiary) {
     return [=](Company& company) {
-        company.capture_check({Company::check_line(400), Company::check_line(20)}, header_of(check_type, beneficiary));
+        company.capture_check({Company::check_line(400), Company::check_line(20)},
+                              Company::check_header(check_type, beneficiary));
     };
 }
 
@@ -183,7 +177,7 @@ void own_transfer(Company& company) {
 /// A line in another currency than its check.
 void expense_in_dollars(Company& company) {
     company.on.parameters["TES_MODO_AUTORIZAR_GASTO_X_COMPROBAR"] = std::string("0");
-    tTsEncabezado header = header_of("0002", "DE01");
+    tTsEncabezado header = Company::check_header("0002", "DE01");
     header.Mn_Cve_Moneda = "USD";
     header.Ch_Tipo_Cambio = 2;
     tTsDetalle line = Company::check_line(400);

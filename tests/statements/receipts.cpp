@@ -5,18 +5,11 @@ namespace {
 
 const std::string folio = "RP-MTY-00000001";
 
-tRpEncabezado header_of(const std::string& type, const std::string& party) {
-    tRpEncabezado header = Company::receipt_header();
-    header.TipoReciboPago.Trp_Cve_Tipo_Recibo_Pago = type;
-    header.Rp_Solicitar_Valor = party;
-    return header;
-}
-
 const std::vector<tRpDetalle> cash_and_check = {Company::receipt_line(100),
                                                 Company::receipt_line(40, "02", "Sierra", "1")};
 
 Preparation captured(const std::string& type, const std::string& party) {
-    return [=](Company& company) { company.capture_receipt(cash_and_check, header_of(type, party)); };
+    return [=](Company& company) { company.capture_receipt(cash_and_check, Company::receipt_header(type, party)); };
 }
 
 bool close(Company& company) {
@@ -31,7 +24,7 @@ void begin(Company& company) {
 
 /// A header, a line and its extras in which every field has a text of its own.
 void begin_with_everything(Company& company) {
-    tRpEncabezado header = header_of("05", "CL01");
+    tRpEncabezado header = Company::receipt_header("05", "CL01");
     header.Rp_Fecha = make_date(2024, 3, 14, 9, 30);
     header.Rp_Fecha_Deposito = make_date(2024, 3, 16, 18, 0);
     header.Rp_Folio_Deposito = "D-1";

@@ -6,24 +6,7 @@ namespace {
 const std::string folio = "SC-MTY-00000001";
 
 void begin(Company& company) {
-    tSchEncabezado header;
-    header.Sch_Fecha = Company::today();
-    header.Tc_Cve_Tipo_Cheque = "0001";
-    header.Bc_Cve_Banco_Cuenta = "SRR-MXN";
-    header.Sucursal.Sc_Cve_Sucursal = "MTY";
-    header.Sch_Concepto = "Facturas de marzo";
-    header.Sch_Tabla = "ORDEN_COMPRA";
-    header.Sch_Documento = "OC-7";
-    header.Sch_Referencia = "REF-7";
-    header.Sch_Beneficiario = "Aceros del Bajío";
-    header.Sch_Importe = 120.5;
-    header.Mn_Cve_Moneda = "USD";
-    header.Sch_Tipo_Cambio = 19.25;
-    header.Sch_Transferencia = "NO";
-    header.Sch_Aplicar = "SI";
-    header.Sch_Firme = "NO";
-    header.Sch_Solicitar_Valor = "PV01";
-    company.treasury().SchEncabezado(header);
+    company.treasury().SchEncabezado(Company::request_header());
 }
 
 bool capture(Company& company) {
@@ -36,14 +19,7 @@ void captured(Company& company) {
 }
 
 bool add_line(Company& company) {
-    tSchDetalle line;
-    line.Sch_Folio = folio;
-    line.Scd_Tabla = "CXP";
-    line.Scd_Documento = "CXP-MTY-00000001";
-    line.Scd_Importe = 120.5;
-    line.Mn_Cve_Moneda = "USD";
-    line.Scd_Tipo_Cambio = 19.25;
-    company.treasury().SchDetalle(line);
+    company.treasury().SchDetalle(Company::request_line(folio));
     return company.treasury().Add_Solicitud_Cheque_Detalle();
 }
 

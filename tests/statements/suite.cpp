@@ -141,11 +141,8 @@ void create_receivable(Company& company) {
 
 void expense_check(Company& company) {
     company.on.parameters["TES_MODO_AUTORIZAR_GASTO_X_COMPROBAR"] = std::string("0");
-    tTsEncabezado header = Company::check_header();
-    header.Tc_Cve_Tipo_Cheque = "0002";
-    header.Ch_Solicitar_Valor = "DE01";
     company.treasury().Nuevo();
-    company.treasury().Encabezado(header);
+    company.treasury().Encabezado(Company::check_header("0002", "DE01"));
     company.treasury().Detalle(Company::check_line(1300, ""));
     company.treasury().Crear_Cheque_Gasto_x_Comprobar();
 }
@@ -246,10 +243,7 @@ void pay_supplier(Company& company) {
 }
 
 void refund_customer(Company& company) {
-    tTsEncabezado header = Company::check_header();
-    header.Tc_Cve_Tipo_Cheque = "0003";
-    header.Ch_Solicitar_Valor = "CL01";
-    company.capture_check({Company::check_line(400, "")}, header);
+    company.capture_check({Company::check_line(400, "")}, Company::check_header("0003", "CL01"));
     company.treasury().Crear_Cheque_Devolucion_Cliente();
 }
 

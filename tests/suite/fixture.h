@@ -1,33 +1,20 @@
-// The reference suite over the sample company, in a SQLite database of its own.
+// The reference suite over the sample company (see support/company.h), asked directly.
 #pragma once
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
 #include "core/rows.h"
-#include "cuvexa/database/script.h"
-#include "cuvexa/database/sqlite_connection.h"
 #include "cuvexa/suite/administration.h"
-#include "cuvexa/suite/reference_suite.h"
-#include "cuvexa/suite/schema.h"
+#include "support/company.h"
 
 namespace cuvexa::tests {
 
-using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 
 class Suite_test : public ::testing::Test {
 protected:
-    Suite_test() {
-        run_script(connection, schema_sql());
-        run_script(connection, sample_company_sql());
-    }
-
-    static Date today() { return make_date(2024, 3, 15, 10, 20, 30); }
+    static Date today() { return Company::now(); }
 
     void sql(const std::string& text) { connection.execute(text); }
 
@@ -53,8 +40,9 @@ protected:
         return values;
     }
 
-    Sqlite_connection connection{":memory:", {.synchronous = Synchronous::off}};
-    Reference_suite suite{connection, {.user = "CAJA1", .server_date = today()}};
+    Company company;
+    Connection& connection = company.wire();  // the one that the suite was made with
+    Reference_suite& suite = *company.suite();
 };
 
 }  // namespace cuvexa::tests

@@ -5,6 +5,7 @@
 #include "cuvexa/errors.h"
 #include "suite/expenses.h"
 #include "suite/fixture.h"
+#include "support/service_records.h"
 
 namespace cuvexa::tests {
 namespace {
@@ -14,66 +15,8 @@ using Receivables = Suite_test;
 
 class Ledgers : public Suite_test {
 protected:
-    Payable payable(double amount) {
-        Payable document = suite.new_accounts_payable()->NewDocument();
-        document.supplier = "PV01";
-        document.branch = "MTY";
-        document.source_table = "Recibo_Pago";
-        document.source_document = "RP-MTY-00000001";
-        document.amount = document.net_amount = amount;
-        return document;
-    }
-    Receivable receivable(double amount) {
-        return {.branch = "MTY",
-                .customer = "CL01",
-                .exchange_rate = 1,
-                .currency = "MXN",
-                .source_table = "Recibo_Pago",
-                .source_document = "RP-MTY-00000001",
-                .comment = "",
-                .reference = "",
-                .date = today(),
-                .due_date = today(),
-                .amount = amount,
-                .net_amount = amount,
-                .net_price_amount = amount,
-                .balance = amount};
-    }
-    Receivable_payment payment(const std::string& folio, double amount) {
-        Receivable_payment made;
-        made.receivable_folio = folio;
-        made.amount = amount;
-        made.date = today();
-        made.currency = "MXN";
-        made.exchange_rate = 1;
-        made.payment_method = "01";
-        return made;
-    }
-    Payment_line line(const std::string& folio, double amount) {
-        return {.date = today(),
-                .payable_folio = folio,
-                .check_folio = "CH-MTY-00000001",
-                .check_number = "1001",
-                .payment_method = "02",
-                .amount = amount,
-                .exchange_rate = 1,
-                .currency = "MXN",
-                .bank_name = "Banco de la Sierra",
-                .bank_account_number = "0901000001",
-                .bank = "SIERRA"};
-    }
-    Receipt_application receipt(double amount, const std::string& folio = "RP-MTY-00000001") {
-        return {.customer = "CL01",
-                .document_code = "RECIBO_PAGO",
-                .folio = folio,
-                .date = today(),
-                .reference = "",
-                .comment = "",
-                .branch = "MTY",
-                .amount = amount,
-                .currency = "MXN",
-                .exchange_rate = 1};
-    }
+    Payable payable(double amount) { return payable_of(*suite.new_accounts_payable(), amount); }
+
     /// The last refusal of a payables service used once.
     template <class Use>
     std::string refusal(Use&& use) {
@@ -170,7 +113,7 @@ TEST_F(Ledgers, a_supplier_advance_is_owed_to_us_and_names_itself_as_its_documen
     EXPECT_EQ(payable_balance(folio), -500);
     EXPECT_TRUE(suite.new_accounts_payable()->ValidateAdvanceCancellation(folio));
 
-    ASSERT_TRUE(service->AddPaymentLine(line(folio, -200))) << service->LastError();
+    ASSERT_TRUE(service->AddPaymentLine(check_payment(folio, -200))) << service->LastError();
     ASSERT_TRUE(service->ApplyPayments());
     EXPECT_EQ(payable_balance(folio), -300);
     EXPECT_FALSE(service->ValidateAdvanceCancellation(folio));
@@ -199,13 +142,13 @@ TEST_F(Ledgers, a_withdrawn_advance_has_nothing_to_validate) {
                                                folio));
     sql("UPDATE Cuenta_x_Pagar SET Cxp_Tabla = 'ANTICIPO_CXP-CA:' + Cxp_Folio WHERE Cxp_Folio = '" + folio + "'");
     EXPECT_TRUE(service->ValidateAdvanceCancellation(folio));
-    EXPECT_FALSE(service->AddPaymentLine(line(folio, -200)));
+    EXPECT_FALSE(service->AddPaymentLine(check_payment(folio, -200)));
     EXPECT_EQ(service->LastError(), "La cuenta por pagar: " + folio + ", está cancelada; elija otra");
 }
 
 TEST_F(Ledgers, a_payment_carries_the_check_and_moves_the_balance) {
     const auto service = suite.new_accounts_payable();
-    ASSERT_TRUE(service->AddPaymentLine(line("CXP-MTY-00000001", 600))) << service->LastError();
+    ASSERT_TRUE(service->AddPaymentLine(check_payment("CXP-MTY-00000001", 600))) << service->LastError();
     EXPECT_EQ(scalar("SELECT COUNT(*) AS value FROM Pago_Cxp"), "0") << "nothing is written before it is applied";
     ASSERT_TRUE(service->ApplyPayments()) << service->LastError();
     EXPECT_EQ(payable_balance("CXP-MTY-00000001"), 11000);
@@ -222,7 +165,7 @@ TEST_F(Ledgers, a_payment_carries_the_check_and_moves_the_balance) {
 
 TEST_F(Ledgers, a_payment_in_another_currency_is_turned_into_that_of_the_payable) {
     const auto service = suite.new_accounts_payable();
-    ASSERT_TRUE(service->AddPaymentLine(line("CXP-MTY-00000003", 1950))) << service->LastError();
+    ASSERT_TRUE(service->AddPaymentLine(check_payment("CXP-MTY-00000003", 1950))) << service->LastError();
     ASSERT_TRUE(service->ApplyPayments());
     EXPECT_EQ(payable_balance("CXP-MTY-00000003"), 400);
     const Rows rows(connection.execute("SELECT * FROM Pago_Cxp"));
@@ -235,7 +178,7 @@ TEST_F(Ledgers, a_payment_in_another_currency_is_turned_into_that_of_the_payable
 TEST_F(Ledgers, payments_beyond_the_balance_or_of_no_payable_are_refused) {
     const auto refused = [&](const std::string& folio, double amount) {
         return payable_refusal(
-            [&](AccountsPayableService& service) { return service.AddPaymentLine(line(folio, amount)); });
+            [&](AccountsPayableService& service) { return service.AddPaymentLine(check_payment(folio, amount)); });
     };
     EXPECT_EQ(refused("NO-EXISTE", 1), "La cuenta por pagar: NO-EXISTE, no existe; verifique el folio");
     EXPECT_EQ(
@@ -250,16 +193,16 @@ TEST_F(Ledgers, payments_beyond_the_balance_or_of_no_payable_are_refused) {
     EXPECT_EQ(refused("CXP-MTY-00000002", 1), "La cuenta por pagar: CXP-MTY-00000002, está cancelada; elija otra");
 
     const auto service = suite.new_accounts_payable();
-    EXPECT_TRUE(service->AddPaymentLine(line("CXP-GDL-00000001", 2000)));
-    EXPECT_FALSE(service->AddPaymentLine(line("CXP-GDL-00000001", 321))) << "the first line leaves 320";
-    EXPECT_TRUE(service->AddPaymentLine(line("CXP-GDL-00000001", 320)));
+    EXPECT_TRUE(service->AddPaymentLine(check_payment("CXP-GDL-00000001", 2000)));
+    EXPECT_FALSE(service->AddPaymentLine(check_payment("CXP-GDL-00000001", 321))) << "the first line leaves 320";
+    EXPECT_TRUE(service->AddPaymentLine(check_payment("CXP-GDL-00000001", 320)));
     EXPECT_TRUE(service->ApplyPayments());
     EXPECT_EQ(payable_balance("CXP-GDL-00000001"), 0);
 }
 
 TEST_F(Ledgers, cancelling_a_payment_gives_the_balance_back_once) {
     const auto service = suite.new_accounts_payable();
-    service->AddPaymentLine(line("CXP-MTY-00000001", 600));
+    service->AddPaymentLine(check_payment("CXP-MTY-00000001", 600));
     service->ApplyPayments();
     EXPECT_TRUE(service->CancelPayment("CXP-MTY-00000001", "0001"));
     EXPECT_EQ(payable_balance("CXP-MTY-00000001"), 11600);
@@ -272,7 +215,7 @@ TEST_F(Ledgers, cancelling_a_payment_gives_the_balance_back_once) {
 
 TEST_F(Ledgers, payments_held_by_accounting_or_a_closed_period_stay) {
     const auto service = suite.new_accounts_payable();
-    service->AddPaymentLine(line("CXP-MTY-00000001", 600));
+    service->AddPaymentLine(check_payment("CXP-MTY-00000001", 600));
     service->ApplyPayments();
     mark_posted(connection, "PAGO_CXP", "CXP-MTY-00000001:0001", "AUDITOR");
     EXPECT_FALSE(service->CancelPayment("CXP-MTY-00000001", "0001"));
@@ -288,7 +231,7 @@ TEST_F(Ledgers, the_payables_of_a_document_are_cancelled_unless_one_is_paid) {
     const auto service = suite.new_accounts_payable();
     ASSERT_TRUE(service->CreatePayable(payable(100)));
     ASSERT_TRUE(service->CreatePayable(payable(200)));
-    service->AddPaymentLine(line("CXP-MTY-00000005", 50));
+    service->AddPaymentLine(check_payment("CXP-MTY-00000005", 50));
     service->ApplyPayments();
     EXPECT_FALSE(service->CancelDocumentPayables("RECIBO_PAGO", "RP-MTY-00000001"));
     EXPECT_EQ(service->LastError(),
@@ -304,8 +247,8 @@ TEST_F(Ledgers, the_payables_of_a_document_are_cancelled_unless_one_is_paid) {
 
 TEST_F(Ledgers, a_receivable_is_owed_in_full_as_often_as_it_is_created) {
     const auto service = suite.new_accounts_receivable();
-    ASSERT_TRUE(service->CreateReceivable(receivable(750))) << service->LastError();
-    ASSERT_TRUE(service->CreateReceivable(receivable(750)));
+    ASSERT_TRUE(service->CreateReceivable(receivable_of(750))) << service->LastError();
+    ASSERT_TRUE(service->CreateReceivable(receivable_of(750)));
     EXPECT_THAT(column("SELECT Cxc_Folio AS value FROM Cuenta_x_Cobrar WHERE Cxc_Documento = 'RP-MTY-00000001' ORDER "
                        "BY Cxc_Folio"),
                 ElementsAre("CXC-MTY-00000005", "CXC-MTY-00000006"));
@@ -313,7 +256,7 @@ TEST_F(Ledgers, a_receivable_is_owed_in_full_as_often_as_it_is_created) {
 }
 
 TEST_F(Ledgers, a_receivable_with_the_two_old_amounts_only_is_owed_its_net) {
-    Receivable old = receivable(750);
+    Receivable old = receivable_of(750);
     old.net_price_amount = old.balance = 0;
     const auto service = suite.new_accounts_receivable();
     ASSERT_TRUE(service->CreateReceivable(old)) << service->LastError();
@@ -324,52 +267,52 @@ TEST_F(Ledgers, receivables_that_make_no_sense_are_refused) {
     const auto refused = [&](const Receivable& document) {
         return refusal([&](AccountsReceivableService& service) { return service.CreateReceivable(document); });
     };
-    Receivable unknown = receivable(1), paid = receivable(10);
+    Receivable unknown = receivable_of(1), paid = receivable_of(10);
     unknown.customer = "CL99";
     paid.balance = 5;
     EXPECT_EQ(refused(unknown), "El cliente: CL99, no existe o está dado de baja; elija otro");
-    EXPECT_EQ(refused(receivable(0)), "El importe de la cuenta por cobrar no puede ser cero; indique un importe");
+    EXPECT_EQ(refused(receivable_of(0)), "El importe de la cuenta por cobrar no puede ser cero; indique un importe");
     EXPECT_EQ(refused(paid), "El saldo inicial: 5, de la cuenta por cobrar debe ser igual a su importe: 10");
 }
 
 TEST_F(Ledgers, payments_are_numbered_and_move_the_balance) {
     const auto service = suite.new_accounts_receivable();
-    ASSERT_TRUE(service->RegisterPayment(payment("CXC-MTY-00000001", 1000))) << service->LastError();
-    ASSERT_TRUE(service->RegisterPayment(payment("CXC-MTY-00000001", 500)));
+    ASSERT_TRUE(service->RegisterPayment(cash_payment("CXC-MTY-00000001", 1000))) << service->LastError();
+    ASSERT_TRUE(service->RegisterPayment(cash_payment("CXC-MTY-00000001", 500)));
     EXPECT_EQ(balance("CXC-MTY-00000001"), 3500);
     EXPECT_EQ(scalar("SELECT Cxc_Precio_Neto_Pago AS value FROM Cuenta_x_Cobrar WHERE Cxc_Folio = 'CXC-MTY-00000001'"),
               "1500");
     EXPECT_TRUE(service->CancelPayment("CXC-MTY-00000001", "0001"));
     EXPECT_EQ(balance("CXC-MTY-00000001"), 4500);
-    ASSERT_TRUE(service->RegisterPayment(payment("CXC-MTY-00000001", 10)));
+    ASSERT_TRUE(service->RegisterPayment(cash_payment("CXC-MTY-00000001", 10)));
     EXPECT_THAT(column("SELECT Pc_ID AS value FROM Pago_Cxc ORDER BY Pc_ID"), ElementsAre("0001", "0002", "0003"));
     EXPECT_EQ(scalar("SELECT COUNT(*) AS value FROM Documento_Registrado WHERE Dr_Codigo = 'PAGO_CXC'"), "3");
 }
 
 TEST_F(Ledgers, the_balance_check_compares_whole_units) {
     const auto service = suite.new_accounts_receivable();
-    EXPECT_FALSE(service->RegisterPayment(payment("CXC-MTY-00000002", 3001)));
+    EXPECT_FALSE(service->RegisterPayment(cash_payment("CXC-MTY-00000002", 3001)));
     EXPECT_EQ(
         service->LastError(),
         "El pago: 3001, es mayor al saldo: 3000, de la cuenta por cobrar: CXC-MTY-00000002; pague a lo más el saldo");
-    EXPECT_TRUE(service->RegisterPayment(payment("CXC-MTY-00000002", 3000.9)));
+    EXPECT_TRUE(service->RegisterPayment(cash_payment("CXC-MTY-00000002", 3000.9)));
     EXPECT_NEAR(balance("CXC-MTY-00000002"), -0.9, 1e-9);
-    EXPECT_FALSE(service->RegisterPayment(payment("CXC-MTY-00000002", 0.5))) << "nothing is owed any more";
+    EXPECT_FALSE(service->RegisterPayment(cash_payment("CXC-MTY-00000002", 0.5))) << "nothing is owed any more";
 }
 
 TEST_F(Ledgers, the_three_flags_of_a_payment_do_what_they_say) {
     const auto service = suite.new_accounts_receivable();
-    Receivable_payment unchecked = payment("CXC-MTY-00000002", 4000);
+    Receivable_payment unchecked = cash_payment("CXC-MTY-00000002", 4000);
     unchecked.validate_balance = false;
     unchecked.register_document = false;
     EXPECT_TRUE(service->RegisterPayment(unchecked));
     EXPECT_EQ(balance("CXC-MTY-00000002"), -1000);
     EXPECT_EQ(scalar("SELECT COUNT(*) AS value FROM Documento_Registrado"), "0");
-    Receivable_payment on_record = payment("CXC-MTY-00000001", 100);
+    Receivable_payment on_record = cash_payment("CXC-MTY-00000001", 100);
     on_record.update_balance = false;
     EXPECT_TRUE(service->RegisterPayment(on_record));
     EXPECT_EQ(balance("CXC-MTY-00000001"), 5000);
-    EXPECT_TRUE(service->RegisterPayment(payment("CXC-MTY-00000001", 1)));
+    EXPECT_TRUE(service->RegisterPayment(cash_payment("CXC-MTY-00000001", 1)));
     EXPECT_EQ(balance("CXC-MTY-00000001"), 4999);
 }
 
@@ -377,29 +320,29 @@ TEST_F(Ledgers, payments_of_no_receivable_or_no_amount_are_refused) {
     const auto refused = [&](const Receivable_payment& made) {
         return refusal([&](AccountsReceivableService& service) { return service.RegisterPayment(made); });
     };
-    EXPECT_EQ(refused(payment("NO-EXISTE", 1)), "La cuenta por cobrar: NO-EXISTE, no existe; verifique el folio");
-    EXPECT_EQ(refused(payment("CXC-MTY-00000001", 0)),
+    EXPECT_EQ(refused(cash_payment("NO-EXISTE", 1)), "La cuenta por cobrar: NO-EXISTE, no existe; verifique el folio");
+    EXPECT_EQ(refused(cash_payment("CXC-MTY-00000001", 0)),
               "El importe del pago de la cuenta por cobrar: CXC-MTY-00000001, debe ser mayor que cero");
-    EXPECT_THAT(refused(payment("CXC-MTY-00000001", std::nan(""))), HasSubstr("debe ser mayor que cero"));
+    EXPECT_THAT(refused(cash_payment("CXC-MTY-00000001", std::nan(""))), HasSubstr("debe ser mayor que cero"));
     sql("UPDATE Cuenta_x_Cobrar SET Cxc_Tabla = 'CHEQUE-CA:' + Cxc_Folio WHERE Cxc_Folio = 'CXC-MTY-00000001'");
-    EXPECT_EQ(refused(payment("CXC-MTY-00000001", 1)),
+    EXPECT_EQ(refused(cash_payment("CXC-MTY-00000001", 1)),
               "La cuenta por cobrar: CXC-MTY-00000001, está cancelada; elija otra");
 }
 
 TEST_F(Ledgers, an_advance_is_paid_with_negative_figures) {
     const auto service = suite.new_accounts_receivable();
-    ASSERT_TRUE(service->RegisterPayment(payment("CXC-MTY-00000003", 400))) << service->LastError();
+    ASSERT_TRUE(service->RegisterPayment(cash_payment("CXC-MTY-00000003", 400))) << service->LastError();
     EXPECT_EQ(balance("CXC-MTY-00000003"), -600);
     EXPECT_EQ(scalar("SELECT Cxc_Precio_Neto_Pago AS value FROM Cuenta_x_Cobrar WHERE Cxc_Folio = 'CXC-MTY-00000003'"),
               "-400");
-    EXPECT_FALSE(service->RegisterPayment(payment("CXC-MTY-00000003", 601)));
-    EXPECT_TRUE(service->RegisterPayment(payment("CXC-MTY-00000003", 600)));
+    EXPECT_FALSE(service->RegisterPayment(cash_payment("CXC-MTY-00000003", 601)));
+    EXPECT_TRUE(service->RegisterPayment(cash_payment("CXC-MTY-00000003", 600)));
     EXPECT_EQ(balance("CXC-MTY-00000003"), 0);
 }
 
 TEST_F(Ledgers, both_halves_of_an_applied_advance_are_cancelled_together) {
     const auto service = suite.new_accounts_receivable();
-    Receivable_payment expense = payment("CXC-MTY-00000001", 250), own = payment("CXC-MTY-00000004", 250);
+    Receivable_payment expense = cash_payment("CXC-MTY-00000001", 250), own = cash_payment("CXC-MTY-00000004", 250);
     expense.source_table = "ANTICIPO_CXC";
     expense.source_document = "AN-MTY-00000002";
     expense.reference = own.reference = "CXC-MTY-00000004:0001";
@@ -418,7 +361,7 @@ TEST_F(Ledgers, both_halves_of_an_applied_advance_are_cancelled_together) {
 
 TEST_F(Ledgers, a_receipt_pays_the_oldest_receivables_and_the_rest_is_an_advance) {
     const auto service = suite.new_accounts_receivable();
-    ASSERT_TRUE(service->ApplyReceipt(receipt(8500))) << service->LastError();
+    ASSERT_TRUE(service->ApplyReceipt(receipt_of(8500))) << service->LastError();
     EXPECT_EQ(balance("CXC-MTY-00000001"), 0);
     EXPECT_EQ(balance("CXC-MTY-00000002"), 0);
     EXPECT_THAT(column("SELECT Cxc_Folio AS value FROM Pago_Cxc WHERE Pc_Tabla = 'RECIBO_PAGO' AND "
@@ -436,13 +379,13 @@ TEST_F(Ledgers, a_receipt_pays_the_oldest_receivables_and_the_rest_is_an_advance
 
 TEST_F(Ledgers, a_receipt_pays_by_date_before_folio) {
     sql("UPDATE Cuenta_x_Cobrar SET Cxc_Fecha = '2024-01-01' WHERE Cxc_Folio = 'CXC-MTY-00000002'");
-    ASSERT_TRUE(suite.new_accounts_receivable()->ApplyReceipt(receipt(1000)));
+    ASSERT_TRUE(suite.new_accounts_receivable()->ApplyReceipt(receipt_of(1000)));
     EXPECT_EQ(balance("CXC-MTY-00000001"), 5000);
     EXPECT_EQ(balance("CXC-MTY-00000002"), 2000);
 }
 
 TEST_F(Ledgers, a_receipt_in_part_leaves_no_advance) {
-    ASSERT_TRUE(suite.new_accounts_receivable()->ApplyReceipt(receipt(1000)));
+    ASSERT_TRUE(suite.new_accounts_receivable()->ApplyReceipt(receipt_of(1000)));
     EXPECT_EQ(balance("CXC-MTY-00000001"), 4000);
     EXPECT_EQ(balance("CXC-MTY-00000002"), 3000);
     EXPECT_EQ(scalar("SELECT COUNT(*) AS value FROM Anticipo_Cxc WHERE An_Tabla = 'RECIBO_PAGO'"), "0");
@@ -451,7 +394,7 @@ TEST_F(Ledgers, a_receipt_in_part_leaves_no_advance) {
 TEST_F(Ledgers, a_receipt_that_names_a_document_pays_that_one_only) {
     sql("INSERT INTO Recibo_Pago (Rp_Folio, Rp_Id, Rp_Tabla, Rp_Documento) VALUES ('RP-MTY-00000001', '0001', "
         "'FACTURA_VENTA', 'FV-5002')");
-    ASSERT_TRUE(suite.new_accounts_receivable()->ApplyReceipt(receipt(3200)));
+    ASSERT_TRUE(suite.new_accounts_receivable()->ApplyReceipt(receipt_of(3200)));
     EXPECT_EQ(balance("CXC-MTY-00000001"), 5000);
     EXPECT_EQ(balance("CXC-MTY-00000002"), 0);
     EXPECT_EQ(scalar("SELECT An_Importe AS value FROM Anticipo_Cxc WHERE An_Tabla = 'RECIBO_PAGO'"), "200");
@@ -460,27 +403,27 @@ TEST_F(Ledgers, a_receipt_that_names_a_document_pays_that_one_only) {
 TEST_F(Ledgers, withdrawn_cancelled_and_foreign_receivables_are_not_paid_by_a_receipt) {
     sql("UPDATE Cuenta_x_Cobrar SET Cxc_Tabla = 'CHEQUE-CA:' + Cxc_Folio WHERE Cxc_Folio = 'CXC-MTY-00000001'");
     sql("UPDATE Cuenta_x_Cobrar SET Es_Cve_Estado = 'CA' WHERE Cxc_Folio = 'CXC-MTY-00000002'");
-    Receipt_application dollars = receipt(100);
+    Receipt_application dollars = receipt_of(100);
     dollars.currency = "USD";
     dollars.exchange_rate = 19.5;
-    ASSERT_TRUE(suite.new_accounts_receivable()->ApplyReceipt(receipt(100)));
+    ASSERT_TRUE(suite.new_accounts_receivable()->ApplyReceipt(receipt_of(100)));
     ASSERT_TRUE(suite.new_accounts_receivable()->ApplyReceipt(dollars));
     EXPECT_EQ(scalar("SELECT COUNT(*) AS value FROM Pago_Cxc"), "0");
     EXPECT_EQ(scalar("SELECT COUNT(*) AS value FROM Anticipo_Cxc WHERE An_Tabla = 'RECIBO_PAGO'"), "2");
 }
 
 TEST_F(Ledgers, a_receipt_of_nobody_or_of_nothing_is_refused) {
-    Receipt_application nobody = receipt(1);
+    Receipt_application nobody = receipt_of(1);
     nobody.customer = "CL77";
     EXPECT_EQ(refusal([&](AccountsReceivableService& service) { return service.ApplyReceipt(nobody); }),
               "El cliente: CL77, no existe o está dado de baja; elija otro");
-    EXPECT_EQ(refusal([&](AccountsReceivableService& service) { return service.ApplyReceipt(receipt(-5)); }),
+    EXPECT_EQ(refusal([&](AccountsReceivableService& service) { return service.ApplyReceipt(receipt_of(-5)); }),
               "El importe a aplicar del recibo: RP-MTY-00000001, debe ser mayor que cero");
 }
 
 TEST_F(Ledgers, the_payments_of_a_receipt_are_left_to_whoever_cancels_it) {
-    suite.new_accounts_receivable()->ApplyReceipt(receipt(100));
-    Receivable_payment other = payment("CXC-MTY-00000002", 50);
+    suite.new_accounts_receivable()->ApplyReceipt(receipt_of(100));
+    Receivable_payment other = cash_payment("CXC-MTY-00000002", 50);
     other.source_table = "NOTA_CREDITO";
     other.source_document = "NC-1";
     suite.new_accounts_receivable()->RegisterPayment(other);
@@ -492,8 +435,8 @@ TEST_F(Ledgers, the_payments_of_a_receipt_are_left_to_whoever_cancels_it) {
 
 TEST_F(Ledgers, the_advances_of_a_receipt_are_cancelled_unless_used) {
     const auto service = suite.new_accounts_receivable();
-    ASSERT_TRUE(service->ApplyReceipt(receipt(8500)));
-    ASSERT_TRUE(service->RegisterPayment(payment("CXC-MTY-00000005", 100)));
+    ASSERT_TRUE(service->ApplyReceipt(receipt_of(8500)));
+    ASSERT_TRUE(service->RegisterPayment(cash_payment("CXC-MTY-00000005", 100)));
     EXPECT_FALSE(service->CancelDocumentAdvances("RECIBO_PAGO", "RP-MTY-00000001"));
     EXPECT_EQ(service->LastError(), "El anticipo: AN-MTY-00000003, ya está aplicado; cancele antes su aplicación");
     service->CancelPayment("CXC-MTY-00000005", "0001");
@@ -505,9 +448,9 @@ TEST_F(Ledgers, the_advances_of_a_receipt_are_cancelled_unless_used) {
 TEST_F(Ledgers, the_receivables_of_a_document_may_go_unless_paid_or_posted) {
     const auto service = suite.new_accounts_receivable();
     EXPECT_TRUE(service->ValidateDocumentCancellation("CHEQUE", "NO-EXISTE")) << "nothing to withdraw";
-    ASSERT_TRUE(service->CreateReceivable(receivable(100)));
+    ASSERT_TRUE(service->CreateReceivable(receivable_of(100)));
     EXPECT_TRUE(service->ValidateDocumentCancellation("RECIBO_PAGO", "RP-MTY-00000001"));
-    service->RegisterPayment(payment("CXC-MTY-00000005", 10));
+    service->RegisterPayment(cash_payment("CXC-MTY-00000005", 10));
     EXPECT_FALSE(service->ValidateDocumentCancellation("RECIBO_PAGO", "RP-MTY-00000001"));
     EXPECT_EQ(service->LastError(),
               "La cuenta por cobrar: CXC-MTY-00000005, tiene pagos aplicados; cancele antes sus pagos");
@@ -578,11 +521,11 @@ TEST_F(Ledgers, expense_advances_are_registered_and_linked_for_checks) {
 
 TEST_F(Ledgers, a_failure_of_the_database_is_thrown_and_not_answered) {
     sql("DROP TABLE Pago_Cxc");
-    EXPECT_THROW(suite.new_accounts_receivable()->RegisterPayment(payment("CXC-MTY-00000001", 1)), Database_error);
+    EXPECT_THROW(suite.new_accounts_receivable()->RegisterPayment(cash_payment("CXC-MTY-00000001", 1)), Database_error);
 }
 
 TEST_F(Ledgers, quotes_in_texts_are_stored_as_they_are) {
-    Receivable odd = receivable(5);
+    Receivable odd = receivable_of(5);
     odd.comment = "D'Angelo''s";
     ASSERT_TRUE(suite.new_accounts_receivable()->CreateReceivable(odd));
     EXPECT_EQ(scalar("SELECT Cxc_Comentario AS value FROM Cuenta_x_Cobrar WHERE Cxc_Folio = 'CXC-MTY-00000005'"),
@@ -607,14 +550,14 @@ TEST_F(Ledgers, over_random_sequences_balances_add_up_and_payments_stay_dense) {
         const std::string owed = any("SELECT Cxp_Folio AS value FROM Cuenta_x_Pagar");
         switch (pick(10)) {
             case 0:
-                receivables->CreateReceivable(receivable(amount()));
+                receivables->CreateReceivable(receivable_of(amount()));
                 break;
             case 1:
-                receivables->ApplyReceipt(receipt(amount(), receipt_folio));
+                receivables->ApplyReceipt(receipt_of(amount(), receipt_folio));
                 break;
             case 2:
             case 3:
-                receivables->RegisterPayment(payment(open, amount()));
+                receivables->RegisterPayment(cash_payment(open, amount()));
                 break;
             case 4:
                 receivables->CancelPayment(open, "000" + std::to_string(1 + pick(4)));
@@ -624,7 +567,7 @@ TEST_F(Ledgers, over_random_sequences_balances_add_up_and_payments_stay_dense) {
                 break;
             case 6:
             case 7:
-                if (payables->AddPaymentLine(line(owed, amount()))) payables->ApplyPayments();
+                if (payables->AddPaymentLine(check_payment(owed, amount()))) payables->ApplyPayments();
                 break;
             case 8:
                 payables->CancelPayment(owed, "000" + std::to_string(1 + pick(4)));

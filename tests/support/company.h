@@ -14,9 +14,10 @@
 // - `mark` remembers the database and forgets the notes so far; `changes` tells what happened since, row by row (see
 //   `Snapshot`), without the columns of the audit; `changes_with_audit` with them.
 // - `statements()` are the component's own statements since `mark`, in order; those of the services are not among them.
+//   `wire()` remembers both, `asked()` the calls of the services too. What members send stands in tests/statements.
 // - `on` is what stands in the way: `on.refuse("RegisterDocument", "text")`, `on.fail("GetServerDate", "text")`,
-//   `on.failing_statement = n`, `on.failing_call = n` (see `Obstacles`). `on.reports_in_full` is the suite's error
-//   dialog.
+//   `on.failing_statement = n`, `on.failing_call = n`, `on.agreeing`, `on.offline` (see `Obstacles`).
+//   `on.reports_in_full` is the suite's error dialog.
 // - The builders give documents that are accepted as they are; a test changes the one thing it is about.
 //
 // Keys are those of docs/sample-company.md.
@@ -26,7 +27,6 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -130,16 +130,36 @@ public:
     /// The connection of component and services, which remembers what both of them send.
     Recording_connection& wire() { return wire_; }
 
+    /// All that component and services asked for since `mark`: the statements, then the calls of the services.
+    std::vector<std::string> asked() const {
+        std::vector<std::string> all = wire_.texts();
+        all.insert(all.end(), on.calls.begin(), on.calls.end());
+        return all;
+    }
+
     /// The engine's own handle where the database is embedded; null on a server.
     sqlite3* embedded() const { return database_.embedded(); }
     std::shared_ptr<Reference_suite> suite() { return suite_; }
 
+    /// From here on, whenever `event` ("AFTER INSERT ON Cheque", with a condition if need be), somebody else runs
+    /// `statement`. On the embedded database alone.
+    void meanwhile(const std::string& event, const std::string& statement) {
+        if (embedded() == nullptr) throw std::runtime_error("what happens meanwhile is written for SQLite");
+        const std::string text =
+            "CREATE TRIGGER meanwhile_" + std::to_string(++meanwhiles_) + " " + event + " BEGIN " + statement + "; END";
+        if (sqlite3_exec(embedded(), text.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
+            throw std::runtime_error(text + ": " + sqlite3_errmsg(embedded()));
+        }
+    }
+
     // ---- Receipts ---------------------------------------------------------------------------------------------------
 
-    static tRpEncabezado receipt_header() {
+    /// A receipt in pesos, of nobody unless its type asks for somebody.
+    static tRpEncabezado receipt_header(const std::string& type = "01", const std::string& party = {}) {
         tRpEncabezado header;
         header.Rp_Fecha = header.Rp_Fecha_Deposito = today();
-        header.TipoReciboPago.Trp_Cve_Tipo_Recibo_Pago = "01";
+        header.TipoReciboPago.Trp_Cve_Tipo_Recibo_Pago = type;
+        header.Rp_Solicitar_Valor = party;
         header.Sucursal.Sc_Cve_Sucursal = "MTY";
         header.Rp_Referencia = "REF-1";
         header.Rp_Comentario = "Cobranza";
@@ -189,11 +209,11 @@ public:
 
     // ---- Checks -----------------------------------------------------------------------------------------------------
 
-    /// A check of SRR-MXN in pesos to the supplier PV01.
-    static tTsEncabezado check_header() {
+    /// A check of SRR-MXN in pesos, to the supplier PV01 unless its type asks for somebody else.
+    static tTsEncabezado check_header(const std::string& type = "0001", const std::string& beneficiary = "PV01") {
         tTsEncabezado header;
         header.Ch_Fecha = today();
-        header.Tc_Cve_Tipo_Cheque = "0001";
+        header.Tc_Cve_Tipo_Cheque = type;
         header.Ch_Transferencia = "NO";
         header.Ch_Referencia = "1001";
         header.Ch_Concepto = "Pago de facturas";
@@ -201,7 +221,7 @@ public:
         header.Bc_Cve_Banco_Cuenta = "SRR-MXN";
         header.Mn_Cve_Moneda = "MXN";
         header.Ch_Tipo_Cambio = 1;
-        header.Ch_Solicitar_Valor = "PV01";
+        header.Ch_Solicitar_Valor = beneficiary;
         header.Sucursal.Sc_Cve_Sucursal = "MTY";
         return header;
     }
@@ -227,6 +247,41 @@ public:
         return treasury().Encabezado().Ch_Folio;
     }
 
+    // ---- Check requests ---------------------------------------------------------------------------------------------
+
+    /// A request for a check to the supplier PV01, with something in every field that a caller fills.
+    static tSchEncabezado request_header() {
+        tSchEncabezado header;
+        header.Sch_Fecha = today();
+        header.Tc_Cve_Tipo_Cheque = "0001";
+        header.Bc_Cve_Banco_Cuenta = "SRR-MXN";
+        header.Sucursal.Sc_Cve_Sucursal = "MTY";
+        header.Sch_Concepto = "Pago de renta";
+        header.Sch_Beneficiario = "Inmobiliaria del Norte";
+        header.Sch_Tabla = "ORDEN_COMPRA";
+        header.Sch_Documento = "OC-7";
+        header.Sch_Referencia = "REF-7";
+        header.Sch_Importe = 1250.5;
+        header.Mn_Cve_Moneda = "MXN";
+        header.Sch_Tipo_Cambio = 19.25;
+        header.Sch_Transferencia = "NO";
+        header.Sch_Aplicar = "SI";
+        header.Sch_Firme = "NO";
+        header.Sch_Solicitar_Valor = "PV01";
+        return header;
+    }
+
+    static tSchDetalle request_line(const std::string& folio) {
+        tSchDetalle line;
+        line.Sch_Folio = folio;
+        line.Scd_Tabla = "CXP";
+        line.Scd_Documento = "CXP-MTY-00000001";
+        line.Scd_Importe = 100.25;
+        line.Mn_Cve_Moneda = "USD";
+        line.Scd_Tipo_Cambio = 18.5;
+        return line;
+    }
+
 private:
     Test_database database_;
     Recording_connection wire_{database_.connection()};
@@ -234,13 +289,7 @@ private:
     std::optional<Module> module_;
     std::optional<Tesoreria> treasury_;
     std::optional<Snapshot> marked_;
-};
-
-/// One way in which an operation can be stopped, and the text it leaves.
-struct Refusal_case {
-    std::string name;
-    std::function<void()> provoke;
-    std::string error;
+    int meanwhiles_ = 0;
 };
 
 }  // namespace cuvexa::tests

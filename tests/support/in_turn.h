@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "support/company.h"
+#include "support/statement_files.h"
 
 namespace cuvexa::tests {
 
@@ -60,12 +61,12 @@ std::vector<Outcome> in_turn(const Preparation& prepare, const Call& call, Fail&
 
 }  // namespace detail
 
-/// The n-th statement of the component fails, for every n. `failed` is the statement's first words.
+/// The n-th statement of the component fails, for every n. `failed` is the statement in short.
 inline std::vector<Outcome> statements_fail_in_turn(const Preparation& prepare, const Call& call) {
     return detail::in_turn(
         prepare, call, [](Obstacles& on, std::size_t n) { on.failing_statement = n; },
         [](const Obstacles& on, std::size_t n) {
-            return n <= on.statements.size() ? on.statements[n - 1].substr(0, 24) : "";
+            return n <= on.statements.size() ? in_short(on.statements[n - 1]) : "";
         });
 }
 
@@ -85,22 +86,64 @@ inline std::vector<std::string> listed(const std::vector<Outcome>& outcomes) {
     return lines;
 }
 
-/// Provokes step i and everything after it, for every i: the text must be that of step i. Each step starts from
-/// `prepare`.
+/// One step of an operation that can refuse. The refusals of an operation are told as a table, one line each, in the order
+/// of its steps.
 struct Step {
     std::string name;
-    std::function<void(Company&)> provoke;
+    Preparation provoke;
     std::string error;
-    std::string changed;  ///< tables changed when only this step stops the call
+    std::string changed = {};  ///< tables changed when only this step stops the call
 };
 
-inline void expect_refusals_in_order(const std::vector<Step>& steps, const Preparation& prepare, const Call& call) {
+/// The same steps, their texts behind a tag.
+inline std::vector<Step> behind(const std::string& tag, std::vector<Step> steps) {
+    for (Step& step : steps) step.error = tag + step.error;
+    return steps;
+}
+
+// Ways to provoke a refusal.
+
+inline Preparation sql(const std::string& statement) {
+    return [=](Company& company) { company.sql(statement); };
+}
+inline Preparation refusing(const std::string& operation, const std::string& text) {
+    return [=](Company& company) { company.on.refuse(operation, text); };
+}
+inline Preparation refusing_call(const std::string& call, const std::string& text) {
+    return [=](Company& company) { company.on.refuse_call(call, text); };
+}
+inline void without_folio(Company& company) {
+    company.on.next_folio = "";
+}
+/// The server's date is the 16th.
+inline void a_day_later(Company& company) {
+    company.on.server_date = add_days(Company::now(), 1);
+}
+inline Preparation accepting(const std::string& operation, const std::string& text = {}) {
+    return [=](Company& company) { company.on.accept(operation, text); };
+}
+
+/// The record in capture says something else.
+template <class Record>
+Preparation letting(Record (Tesoreria::*get)() const, void (Tesoreria::*let)(const Record&),
+                    const std::function<void(Record&)>& change) {
+    return [=](Company& company) {
+        Record record = (company.treasury().*get)();
+        change(record);
+        (company.treasury().*let)(record);
+    };
+}
+
+/// Provokes step i alone, and step i with everything after it, for every i: the text must be that of step i. Each time
+/// starts from `given`.
+inline void expect_refusals_in_order(const std::vector<Step>& steps, const Preparation& given, const Call& call) {
     for (std::size_t i = 0; i < steps.size(); ++i) {
         for (const bool with_later_steps : {false, true}) {
             SCOPED_TRACE(steps[i].name + (with_later_steps ? " and everything after it" : " alone"));
             Company company;
-            prepare(company);
-            for (std::size_t j = i; j < (with_later_steps ? steps.size() : i + 1); ++j) steps[j].provoke(company);
+            given(company);
+            // The later ones first, so that none of them undoes what step i brings about.
+            for (std::size_t j = with_later_steps ? steps.size() : i + 1; j-- > i;) steps[j].provoke(company);
             company.mark();
             EXPECT_FALSE(call(company));
             EXPECT_EQ(company.treasury().Error(), steps[i].error);

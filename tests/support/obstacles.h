@@ -41,6 +41,12 @@ public:
     /// The operation throws; any operation of the services, also those that give no Boolean.
     void fail(const std::string& operation, const std::string& description) { failures_[operation] = description; }
 
+    /// Every operation that is not told otherwise agrees and does nothing: True, but for documents, none of which is posted.
+    bool agreeing = false;
+
+    /// Nothing answers: every operation and every statement of the component fails.
+    bool offline = false;
+
     /// `GetNextFolio` gives this.
     std::optional<std::string> next_folio;
     /// `GetServerDate` gives this.
@@ -87,6 +93,7 @@ public:
     std::size_t silent_statement = 0;
 
     void clear() {
+        offline = false;
         answers_.clear();
         failures_.clear();
         next_folio.reset();
@@ -129,6 +136,7 @@ public:
             }
         }
         last_error.reset();
+        if (agreeing) return operation != "IsPostingEnabled" && operation != "IsDocumentPosted";
         return forward();
     }
 
@@ -146,7 +154,7 @@ inline constexpr auto call_failure = "el servicio no responde";
 
 inline void Obstacles::enter(const std::string& operation) {
     asked.push_back(operation);
-    if (asked.size() == failing_call) throw std::runtime_error(obstructed::call_failure);
+    if (offline || asked.size() == failing_call) throw std::runtime_error(obstructed::call_failure);
     if (const auto failure = failures_.find(operation); failure != failures_.end()) {
         throw std::runtime_error(failure->second);
     }
@@ -159,7 +167,7 @@ public:
     Noted_connection(Connection& inner, Obstacles& obstacles) : inner_(inner), on_(obstacles) {}
     std::unique_ptr<Recordset> execute(std::string_view text) override {
         on_.statements.emplace_back(text);
-        if (on_.statements.size() == on_.failing_statement) throw Database_error(statement_failure);
+        if (on_.offline || on_.statements.size() == on_.failing_statement) throw Database_error(statement_failure);
         if (on_.statements.size() == on_.silent_statement) return inner_.execute("SELECT 0 AS Nada WHERE 0 = 1");
         try {
             return inner_.execute(text);

@@ -26,10 +26,10 @@
 
 namespace cuvexa::tests {
 
-/// A date as the embedded database would keep it, with what stands between day and time.
-inline std::string stored_date(Date date, char separator) {
+/// A date as the reference suite writes it into the embedded database.
+inline std::string stored_date(Date date) {
     std::string text = iso_date(date);
-    if (const auto t = text.find('T'); t != std::string::npos) text[t] = separator;
+    if (const auto t = text.find('T'); t != std::string::npos) text[t] = ' ';
     return text;
 }
 
@@ -57,8 +57,7 @@ public:
         }
     }
 
-    void read(Connection& connection, char date_separator) {
-        date_separator_ = date_separator;
+    void read(Connection& connection) {
         run("BEGIN");
         for (const Table& table : tables_) copy(connection, table);
         run("COMMIT");
@@ -106,7 +105,7 @@ private:
             sqlite3_bind_double(statement, parameter, *real);
         } else {
             const auto* date = std::get_if<Date>(&value);
-            const std::string text = date != nullptr ? stored_date(*date, date_separator_) : to_text(value);
+            const std::string text = date != nullptr ? stored_date(*date) : to_text(value);
             sqlite3_bind_text(statement, parameter, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
         }
     }
@@ -118,15 +117,13 @@ private:
 
     Sqlite_connection rows_;
     std::vector<Table> tables_;
-    char date_separator_ = ' ';
 };
 
 /// A database with the schema and the rows of a script.
 class Test_database {
 public:
     /// The script must be one and the same text for as long as the program runs.
-    /// `date_separator` is what the suite in use writes between day and time.
-    explicit Test_database(std::string_view script, char date_separator = ' ') : date_separator_(date_separator) {
+    explicit Test_database(std::string_view script) {
         if (server_string() == nullptr) {
             embedded_.emplace(":memory:", Sqlite_options{.synchronous = Synchronous::off});
             copy(template_of(script), sqlite::handle_of(*embedded_));
@@ -146,7 +143,7 @@ public:
     /// The rows as they are now, to be read with the embedded engine's own words.
     sqlite3* look() const {
         if (embedded_) return sqlite::handle_of(*embedded_);
-        mirror().read(server(), date_separator_);
+        mirror().read(server());
         return mirror().handle();
     }
 
@@ -216,7 +213,6 @@ private:
 #endif
 
     std::optional<Sqlite_connection> embedded_;
-    char date_separator_;
 };
 
 }  // namespace cuvexa::tests
