@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "support/in_turn.h"
+#include "support/texts.h"
 
 namespace cuvexa::tests {
 namespace {
@@ -138,10 +139,6 @@ TEST_F(Bank_movement, the_caller_may_write_the_folio_of_the_last_movement) {
 
 // ---- Dates ----------------------------------------------------------------------------------------------------------
 
-const std::string not_today = tag +
-                              "No es posible realizar esta operación, la fecha del documento no es del día actual\r\n"
-                              "Fecha del documento: 14/03/2024, fecha del día: 15/03/2024";
-
 TEST_F(Bank_movement, in_real_time_only_a_movement_of_today_is_accepted_whatever_the_time) {
     company.set_parameter("GEN_FORZAR_TIEMPO_REAL", "1");
     for (const double time : {0.0, 0.5, 0.99999}) {
@@ -150,7 +147,7 @@ TEST_F(Bank_movement, in_real_time_only_a_movement_of_today_is_accepted_whatever
         EXPECT_TRUE(record()) << error();
         movement.Bm_Fecha = Date{Company::yesterday().days + time};
         EXPECT_FALSE(record());
-        EXPECT_EQ(error(), not_today);
+        EXPECT_EQ(error(), tag + not_today);
     }
 }
 
@@ -161,38 +158,30 @@ TEST_F(Bank_movement, out_of_real_time_a_movement_of_the_past_is_accepted_in_a_c
 
 // ---- The refusals, in their order -----------------------------------------------------------------------------------
 
-tBnMovimiento passed;  // what the call of these tests gets
-
 const Preparation prepare = [](Company& company) {
     company.set_parameter("GEN_FORZAR_TIEMPO_REAL", "1");
     company.post_automatically("BANCO_MOVIMIENTO");
-    passed = Company::movement(100, "COM");
 };
-const Call call = [](Company& company) { return company.treasury().Registra_Movimiento_Banco(passed); };
+const Call call = [](Company& company) {
+    tBnMovimiento movement = Company::movement(100, "COM");
+    return company.treasury().Registra_Movimiento_Banco(movement);
+};
 
 TEST(Bank_movement_order, the_refusals_come_in_the_order_of_the_steps) {
+    const std::string no_type = "El tipo de movimiento de banco no existe o está dado de baja";
     const std::string written = "~Banco ~Banco_Cuenta +Banco_Movimiento +Folio_Serie";
-    const auto close_account = [](Company& company) {
-        company.sql("UPDATE Banco_Cuenta SET Es_Cve_Estado = 'BA' WHERE Bc_Cve_Banco_Cuenta = 'SRR-MXN'");
-    };
     expect_refusals_in_order(
-        {
-            {"inactive account", close_account, tag_with_blank + "La cuenta bancaria está dada de baja", ""},
-            {"same day", [](Company&) { passed.Bm_Fecha = Company::yesterday(); }, not_today, ""},
-            {"movement type", [](Company&) { passed.Bt_Cve_Banco_Tipo_Movimiento = "NADA"; },
-             tag_with_blank + "El tipo de movimiento de banco no existe o está dado de baja", ""},
-            {"folio", [](Company& company) { company.on.next_folio = ""; },
-             tag_with_blank + "No se pudo generar el folio de movimiento de bancos", ""},
-            {"company of the account",
-             [](Company& company) {
-                 company.sql("UPDATE Empresa SET Es_Cve_Estado = 'BA' WHERE Em_Cve_Empresa = 'EM01'");
-             },
-             tag + accounting_tag + "No es posible determinar la empresa para la póliza", written},
-            {"voucher", [](Company& company) { company.on.refuse("PostDocument", "Cuenta contable inválida"); },
-             tag + accounting_tag + "Cuenta contable inválida", written},
-            {"registration", [](Company& company) { company.on.refuse("RegisterDocument", "Sin réplica"); },
-             tag + "Sin réplica", "~Banco ~Banco_Cuenta +Banco_Movimiento +Folio_Serie +Poliza +Poliza_Detalle"},
-        },
+        {{"account", sql("DELETE FROM Banco_Cuenta"), tag_with_blank + "No se encontró la cuenta bancaria"},
+         {"inactive account", sql("UPDATE Banco_Cuenta SET Es_Cve_Estado = 'BA'"),
+          tag_with_blank + "La cuenta bancaria está dada de baja"},
+         {"same day", a_day_later, tag + not_today_but_yesterday},
+         {"movement type", sql("DELETE FROM Banco_Tipo_Movimiento"), tag_with_blank + no_type},
+         {"folio", without_folio, tag_with_blank + "No se pudo generar el folio de movimiento de bancos"},
+         {"company of the account", sql("UPDATE Empresa SET Es_Cve_Estado = 'BA'"),
+          tag + accounting_tag + "No es posible determinar la empresa para la póliza", written},
+         {"voucher", refusing("PostDocument", "Cuenta inválida"), tag + accounting_tag + "Cuenta inválida", written},
+         {"registration", refusing("RegisterDocument", "Sin réplica"), tag + "Sin réplica",
+          written + " +Poliza +Poliza_Detalle"}},
         prepare, call);
 }
 
@@ -266,12 +255,11 @@ TEST(Bank_movement_failures, each_statement_that_fails_leaves_what_came_before_i
     const std::string written = "~Banco ~Banco_Cuenta +Banco_Movimiento +Folio_Serie]";
     EXPECT_THAT(
         listed(statements_fail_in_turn(prepare, call)),
-        ElementsAre("SELECT * FROM Banco_Cuen => " + tag_with_blank + failure + " []",
-                    "INSERT INTO Banco_Movimi => " + tag_with_blank + failure + " [+Folio_Serie]",
-                    "UPDATE Banco_Cuenta SET  => " + tag_with_blank + failure + " [+Banco_Movimiento +Folio_Serie]",
-                    "UPDATE Banco SET    Bn_S => " + tag_with_blank + failure +
-                        " [~Banco_Cuenta +Banco_Movimiento +Folio_Serie]",
-                    "SELECT Banco_Movimiento. => " + tag + accounting_tag + failure + " [" + written));
+        ElementsAre("SELECT Banco_Cuenta => " + tag_with_blank + failure + " []",
+                    "INSERT Banco_Movimiento => " + tag_with_blank + failure + " [+Folio_Serie]",
+                    "UPDATE Banco_Cuenta => " + tag_with_blank + failure + " [+Banco_Movimiento +Folio_Serie]",
+                    "UPDATE Banco => " + tag_with_blank + failure + " [~Banco_Cuenta +Banco_Movimiento +Folio_Serie]",
+                    "SELECT Banco_Movimiento => " + tag + accounting_tag + failure + " [" + written));
 }
 
 TEST(Bank_movement_failures, each_service_call_that_fails_leaves_what_came_before_it) {

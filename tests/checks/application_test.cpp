@@ -1,6 +1,6 @@
 // Application of checks, and their closing.
-#include "checks/statements.h"
 #include "support/company.h"
+#include "support/statement_files.h"
 
 namespace cuvexa::tests {
 namespace {

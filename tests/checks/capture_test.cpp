@@ -2,12 +2,21 @@
 #include <cmath>
 #include <limits>
 
-#include "support/company.h"
+#include "support/in_turn.h"
+#include "support/texts.h"
 
 namespace cuvexa::tests {
 namespace {
 
 const std::string line_tag = "Cuvexa.dll - Inserta_Detalle_Cheque()\r\n";
+
+/// A check of the number 1001 that is there already.
+void issue_before(Company& company, const std::string& transfer = "NO", const std::string& state = "AC") {
+    company.sql(
+        "INSERT INTO Cheque (Ch_Folio, Ch_Referencia, Bc_Cve_Banco_Cuenta, Ch_Transferencia, Es_Cve_Estado) "
+        "VALUES ('BEFORE', '1001', 'SRR-MXN', '" +
+        transfer + "', '" + state + "')");
+}
 
 class Check_capture : public ::testing::Test {
 protected:
@@ -30,12 +39,8 @@ protected:
         EXPECT_EQ(folio(), "");
     }
 
-    /// A check of the number 1001 that is there already.
     void issue_before(const std::string& transfer = "NO", const std::string& state = "AC") {
-        company.sql(
-            "INSERT INTO Cheque (Ch_Folio, Ch_Referencia, Bc_Cve_Banco_Cuenta, Ch_Transferencia, Es_Cve_Estado) "
-            "VALUES ('BEFORE', '1001', 'SRR-MXN', '" +
-            transfer + "', '" + state + "')");
+        tests::issue_before(company, transfer, state);
     }
 
     Company company;
@@ -109,56 +114,49 @@ protected:
         company.set_parameter("GEN_FORZAR_TIEMPO_REAL", "1");
         company.on.server_date = Company::now();
     }
-
-    std::vector<Refusal_case> steps() {
-        return {
-            {"central server", [this] { company.on.replica = true; },
-             "Esta operación solo puede realizarse en el servidor central"},
-            {"same day", [this] { header.Ch_Fecha = Company::yesterday(); },
-             "No es posible realizar esta operación, la fecha del documento no es del día actual\r\n"
-             "Fecha del documento: 14/03/2024, fecha del día: 15/03/2024"},
-            {"period", [this] { company.sql("UPDATE Periodo_Operativo SET Po_Estado = 'CE'"); },
-             "El período operativo correspondiente a la fecha: 15-03-2024, está cerrado o no existe!"},
-            {"branch", [this] { header.Sucursal.Sc_Cve_Sucursal = "LEN"; },
-             "La sucursal: LEN, no existe o está dada de baja"},
-            {"currency", [this] { header.Mn_Cve_Moneda = "EUR"; }, "La moneda: EUR, no existe o está dada de baja"},
-            {"check type", [this] { header.Tc_Cve_Tipo_Cheque = "0099"; },
-             "El tipo de cheque: 0099, no existe o esta dado de baja"},
-            {"transfer", [this] { header.Ch_Transferencia = ""; },
-             "No se indicó el tipo de operación (cheque o transferencia)"},
-            {"rate", [this] { header.Ch_Tipo_Cambio = -1.5; }, "El tipo de cambio: -1.5, no es válido"},
-            {"beneficiary", [this] { header.Ch_Solicitar_Valor = "PV99"; },
-             "El proveedor: PV99, no existe o esta dado de baja"},
-            {"issued", [this] { issue_before(header.Ch_Transferencia); },
-             "El cheque 1001 ya fue impreso con el folio: BEFORE"},
-            {"folio", [this] { company.on.next_folio = ""; }, "Error al intentar obtener el folio del cheque!"},
-        };
-    }
 };
 
 TEST_F(Check_capture_steps, nothing_stands_in_the_way_at_first) {
     EXPECT_TRUE(add()) << error();
 }
 
-class Check_capture_step : public Check_capture_steps, public ::testing::WithParamInterface<std::size_t> {};
-
-TEST_P(Check_capture_step, refuses_alone_and_before_every_later_one) {
-    const std::size_t first = GetParam();
-    for (std::size_t second = first; second < steps().size(); ++second) {
-        SCOPED_TRACE(steps()[first].name + " and " + steps()[second].name);
-        header = Company::check_header();
-        company.sql("DELETE FROM Cheque");
-        company.sql("UPDATE Periodo_Operativo SET Po_Estado = 'AB'");
-        company.on.replica.reset();
-        company.on.next_folio.reset();
-
-        if (second != first) steps()[second].provoke();
-        steps()[first].provoke();
-        expect_refused(steps()[first].error);
-    }
+Preparation header(const std::function<void(tTsEncabezado&)>& change) {
+    return letting<tTsEncabezado>(&Tesoreria::Encabezado, &Tesoreria::Encabezado, change);
 }
 
-INSTANTIATE_TEST_SUITE_P(Steps, Check_capture_step, ::testing::Range<std::size_t>(0, 11));
+void first_line(Company& company) {
+    company.set_parameter("GEN_FORZAR_TIEMPO_REAL", "1");
+    company.treasury().Encabezado(Company::check_header());
+    company.treasury().Detalle(Company::check_line(250.5));
+}
+
+TEST(Check_capture_order, the_refusals_of_a_first_line_come_in_the_order_of_its_steps) {
+    using Header = tTsEncabezado;
+    expect_refusals_in_order(
+        {{"central server", [](Company& company) { company.on.replica = true; },
+          "Esta operación solo puede realizarse en el servidor central"},
+         {"same day", header([](Header& h) { h.Ch_Fecha = Company::yesterday(); }), not_today},
+         {"period", sql("UPDATE Periodo_Operativo SET Po_Estado = 'CE'"), period_closed},
+         {"branch", header([](Header& h) { h.Sucursal.Sc_Cve_Sucursal = "LEN"; }),
+          "La sucursal: LEN, no existe o está dada de baja"},
+         {"currency", header([](Header& h) { h.Mn_Cve_Moneda = "EUR"; }),
+          "La moneda: EUR, no existe o está dada de baja"},
+         {"check type", header([](Header& h) { h.Tc_Cve_Tipo_Cheque = "0099"; }),
+          "El tipo de cheque: 0099, no existe o esta dado de baja"},
+         {"transfer", header([](Header& h) { h.Ch_Transferencia = ""; }),
+          "No se indicó el tipo de operación (cheque o transferencia)"},
+         {"rate", header([](Header& h) { h.Ch_Tipo_Cambio = -1.5; }), "El tipo de cambio: -1.5, no es válido"},
+         {"beneficiary", header([](Header& h) { h.Ch_Solicitar_Valor = "PV99"; }),
+          "El proveedor: PV99, no existe o esta dado de baja"},
+         {"issued", [](Company& company) { issue_before(company); },
+          "El cheque 1001 ya fue impreso con el folio: BEFORE"},
+         {"folio", without_folio, "Error al intentar obtener el folio del cheque!"}},
+        first_line, [](Company& company) {
+            const bool added = company.treasury().Add_Cheque_Detalle();
+            EXPECT_EQ(company.treasury().Encabezado().Ch_Folio, "");
+            return added;
+        });
+}
 
 TEST_F(Check_capture_steps, a_folio_that_is_missing_is_told_before_a_line_without_amount) {
     company.on.next_folio = "";

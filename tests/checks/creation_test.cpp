@@ -2,8 +2,8 @@
 #include <algorithm>
 #include <iterator>
 
-#include "checks/statements.h"
 #include "support/company.h"
+#include "support/statement_files.h"
 
 namespace cuvexa::tests {
 namespace {
@@ -223,7 +223,7 @@ TEST_P(Check_purpose, a_sum_that_gives_no_row_is_refused) {
 TEST_P(Budgeted_check, the_budget_checks_refusal_ends_it_with_its_own_words_and_the_check_stays) {
     prepare(purpose());
     // A check type of another kind: the beneficiary is found, but the type is not the budget's.
-    meanwhile(company, "AFTER INSERT ON Cheque", "UPDATE Cheque SET Tc_Cve_Tipo_Cheque = '0000'");
+    company.meanwhile("AFTER INSERT ON Cheque", "UPDATE Cheque SET Tc_Cve_Tipo_Cheque = '0000'");
     EXPECT_FALSE(create(company.treasury(), purpose()));
     EXPECT_TRUE(error().starts_with("Afectar_Cheque_Presupuesto()\r\nel cheque: " + folio() + " no es un")) << error();
     EXPECT_EQ(company.scalar("SELECT Es_Cve_Estado FROM Cheque"), "AC");

@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "support/in_turn.h"
+#include "support/texts.h"
 
 namespace cuvexa::tests {
 namespace {
@@ -289,15 +290,8 @@ const Preparation prepare = [](Company& company) {
     company.capture_receipt({cash(100), check(50, "Sierra", "1")});
 };
 
-struct Arguments {
-    std::string account = "SRR-MXN";
-    Date date = Company::today();
-};
-Arguments arguments;
-
 const Call call = [](Company& company) {
-    return company.treasury().Genera_Deposito(arguments.account, "RP-MTY-00000001", arguments.date, false,
-                                              Company::today());
+    return company.treasury().Genera_Deposito("SRR-MXN", "RP-MTY-00000001", Company::today(), false, Company::today());
 };
 
 const std::string one_line = "+Deposito_Pago +Folio_Serie";
@@ -305,38 +299,23 @@ const std::string everything_but_the_end =
     "~Banco ~Banco_Cuenta +Banco_Movimiento +Deposito_Pago +Documento_Registrado +Folio_Serie ~Recibo_Pago";
 
 TEST(Deposit_generation_order, the_refusals_come_in_the_order_of_the_steps) {
-    const Preparation with_good_arguments = [](Company& company) {
-        arguments = {};
-        prepare(company);
-    };
+    const std::string no_type = "El tipo de movimiento de banco no existe o está dado de baja";
+    const std::string no_receipt =
+        "No se encontró el recibo de caja o el estado no permite realizar deposito:'RP-MTY-00000001'";
+    const std::string all = everything_but_the_end;
+    const std::string and_voucher =
+        "~Banco ~Banco_Cuenta +Banco_Movimiento +Deposito_Pago +Documento_Registrado +Folio_Serie +Poliza "
+        "+Poliza_Detalle ~Recibo_Pago";
     expect_refusals_in_order(
-        {
-            {"account", [](Company&) { arguments.account = "NADIE"; },
-             tag + "No se encontró la información de la cuenta bancaria!", ""},
-            {"same day", [](Company&) { arguments.date = Company::yesterday(); },
-             tag + "No es posible realizar esta operación, la fecha del documento no es del día actual\r\n"
-                   "Fecha del documento: 14/03/2024, fecha del día: 15/03/2024",
-             ""},
-            {"state of the receipts",
-             [](Company& company) { company.sql("UPDATE Recibo_Pago SET Es_Cve_Estado = 'DP'"); },
-             tag + "No se encontró el recibo de caja o el estado no permite realizar deposito:'RP-MTY-00000001'", ""},
-            {"folio", [](Company& company) { company.on.next_folio = ""; },
-             tag + "Imposible obtener el folio del depósito", ""},
-            {"movement", [](Company& company) { company.sql("UPDATE Banco_Tipo_Movimiento SET Es_Cve_Estado = 'BA'"); },
-             movement_tag_with_blank + "El tipo de movimiento de banco no existe o está dado de baja", one_line},
-            {"voucher", [](Company& company) { company.on.refuse("PostDocument", "Cuenta contable inválida"); },
-             tag + "Cuenta contable inválida", everything_but_the_end},
-            {"registration",
-             [](Company& company) {
-                 company.on.refuse_call("RegisterDocument(DEPOSITO_PAGO, DP-MTY-00000001)", "Sin réplica");
-             },
-             tag + "Sin réplica",
-             "~Banco ~Banco_Cuenta +Banco_Movimiento +Deposito_Pago +Documento_Registrado +Folio_Serie +Poliza "
-             "+Poliza_Detalle "
-             "~Recibo_Pago"},
-        },
-        with_good_arguments, call);
-    arguments = {};
+        {{"account", sql("DELETE FROM Banco_Cuenta"), tag + "No se encontró la información de la cuenta bancaria!"},
+         {"same day", a_day_later, tag + not_today_but_yesterday},
+         {"receipts", sql("UPDATE Recibo_Pago SET Es_Cve_Estado = 'DP'"), tag + no_receipt},
+         {"folio", without_folio, tag + "Imposible obtener el folio del depósito"},
+         {"movement", sql("DELETE FROM Banco_Tipo_Movimiento"), movement_tag_with_blank + no_type, one_line},
+         {"voucher", refusing("PostDocument", "Cuenta inválida"), tag + "Cuenta inválida", all},
+         {"registration", refusing_call("RegisterDocument(DEPOSITO_PAGO, DP-MTY-00000001)", "Sin réplica"),
+          tag + "Sin réplica", and_voucher}},
+        prepare, call);
 }
 
 TEST_F(Deposit_generation, a_cancelled_account_is_refused_before_a_folio_is_taken) {
@@ -439,26 +418,23 @@ TEST(Deposit_generation_failures, each_statement_that_fails_leaves_what_came_bef
     const std::string own = " => " + tag + obstructed::statement_failure;
     const std::string movement = " => " + movement_tag_with_blank + obstructed::statement_failure;
     const std::string first_group = " [" + everything_but_the_end + "]";
-    arguments = {};
     EXPECT_THAT(
         listed(statements_fail_in_turn(prepare, call)),
-        ElementsAre(
-            "SELECT    Sucursal.Sc_Cv" + own + " []", "SELECT    Recibo_Pago.Sc" + own + " []",
-            "INSERT INTO Deposito_Pag" + own + " [+Folio_Serie]",
-            "SELECT * FROM Banco_Cuen" + movement + " [+Deposito_Pago +Folio_Serie]",
-            "INSERT INTO Banco_Movimi" + movement + " [+Deposito_Pago +Folio_Serie]",
-            "UPDATE Banco_Cuenta SET " + movement + " [+Banco_Movimiento +Deposito_Pago +Folio_Serie]",
-            "UPDATE Banco SET    Bn_S" + movement + " [~Banco_Cuenta +Banco_Movimiento +Deposito_Pago +Folio_Serie]",
-            "UPDATE Recibo_Pago SET  " + own +
-                " [~Banco ~Banco_Cuenta +Banco_Movimiento +Deposito_Pago +Documento_Registrado +Folio_Serie]",
-            "INSERT INTO Deposito_Pag" + own + first_group, "SELECT * FROM Banco_Cuen" + movement + first_group,
-            "INSERT INTO Banco_Movimi" + movement + first_group, "UPDATE Banco_Cuenta SET " + movement + first_group,
-            "UPDATE Banco SET    Bn_S" + movement + first_group, "UPDATE Recibo_Pago SET  " + own + first_group));
+        ElementsAre("SELECT Recibo_Pago" + own + " []", "SELECT Recibo_Pago" + own + " []",
+                    "INSERT Deposito_Pago" + own + " [+Folio_Serie]",
+                    "SELECT Banco_Cuenta" + movement + " [+Deposito_Pago +Folio_Serie]",
+                    "INSERT Banco_Movimiento" + movement + " [+Deposito_Pago +Folio_Serie]",
+                    "UPDATE Banco_Cuenta" + movement + " [+Banco_Movimiento +Deposito_Pago +Folio_Serie]",
+                    "UPDATE Banco" + movement + " [~Banco_Cuenta +Banco_Movimiento +Deposito_Pago +Folio_Serie]",
+                    "UPDATE Recibo_Pago" + own +
+                        " [~Banco ~Banco_Cuenta +Banco_Movimiento +Deposito_Pago +Documento_Registrado +Folio_Serie]",
+                    "INSERT Deposito_Pago" + own + first_group, "SELECT Banco_Cuenta" + movement + first_group,
+                    "INSERT Banco_Movimiento" + movement + first_group, "UPDATE Banco_Cuenta" + movement + first_group,
+                    "UPDATE Banco" + movement + first_group, "UPDATE Recibo_Pago" + own + first_group));
 }
 
 TEST(Deposit_generation_failures, a_failure_in_the_second_group_leaves_the_first_one_whole) {
     Company company;
-    arguments = {};
     prepare(company);
     company.mark();
     company.on.failing_statement = 9;  // the second line of the deposit
@@ -470,7 +446,6 @@ TEST(Deposit_generation_failures, a_failure_in_the_second_group_leaves_the_first
 }
 
 TEST(Deposit_generation_failures, each_service_call_that_fails_is_reported_under_the_tag_of_the_member_it_served) {
-    arguments = {};
     const std::vector<Outcome> outcomes = calls_fail_in_turn(prepare, call);
     std::vector<std::string> lines;
     for (const Outcome& outcome : outcomes) {

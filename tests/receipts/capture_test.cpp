@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "support/in_turn.h"
+#include "support/texts.h"
 
 namespace cuvexa::tests {
 namespace {
@@ -293,83 +294,55 @@ TEST_F(Receipt_capture, a_success_after_a_refusal_leaves_no_error) {
 
 // ---- The refusals, in their order -----------------------------------------------------------------------------------
 
-const std::string not_today = tag +
-                              "No es posible realizar esta operación, la fecha del documento no es del día actual\r\n"
-                              "Fecha del documento: 14/03/2024, fecha del día: 15/03/2024";
-const std::string took_folio = "+Folio_Serie";
-
-/// What `change` does to the header, and a let of the result.
-template <class Change>
-std::function<void(Company&)> header_with(Change change) {
-    return [change](Company& company) {
-        tRpEncabezado header = company.treasury().RpEncabezado();
-        change(header);
-        company.treasury().RpEncabezado(header);
-    };
+Preparation header(const std::function<void(tRpEncabezado&)>& change) {
+    return letting<tRpEncabezado>(&Tesoreria::RpEncabezado, &Tesoreria::RpEncabezado, change);
+}
+Preparation line(const std::function<void(tRpDetalle&)>& change) {
+    return letting<tRpDetalle>(&Tesoreria::RpDetalle, &Tesoreria::RpDetalle, change);
 }
 
-TEST_F(Receipt_capture, the_refusals_of_a_line_come_in_the_order_of_its_steps) {
-    const auto yesterday = [](tRpEncabezado& header) { header.Rp_Fecha = Company::yesterday(); };
-    const auto no_currency = [](tRpEncabezado& header) { header.Mn_Cve_Moneda = "XXX"; };
-    const auto no_rate = [](tRpEncabezado& header) { header.Rp_Tipo_Cambio = 0; };
-    const auto no_method = [](Company& company) {
-        tRpDetalle line = company.treasury().RpDetalle();
-        line.Fp_Cve_Forma_Pago.Fp_Cve_Forma_Pago = "88";
-        company.treasury().RpDetalle(line);
-    };
-    const auto no_amount = [](Company& company) {
-        tRpDetalle line = company.treasury().RpDetalle();
-        line.Rp_Importe = 0;
-        company.treasury().RpDetalle(line);
-    };
-    const std::vector<Step> steps = {
-        {"central server", [](Company& company) { company.on.replica = true; },
-         "Esta operación solo puede realizarse en el servidor central", ""},
-        {"same day", header_with(yesterday), not_today, ""},
-        {"operating period",
-         [](Company& company) {
-             company.sql("UPDATE Periodo_Operativo SET Po_Estado = 'CE' WHERE Po_Ejercicio = 2024");
-         },
-         "", ""},
-        {"currency", header_with(no_currency), "La moneda: XXX, no existe o está dada de baja", ""},
-        {"exchange rate", header_with(no_rate), "El tipo de cambio: 0, no es válido", ""},
-        {"folio", [](Company& company) { company.on.next_folio = ""; },
-         "Error al intentar obtener el folio del recibo de caja!", ""},
-        {"payment method", no_method, "La forma de pago no existe o está dada de baja", took_folio},
-        {"amount", no_amount, "Importe del recibo erróneo, no puede ser cero!", took_folio},
-        {"bank",
-         [](Company& company) {
-             auto extras = std::make_shared<clsRpDetalle>();
-             extras->Rp_Cve_Banco = "VIEJO";
-             extras->Rp_Vendedor = "VN01";
-             company.treasury().RpDetalle2(extras);
-         },
-         "El banco no existe o está de baja", took_folio},
-        {"seller", [](Company& company) { company.sql("UPDATE Vendedor SET Es_Cve_Estado = 'BA'"); },
-         "El vendedor no existe o está de baja", took_folio},
-        {"payment line", [](Company& company) { company.on.refuse("ValidatePaymentLine", "Falta el banco"); },
-         tag + "Falta el banco", took_folio},
-        {"insert", [](Company& company) { company.on.failing_statement = 1; }, obstructed::statement_failure,
-         took_folio},
-    };
-    auto with_texts = steps;
-    with_texts[2].error =
-        tag + "El período operativo correspondiente a la fecha: 15-03-2024, está cerrado o no existe!";
+void inactive_bank(Company& company) {
+    company.treasury().RpDetalle2(std::make_shared<clsRpDetalle>(clsRpDetalle{"VIEJO", "VN01", "", "", "", ""}));
+}
 
-    const Preparation prepare = [](Company& company) {
-        company.set_parameter("GEN_FORZAR_TIEMPO_REAL", "1");
-        tRpEncabezado header = Company::receipt_header();
-        header.TipoReciboPago.Trp_Cve_Tipo_Recibo_Pago = "05";
-        company.treasury().NuevoReciboCaja();
-        company.treasury().RpEncabezado(header);
-        company.treasury().RpDetalle(Company::receipt_line(100));
-        auto extras = std::make_shared<clsRpDetalle>();
-        extras->Rp_Vendedor = "VN01";
-        company.treasury().RpDetalle2(extras);
-        company.treasury().Validar_Forma_Pago(true);
-    };
-    expect_refusals_in_order(with_texts, prepare,
-                             [](Company& company) { return company.treasury().Add_Recibo_Caja_Detalle(); });
+void failing_insert(Company& company) {
+    company.on.failing_statement = 1;
+}
+
+void first_line(Company& company) {
+    company.set_parameter("GEN_FORZAR_TIEMPO_REAL", "1");
+    tRpEncabezado header = Company::receipt_header();
+    header.TipoReciboPago.Trp_Cve_Tipo_Recibo_Pago = "05";
+    company.treasury().NuevoReciboCaja();
+    company.treasury().RpEncabezado(header);
+    company.treasury().RpDetalle(Company::receipt_line(100));
+    company.treasury().RpDetalle2(std::make_shared<clsRpDetalle>(clsRpDetalle{"", "VN01", "", "", "", ""}));
+    company.treasury().Validar_Forma_Pago(true);
+}
+
+TEST(Receipt_capture_order, the_refusals_of_a_line_come_in_the_order_of_its_steps) {
+    using Header = tRpEncabezado;
+    using Line = tRpDetalle;
+    const std::string took_folio = "+Folio_Serie";
+    expect_refusals_in_order(
+        {{"central server", [](Company& company) { company.on.replica = true; },
+          "Esta operación solo puede realizarse en el servidor central"},
+         {"same day", header([](Header& h) { h.Rp_Fecha = Company::yesterday(); }), tag + not_today},
+         {"period", sql("UPDATE Periodo_Operativo SET Po_Estado = 'CE'"), tag + period_closed},
+         {"currency", header([](Header& h) { h.Mn_Cve_Moneda = "XXX"; }),
+          "La moneda: XXX, no existe o está dada de baja"},
+         {"rate", header([](Header& h) { h.Rp_Tipo_Cambio = 0; }), "El tipo de cambio: 0, no es válido"},
+         {"folio", without_folio, "Error al intentar obtener el folio del recibo de caja!"},
+         {"payment method", line([](Line& l) { l.Fp_Cve_Forma_Pago.Fp_Cve_Forma_Pago = "88"; }),
+          "La forma de pago no existe o está dada de baja", took_folio},
+         {"amount", line([](Line& l) { l.Rp_Importe = 0; }), "Importe del recibo erróneo, no puede ser cero!",
+          took_folio},
+         {"bank", inactive_bank, "El banco no existe o está de baja", took_folio},
+         {"seller", sql("UPDATE Vendedor SET Es_Cve_Estado = 'BA'"), "El vendedor no existe o está de baja",
+          took_folio},
+         {"payment line", refusing("ValidatePaymentLine", "Falta el banco"), tag + "Falta el banco", took_folio},
+         {"insert", failing_insert, obstructed::statement_failure, took_folio}},
+        first_line, [](Company& company) { return company.treasury().Add_Recibo_Caja_Detalle(); });
 }
 
 TEST_F(Receipt_capture, a_branch_without_server_belongs_to_the_central_one) {
@@ -414,7 +387,7 @@ TEST_F(Receipt_capture, in_real_time_a_receipt_of_today_passes_at_any_time_of_da
         header.Rp_Fecha = Date{Company::yesterday().days + time};
         start(header);
         EXPECT_FALSE(add());
-        EXPECT_EQ(treasury().Error(), not_today);
+        EXPECT_EQ(treasury().Error(), tag + not_today);
     }
 }
 
@@ -694,7 +667,7 @@ TEST_F(Receipt_capture, every_service_call_that_fails_is_reported_behind_the_tag
 TEST_F(Receipt_capture, a_statement_that_fails_is_reported_without_tag) {
     EXPECT_THAT(listed(statements_fail_in_turn(
                     prepare_line, [](Company& company) { return company.treasury().Add_Recibo_Caja_Detalle(); })),
-                ElementsAre("INSERT INTO Recibo_Pago( => se perdió la conexión [+Folio_Serie]"));
+                ElementsAre("INSERT Recibo_Pago => se perdió la conexión [+Folio_Serie]"));
 }
 
 TEST_F(Receipt_capture, an_amount_that_is_no_number_reaches_no_statement) {

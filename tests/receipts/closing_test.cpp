@@ -197,20 +197,15 @@ const Call call = [](Company& company) { return company.treasury().FinReciboCaja
 
 TEST(Receipt_closing_order, the_refusals_come_in_the_order_of_the_steps) {
     const std::string applied = "+Cuenta_x_Pagar ~Folio_Serie ~Recibo_Pago";
+    const std::string posted = "+Cuenta_x_Cobrar +Cuenta_x_Pagar ~Folio_Serie +Folio_Serie +Poliza +Poliza_Detalle";
     expect_refusals_in_order(
-        {
-            {"receipt", [](Company& company) { company.sql("UPDATE Recibo_Pago SET Es_Cve_Estado = 'CA'"); },
-             tag + "No se encontró el recibo de caja: RP-MTY-00000001", ""},
-            {"payable", [](Company& company) { company.on.refuse("CreatePayable", "Proveedor suspendido"); },
-             tag + "Proveedor suspendido", ""},
-            {"receivable", [](Company& company) { company.on.refuse("CreateReceivable", "Cliente suspendido"); },
-             tag + "Cliente suspendido", applied},
-            {"voucher", [](Company& company) { company.on.refuse("PostDocument", "Cuenta contable inválida"); },
-             tag + "Cuenta contable inválida", "+Cuenta_x_Cobrar " + applied},
-            {"registration", [](Company& company) { company.on.refuse("RegisterDocument", "Sin réplica"); },
-             tag + "Sin réplica",
-             "+Cuenta_x_Cobrar +Cuenta_x_Pagar ~Folio_Serie +Folio_Serie +Poliza +Poliza_Detalle ~Recibo_Pago"},
-        },
+        {{"receipt", sql("UPDATE Recibo_Pago SET Es_Cve_Estado = 'CA'"),
+          tag + "No se encontró el recibo de caja: RP-MTY-00000001"},
+         {"payable", refusing("CreatePayable", "Proveedor suspendido"), tag + "Proveedor suspendido"},
+         {"receivable", refusing("CreateReceivable", "Cliente suspendido"), tag + "Cliente suspendido", applied},
+         {"voucher", refusing("PostDocument", "Cuenta inválida"), tag + "Cuenta inválida",
+          "+Cuenta_x_Cobrar " + applied},
+         {"registration", refusing("RegisterDocument", "Sin réplica"), tag + "Sin réplica", posted + " ~Recibo_Pago"}},
         prepare_payable, call);
 }
 
@@ -305,8 +300,8 @@ TEST_F(Receipt_closing, a_voucher_that_succeeds_with_a_text_is_a_failure_all_the
 TEST(Receipt_closing_failures, each_statement_that_fails_leaves_what_came_before_it) {
     const std::string failure = " => " + tag + obstructed::statement_failure;
     EXPECT_THAT(listed(statements_fail_in_turn(prepare_payable, call)),
-                ElementsAre("SELECT    Recibo_Pago.Rp" + failure + " []",
-                            "UPDATE Recibo_Pago SET  " + failure + " [+Cuenta_x_Pagar ~Folio_Serie]"));
+                ElementsAre("SELECT Recibo_Pago" + failure + " []",
+                            "UPDATE Recibo_Pago" + failure + " [+Cuenta_x_Pagar ~Folio_Serie]"));
 }
 
 TEST(Receipt_closing_failures, each_service_call_that_fails_leaves_what_came_before_it) {
