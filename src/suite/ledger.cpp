@@ -66,9 +66,34 @@ double Ledger::in_currency_of(const Account& account, double amount, std::string
 }
 
 std::string Ledger::pay(const Account& account, const New_payment& payment) {
-    const Rows count = context_.query("SELECT COUNT(*) AS Pagos FROM {} WHERE {}_Folio = '{}'", Raw{names_.payments},
-                                      Raw{names_.prefix}, account.folio);
-    const std::string id = four_digits(static_cast<int>(count.number("Pagos")) + 1);
+    std::string id = next_payment_id(account.folio);
+    // Another session may take the number between the look and the insertion; then there is a higher one.
+    for (bool paid = false; !paid;) {
+        try {
+            insert_payment(account, payment, id);
+            paid = true;
+        } catch (const Database_error&) {
+            if (payment_state(account.folio, id).eof()) throw;
+            id = next_payment_id(account.folio);
+        }
+    }
+    if (payment.affects_balance) update_balance(account.folio);
+    return id;
+}
+
+std::string Ledger::next_payment_id(std::string_view folio) {
+    const Rows highest =
+        context_.query("SELECT ISNULL(MAX(CAST(Pc_ID AS INT)), 0) AS Pc_ID FROM {} WHERE {}_Folio = '{}'",
+                       Raw{names_.payments}, Raw{names_.prefix}, folio);
+    return four_digits(static_cast<std::int64_t>(highest.number("Pc_ID")) + 1);
+}
+
+Rows Ledger::payment_state(std::string_view folio, std::string_view payment_id) {
+    return context_.query("SELECT Es_Cve_Estado FROM {} WHERE {}_Folio = '{}' AND Pc_ID = '{}'", Raw{names_.payments},
+                          Raw{names_.prefix}, folio, payment_id);
+}
+
+void Ledger::insert_payment(const Account& account, const New_payment& payment, const std::string& id) {
     const double amount = in_currency_of(account, payment.amount, payment.currency, payment.exchange_rate);
     const double rate = same_text(account.currency, payment.currency) ? payment.exchange_rate : account.exchange_rate;
     const std::string now = context_.stamp();
@@ -83,16 +108,13 @@ std::string Ledger::pay(const Account& account, const New_payment& payment) {
         account.currency, rate, payment.amount, payment.currency, payment.exchange_rate, payment.source_table,
         payment.source_document, payment.reference, payment.concept_text, payment.payment_method,
         payment.affects_balance ? "SI" : "NO", context_.user(), now, context_.user(), now);
-    if (payment.affects_balance) update_balance(account.folio);
-    return id;
 }
 
 void Ledger::cancel_payment(const std::string& folio, const std::string& payment_id) {
     const std::optional<Account> account = find(folio);
     refuse_if(!account, "La {}: {}, no existe; verifique el folio", names_.noun, folio);
     refuse_if(account->cancelled(), "La {}: {}, está cancelada; sus pagos ya no pueden cancelarse", names_.noun, folio);
-    const Rows payment = context_.query("SELECT Es_Cve_Estado FROM {} WHERE {}_Folio = '{}' AND Pc_ID = '{}'",
-                                        Raw{names_.payments}, Raw{names_.prefix}, folio, payment_id);
+    const Rows payment = payment_state(folio, payment_id);
     refuse_if(payment.eof(), "El pago: {}, de la {}: {}, no existe; verifique el número", payment_id, names_.noun,
               folio);
     refuse_if(payment.text("Es_Cve_Estado") == state::cancelled, "El pago: {}, de la {}: {}, ya está cancelado",

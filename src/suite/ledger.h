@@ -77,7 +77,8 @@ public:
     static double in_currency_of(const Account& account, double amount, std::string_view currency,
                                  double exchange_rate);
 
-    /// Writes a payment, moves the balance and gives the payment's number.
+    /// Writes a payment, moves the balance and gives the payment's number: the highest of the account and one. Sessions
+    /// that pay one account in the same moment all get a number.
     std::string pay(const Account& account, const New_payment& payment);
 
     /// Cancels a payment and gives its amount back to the balance. An unknown or cancelled payment, one posted by hand
@@ -102,6 +103,11 @@ protected:
     Context& context_;
 
 private:
+    std::string next_payment_id(std::string_view folio);
+    /// The state of the payment; no row when there is none.
+    Rows payment_state(std::string_view folio, std::string_view payment_id);
+    void insert_payment(const Account& account, const New_payment& payment, const std::string& id);
+
     const Ledger_names& names_;
 };
 

@@ -75,5 +75,48 @@ TEST(Two_sessions, a_series_that_cannot_be_begun_is_a_failure_with_the_database_
     }
 }
 
+/// A server on which another session pays the same account between the look at the numbers and the insertion,
+/// `others` times.
+class Paid_meanwhile : public Connection {
+public:
+    Paid_meanwhile(Connection& rows, int others) : rows_(rows), others_(others) {}
+
+    std::unique_ptr<Recordset> execute(std::string_view text) override {
+        if (text.starts_with("INSERT INTO Pago_Cx") && others_-- > 0) rows_.execute(text);
+        return rows_.execute(text);
+    }
+
+private:
+    Connection& rows_;
+    int others_;
+};
+
+class Simultaneous_payments : public Suite_test {
+protected:
+    Receivable_payment payment() {
+        Receivable_payment made;
+        made.receivable_folio = "CXC-MTY-00000001";
+        made.amount = 10;
+        made.date = today();
+        made.currency = "MXN";
+        made.exchange_rate = 1;
+        return made;
+    }
+};
+
+TEST_F(Simultaneous_payments, all_get_a_number) {
+    Paid_meanwhile server(connection, 1);
+    Reference_suite other(server, {.user = "CAJA2", .server_date = today()});
+    const auto receivables = other.new_accounts_receivable();
+    ASSERT_TRUE(receivables->RegisterPayment(payment())) << receivables->LastError();
+    EXPECT_THAT(column("SELECT Pc_ID AS value FROM Pago_Cxc ORDER BY Pc_ID"), ElementsAre("0001", "0002"));
+    EXPECT_EQ(balance("CXC-MTY-00000001"), 4980) << "both count";
+}
+
+TEST_F(Simultaneous_payments, a_payment_that_fails_for_another_reason_fails_with_the_database_s_words) {
+    sql("CREATE TRIGGER Sin_Pagos BEFORE INSERT ON Pago_Cxc BEGIN SELECT RAISE(ABORT, 'disco lleno'); END");
+    EXPECT_THROW(suite.new_accounts_receivable()->RegisterPayment(payment()), Database_error);
+}
+
 }  // namespace
 }  // namespace cuvexa::tests
