@@ -46,6 +46,11 @@ std::string Context::time_text(Date date) const {
     return text;
 }
 
+Date Context::now() {
+    if (options_.server_date) return *options_.server_date;
+    return query("SELECT GETDATE() AS Ahora").date("Ahora");
+}
+
 std::string Context::look_up(std::string_view column, std::string_view key_column, std::string_view key,
                              std::string_view table, std::string_view condition) {
     std::string more;

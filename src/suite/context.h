@@ -53,10 +53,11 @@ public:
     void set_user(std::string user) { options_.user = std::move(user); }
     void set_server_date(std::optional<Date> date) { options_.server_date = date; }
 
-    Date now() const { return options_.server_date ? *options_.server_date : local_now(); }
+    /// The fixed date, or the date and time of the database server, asked for now; the embedded engine's are this machine's.
+    Date now();
     std::string day_text(Date date) const;
     std::string time_text(Date date) const;
-    std::string stamp() const { return time_text(now()); }
+    std::string stamp() { return time_text(now()); }
 
     template <class... Arguments>
     Rows query(Statement<std::type_identity_t<Arguments>...> statement, const Arguments&... arguments) {

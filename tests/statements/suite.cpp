@@ -51,6 +51,10 @@ std::vector<Case> data_cases() {
                    company.suite()->data()->LookupValue("Ps_Valor", "Ps_Nombre", "FIN_MONEDA_LOCAL",
                                                         "Parametro_Sistema", "");
                }),
+        asking(
+            "GetServerDate, while none is fixed",
+            [](Company& company) { company.suite()->set_server_date(std::nullopt); },
+            [](Company& company) { company.suite()->data()->GetServerDate(); }),
         asking("GetNextFolio, of a series that begins", {}, folio),
         asking("GetNextFolio, of a series in use", folio, folio),
         asking("GetNextFolio, of a series that cannot be begun: another session may have done it", {},
@@ -212,11 +216,11 @@ std::vector<Case> expense_cases() {
     return {asking("register_expense_advance", {},
                    [](Company& company) {
                        reference::register_expense_advance(*company.suite(), {.debtor = "DE01",
-                                                                   .branch = "MTY",
-                                                                   .expense = "GR-33",
-                                                                   .date = Company::today(),
-                                                                   .amount = 80,
-                                                                   .currency = "MXN"});
+                                                                              .branch = "MTY",
+                                                                              .expense = "GR-33",
+                                                                              .date = Company::today(),
+                                                                              .amount = 80,
+                                                                              .currency = "MXN"});
                    }),
             asking("link_advance_to_check", {}, [](Company& company) {
                 reference::link_advance_to_check(*company.suite(), check, "AN-MTY-00000002", 250, 1);

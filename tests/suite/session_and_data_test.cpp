@@ -110,6 +110,30 @@ TEST_F(Data, the_server_date_stands_still_until_it_is_given_back) {
     EXPECT_GE(data->GetServerDate(), local_today());
 }
 
+/// A database server whose clock is another than that of this machine.
+class Another_clock : public Connection {
+public:
+    explicit Another_clock(Connection& rows) : rows_(rows) {}
+    std::unique_ptr<Recordset> execute(std::string_view text) override {
+        ++asked;
+        return rows_.execute(text == "SELECT GETDATE() AS Ahora" ? "SELECT '2031-05-06T07:08:09' AS Ahora" : text);
+    }
+    int asked = 0;
+
+private:
+    Connection& rows_;
+};
+
+TEST_F(Data, the_server_date_is_the_database_server_s_asked_when_it_is_needed) {
+    Another_clock server(connection);
+    Reference_suite on_server(server);
+    EXPECT_EQ(on_server.data()->GetServerDate(), make_date(2031, 5, 6, 7, 8, 9));
+    EXPECT_EQ(server.asked, 1);
+    on_server.set_server_date(today());
+    EXPECT_EQ(on_server.data()->GetServerDate(), today());
+    EXPECT_EQ(server.asked, 1) << "a fixed date asks nobody";
+}
+
 TEST_F(Data, folios_count_per_branch_and_document) {
     auto data = suite.data();
     EXPECT_EQ(data->GetNextFolio("MTY", "RECIBO_PAGO"), "RP-MTY-00000001");

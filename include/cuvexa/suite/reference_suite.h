@@ -26,8 +26,8 @@ struct Reported_error {
 
 struct Suite_options {
     std::string user = "CUVEXA";
-    std::optional<Date> server_date = {};  ///< the server date stands still here; without it, the clock of this machine
-    Date_style date_style = Date_style::iso;                       ///< of `SqlDate` and `SqlDateTime`
+    std::optional<Date> server_date = {};     ///< the server date stands still here; without it, the database's clock
+    Date_style date_style = Date_style::iso;  ///< of `SqlDate` and `SqlDateTime`
     std::function<void(const Reported_error&)> report_error = {};  ///< without it, one line on standard error
     Connection* own_connection =
         nullptr;  ///< where the suite runs its own statements; without it, the session's connection
