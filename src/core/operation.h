@@ -115,6 +115,11 @@ public:
         return text;
     }
 
+    /// What the trap makes of a description: tagged, or as it stands in an operation without tag.
+    std::string trapped(std::string_view description) const {
+        return tag_.empty() ? std::string(description) : tagged(description);
+    }
+
 private:
     Module& module_;
     const std::string& error_;
@@ -134,9 +139,9 @@ bool operation(Module& module, std::string& error, std::string_view tag, Body&& 
     } catch (const Refusal& refusal) {
         error = refusal.text;
     } catch (const std::exception& failure) {
-        error = tag.empty() ? std::string(failure.what()) : op.tagged(failure.what());
+        error = op.trapped(failure.what());
     } catch (...) {
-        error = op.tagged("Error desconocido");
+        error = op.trapped("Error desconocido");
     }
     return false;
 }

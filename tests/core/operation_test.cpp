@@ -122,6 +122,8 @@ TEST_F(Frame, any_failure_becomes_the_tag_and_its_description_without_its_number
 }
 
 TEST_F(Frame, without_a_tag_a_failure_is_its_description_alone) {
+    EXPECT_FALSE(run([](Operation&) { throw 7; }, ""));
+    EXPECT_EQ(error, "Error desconocido");
     EXPECT_FALSE(run([](Operation&) { throw Database_error("no such table: X"); }, ""));
     EXPECT_EQ(error, "no such table: X");
 }
