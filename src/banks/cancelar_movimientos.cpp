@@ -75,9 +75,8 @@ bool Tesoreria::Cancelar_Movimiento_Bancos(const std::string& Bm_Folio) {
             Bm_Folio);
         op.refuse_if(movement.eof(), "No se encontró el movimiento de banco: {}", Bm_Folio);
         refuse_if_cancelled(op, movement);
-        const Date date = movement.date("Bm_Fecha");
-        check_same_day(op, date, Wording::tagged);
-        check_operating_period(op, date, Wording::tagged);
+        check_same_day(op, movement, "Bm_Fecha", Wording::tagged);
+        check_operating_period(op, movement, "Bm_Fecha", Wording::tagged);
         op.relay_unless(Valida_Poliza_Contable(document::bank_movement, Bm_Folio));
 
         reverse_movement(op, movement, stamp);

@@ -9,46 +9,36 @@ namespace {
 
 constexpr auto source_table = "Cheque";
 
-/// One open line with its check, the check's type, account and bank.
-struct Line {
-    explicit Line(const Rows& row)
-        : id(row.text("Cxa_ID")),
-          check_folio(row.text("Ch_Folio")),
-          check_number(row.text("Ch_Cheque")),
-          document(row.text("Cxp_Folio")),
-          amount(row.number("Cxa_Importe")),
-          currency(row.text("Cxa_Moneda")),
-          rate(row.number("Cxa_Tipo_Cambio")),
-          date(row.date("Ch_Fecha")),
-          beneficiary(row.text("Ch_Solicitar_Valor")),
-          asks_for(row.text("Tc_Solicitar")),
-          pays_supplier(row.text("Tc_Proveedor_Pago") == "SI"),
-          transfer(row.text("Ch_Transferencia")),
-          check_rate(row.number("Ch_Tipo_Cambio")),
-          branch(row.text("Sc_Cve_Sucursal")),
-          concept_text(row.text("Ch_Concepto")),
-          reference(row.text("Ch_Referencia")),
-          check_amount(row.number("Ch_Importe")),
-          account_currency(row.text("Mn_Cve_Moneda")),
-          account(row.text("Bc_Cve_Banco_Cuenta")),
-          account_number(row.text("Bc_Cuenta")),
-          bank(row.text("Bn_Cve_Banco")),
-          bank_name(row.text("Bn_Descripcion")) {}
+/// One open line with its check, the check's type, account and bank. A column is converted when a step uses it.
+class Line {
+public:
+    explicit Line(const Rows& row) : row_(row) {}
 
-    std::string id, check_folio, check_number;
-    std::string document;  ///< payable or expense that the line pays
-    double amount;
-    std::string currency;
-    double rate;
-    Date date;
-    std::string beneficiary;
-    std::string asks_for;
-    bool pays_supplier;
-    std::string transfer;
-    double check_rate;
-    std::string branch, concept_text, reference;
-    double check_amount;
-    std::string account_currency, account, account_number, bank, bank_name;
+    std::string id() const { return row_.text("Cxa_ID"); }
+    std::string check_folio() const { return row_.text("Ch_Folio"); }
+    std::string check_number() const { return row_.text("Ch_Cheque"); }
+    std::string document() const { return row_.text("Cxp_Folio"); }  ///< payable or expense that the line pays
+    double amount() const { return row_.number("Cxa_Importe"); }
+    std::string currency() const { return row_.text("Cxa_Moneda"); }
+    double rate() const { return row_.number("Cxa_Tipo_Cambio"); }
+    Date date() const { return row_.date("Ch_Fecha"); }
+    std::string beneficiary() const { return row_.text("Ch_Solicitar_Valor"); }
+    std::string asks_for() const { return row_.text("Tc_Solicitar"); }
+    bool pays_supplier() const { return row_.text("Tc_Proveedor_Pago") == "SI"; }
+    std::string transfer() const { return row_.text("Ch_Transferencia"); }
+    double check_rate() const { return row_.number("Ch_Tipo_Cambio"); }
+    std::string branch() const { return row_.text("Sc_Cve_Sucursal"); }
+    std::string concept_text() const { return row_.text("Ch_Concepto"); }
+    std::string reference() const { return row_.text("Ch_Referencia"); }
+    double check_amount() const { return row_.number("Ch_Importe"); }
+    std::string account_currency() const { return row_.text("Mn_Cve_Moneda"); }
+    std::string account() const { return row_.text("Bc_Cve_Banco_Cuenta"); }
+    std::string account_number() const { return row_.text("Bc_Cuenta"); }
+    std::string bank() const { return row_.text("Bn_Cve_Banco"); }
+    std::string bank_name() const { return row_.text("Bn_Descripcion"); }
+
+private:
+    const Rows& row_;
 };
 
 void check_applicable(Operation& op, const std::string& folio) {
@@ -102,24 +92,24 @@ Rows read_open_lines(Operation& op, const std::string& folio) {
 /// "01". The payment method of the check's kind must be configured even when nothing is paid.
 void pay_supplier(Operation& op, const Line& line, Date date) {
     const Cached_parameters& parameters = op.module().parameters();
-    const bool no_method = (line.transfer == "NO" && parameters.TES_FORMA_PAGO_CHEQUE.empty()) ||
-                           (line.transfer == "SI" && parameters.TES_FORMA_PAGO_TRANSFERENCIA.empty());
+    const bool no_method = (line.transfer() == "NO" && parameters.TES_FORMA_PAGO_CHEQUE.empty()) ||
+                           (line.transfer() == "SI" && parameters.TES_FORMA_PAGO_TRANSFERENCIA.empty());
     op.refuse_if(no_method, "No se encontró la forma de pago del documento");
-    if (!line.pays_supplier) return;
+    if (!line.pays_supplier()) return;
 
     const auto payables = op.module().suite().new_accounts_payable();
     const Payment_line payment{.date = to_date(Value(op.data().SqlDate(date))),
-                               .payable_folio = line.document,
-                               .check_folio = line.check_folio,
-                               .check_number = line.check_number,
-                               .payment_method = line.transfer == "NO" ? parameters.TES_FORMA_PAGO_CHEQUE
-                                                                       : parameters.TES_FORMA_PAGO_TRANSFERENCIA,
-                               .amount = line.amount,
-                               .exchange_rate = line.rate,
-                               .currency = line.currency,
-                               .bank_name = line.bank_name,
-                               .bank_account_number = line.account_number,
-                               .bank = line.bank};
+                               .payable_folio = line.document(),
+                               .check_folio = line.check_folio(),
+                               .check_number = line.check_number(),
+                               .payment_method = line.transfer() == "NO" ? parameters.TES_FORMA_PAGO_CHEQUE
+                                                                         : parameters.TES_FORMA_PAGO_TRANSFERENCIA,
+                               .amount = line.amount(),
+                               .exchange_rate = line.rate(),
+                               .currency = line.currency(),
+                               .bank_name = line.bank_name(),
+                               .bank_account_number = line.account_number(),
+                               .bank = line.bank()};
     op.relay_unless(payables->AddPaymentLine(payment), *payables);
     op.relay_unless(payables->ApplyPayments(), *payables);
 }
@@ -127,42 +117,43 @@ void pay_supplier(Operation& op, const Line& line, Date date) {
 /// "02", first half: the expense to be justified becomes a receivable of the debtor.
 void charge_expense(Operation& op, const Line& line) {
     const auto receivables = op.module().suite().new_accounts_receivable();
-    op.relay_unless(receivables->ApplyCustomerDocument(line.document), *receivables);
+    op.relay_unless(receivables->ApplyCustomerDocument(line.document()), *receivables);
 }
 
 /// "03" and "04". Once per line, and each time for the whole check.
 void charge_customer(Operation& op, const Line& line) {
-    const char* const condition = line.asks_for == check_purpose::debtor_loan ? "Tc_Cve_Tipo_Cliente = 'DE'" : "";
-    const Receivable receivable{.branch = line.branch,
-                                .customer = line.beneficiary,
-                                .exchange_rate = line.check_rate,
-                                .currency = line.account_currency,
-                                .source_table = source_table,
-                                .source_document = line.check_folio,
-                                .comment = line.concept_text,
-                                .reference = line.reference,
-                                .date = line.date,
-                                .due_date = customer_due_date(op, line.date, line.beneficiary, "CLIENTE", condition),
-                                .amount = line.check_amount,
-                                .net_amount = line.check_amount,
-                                .net_price_amount = line.check_amount,
-                                .balance = line.check_amount};
+    const char* const condition = line.asks_for() == check_purpose::debtor_loan ? "Tc_Cve_Tipo_Cliente = 'DE'" : "";
+    const Receivable receivable{
+        .branch = line.branch(),
+        .customer = line.beneficiary(),
+        .exchange_rate = line.check_rate(),
+        .currency = line.account_currency(),
+        .source_table = source_table,
+        .source_document = line.check_folio(),
+        .comment = line.concept_text(),
+        .reference = line.reference(),
+        .date = line.date(),
+        .due_date = customer_due_date(op, line.date(), line.beneficiary(), "CLIENTE", condition),
+        .amount = line.check_amount(),
+        .net_amount = line.check_amount(),
+        .net_price_amount = line.check_amount(),
+        .balance = line.check_amount()};
     const auto receivables = op.module().suite().new_accounts_receivable();
     op.relay_unless(receivables->CreateReceivable(receivable), *receivables);
 }
 
 /// "05". Gives the folio of the new payable.
 std::string create_supplier_advance(Operation& op, const Line& line) {
-    const Supplier_advance advance{.date = line.date,
-                                   .reference = line.reference,
-                                   .check_folio = line.check_folio,
-                                   .currency = line.currency,
-                                   .exchange_rate = line.rate,
-                                   .branch = line.branch,
-                                   .supplier = line.beneficiary,
-                                   .amount = line.check_amount,
-                                   .concept_text = line.concept_text,
-                                   .bank_account = line.account};
+    const Supplier_advance advance{.date = line.date(),
+                                   .reference = line.reference(),
+                                   .check_folio = line.check_folio(),
+                                   .currency = line.currency(),
+                                   .exchange_rate = line.rate(),
+                                   .branch = line.branch(),
+                                   .supplier = line.beneficiary(),
+                                   .amount = line.check_amount(),
+                                   .concept_text = line.concept_text(),
+                                   .bank_account = line.account()};
     const auto payables = op.module().suite().new_accounts_payable();
     std::string payable;
     op.relay_unless(payables->CreateSupplierAdvance(advance, payable), *payables);
@@ -237,17 +228,18 @@ bool Tesoreria::Aplicar_Cheque(const std::string& Ch_Folio, Date Fecha, bool Fir
         for (; !lines.eof(); lines.next()) {
             const Line line(lines);
             std::string new_payable;
-            if (line.asks_for == check_purpose::supplier_payment) {
+            if (line.asks_for() == check_purpose::supplier_payment) {
                 pay_supplier(op, line, Fecha);
-            } else if (line.asks_for == check_purpose::expense_to_verify) {
+            } else if (line.asks_for() == check_purpose::expense_to_verify) {
                 charge_expense(op, line);
                 op.relay_unless(Aplicar_Anticipo_Cxc(Ch_Folio, Fecha));
-            } else if (line.asks_for == check_purpose::customer_refund || line.asks_for == check_purpose::debtor_loan) {
+            } else if (line.asks_for() == check_purpose::customer_refund ||
+                       line.asks_for() == check_purpose::debtor_loan) {
                 charge_customer(op, line);
-            } else if (line.asks_for == check_purpose::supplier_advance) {
+            } else if (line.asks_for() == check_purpose::supplier_advance) {
                 new_payable = create_supplier_advance(op, line);
             }
-            mark_line(op, by, line.id, new_payable);
+            mark_line(op, by, line.id(), new_payable);
         }
         mark_check(op, by);
         mark_movement(op, by);

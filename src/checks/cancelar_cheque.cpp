@@ -89,7 +89,7 @@ bool Tesoreria::Cancelar_Cheque(const std::string& Ch_Folio) {
                      "Imposible localizar el cheque! \r\n"
                      "Cheque: {}",
                      Ch_Folio);
-        check_same_day(op, lines.date("Ch_Fecha"), Wording::tagged);
+        check_same_day(op, lines, "Ch_Fecha", Wording::tagged);
         // The guard speaks under the deposit's tag: callers parse this text.
         op.under("Cuvexa.dll - Cancelar_Deposito()").relay_unless(Valida_Poliza_Contable(document::check, Ch_Folio));
 

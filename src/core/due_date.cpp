@@ -1,10 +1,20 @@
 #include "core/due_date.h"
 
+#include <cmath>
+#include <limits>
+
 namespace cuvexa {
 namespace {
 
+/// Credit days are 32-bit whole numbers, as their column.
+int whole_days(const std::string& credit_days) {
+    const double days = std::nearbyint(to_number(credit_days));
+    if (std::abs(days) > std::numeric_limits<int>::max()) throw Automation_error(error_overflow, "Desbordamiento");
+    return static_cast<int>(days);
+}
+
 Date after(Date date, const std::string& credit_days) {
-    return credit_days.empty() ? date : add_days(date, to_integer(credit_days));
+    return credit_days.empty() ? date : add_days(date, whole_days(credit_days));
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
-// When what is owed falls due: the document's date plus the credit days of who owes it.
+// When what is owed falls due: the document's date plus the credit days of who owes it; the document's own date when the
+// catalog does not give any, as for who is not active or not of the class that the document asks for any more.
 #pragma once
 
 #include <string>
@@ -7,10 +8,9 @@
 
 namespace cuvexa {
 
-/// A supplier that is not active has no credit days.
 Date supplier_due_date(Operation& op, Date date, const std::string& supplier);
 
-/// The same of a customer. `table` and `condition` are those of the look-up, which the callers word each in its own way.
+/// `table` and `condition` are those of the look-up, which the callers word each in its own way.
 Date customer_due_date(Operation& op, Date date, const std::string& customer, const std::string& table,
                        const std::string& condition = {});
 

@@ -12,6 +12,29 @@ bool is_active_customer(Operation& op, const std::string& key, const char* kind)
     return !op.data().LookupValue("Cl_Descripcion", "Cl_Cve_Cliente", key, "Cliente", kind).empty();
 }
 
+bool same_day_is_forced(Operation& op) {
+    return op.module().parameters().GEN_FORZAR_TIEMPO_REAL;
+}
+
+bool period_is_validated(Operation& op) {
+    return op.module().boolean_parameter("GEN_VALIDAR_PERIODO_OPERATIVO");
+}
+
+void refuse_another_day(Operation& op, Date document_date, Wording wording) {
+    const Date today = op.data().GetServerDate();
+    if (day_of(document_date) == day_of(today)) return;
+    op.refuse_as(wording,
+                 "No es posible realizar esta operación, la fecha del documento no es del día actual\r\n"
+                 "Fecha del documento: {}, fecha del día: {}",
+                 short_date(document_date), short_date(today));
+}
+
+void refuse_closed_period(Operation& op, Date document_date, Wording wording) {
+    if (op.data().IsOperatingPeriodOpen(document_date, "FINANZAS")) return;
+    op.refuse_as(wording, "El período operativo correspondiente a la fecha: {}, está cerrado o no existe!",
+                 dashed_date(document_date));
+}
+
 }  // namespace
 
 std::string branch_server_id(DataServices& data, const std::string& branch) {
@@ -32,20 +55,19 @@ void check_central_server(Operation& op, const std::string& branch_server_id, Wo
 }
 
 void check_same_day(Operation& op, Date document_date, Wording wording) {
-    if (!op.module().parameters().GEN_FORZAR_TIEMPO_REAL) return;
-    const Date today = op.data().GetServerDate();
-    if (day_of(document_date) == day_of(today)) return;
-    op.refuse_as(wording,
-                 "No es posible realizar esta operación, la fecha del documento no es del día actual\r\n"
-                 "Fecha del documento: {}, fecha del día: {}",
-                 short_date(document_date), short_date(today));
+    if (same_day_is_forced(op)) refuse_another_day(op, document_date, wording);
+}
+
+void check_same_day(Operation& op, const Rows& row, std::string_view date_column, Wording wording) {
+    if (same_day_is_forced(op)) refuse_another_day(op, row.date(date_column), wording);
 }
 
 void check_operating_period(Operation& op, Date document_date, Wording wording) {
-    if (!op.module().boolean_parameter("GEN_VALIDAR_PERIODO_OPERATIVO")) return;
-    if (op.data().IsOperatingPeriodOpen(document_date, "FINANZAS")) return;
-    op.refuse_as(wording, "El período operativo correspondiente a la fecha: {}, está cerrado o no existe!",
-                 dashed_date(document_date));
+    if (period_is_validated(op)) refuse_closed_period(op, document_date, wording);
+}
+
+void check_operating_period(Operation& op, const Rows& row, std::string_view date_column, Wording wording) {
+    if (period_is_validated(op)) refuse_closed_period(op, row.date(date_column), wording);
 }
 
 void check_currency(Operation& op, const std::string& currency, Wording wording) {

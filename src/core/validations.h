@@ -18,8 +18,14 @@ void check_central_server(Operation& op, const std::string& branch_server_id, Wo
 /// ignored.
 void check_same_day(Operation& op, Date document_date, Wording wording);
 
+/// The same of the date in a row, which is read only then.
+void check_same_day(Operation& op, const Rows& row, std::string_view date_column, Wording wording);
+
 /// While the parameter "GEN_VALIDAR_PERIODO_OPERATIVO" is on, refuses a date outside an open period of "FINANZAS".
 void check_operating_period(Operation& op, Date document_date, Wording wording);
+
+/// The same of the date in a row, which is read only then.
+void check_operating_period(Operation& op, const Rows& row, std::string_view date_column, Wording wording);
 
 /// Refuses a currency that does not exist or is inactive.
 void check_currency(Operation& op, const std::string& currency, Wording wording);

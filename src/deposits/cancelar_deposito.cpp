@@ -45,7 +45,7 @@ bool Tesoreria::Cancelar_Deposito(const std::string& Dp_Folio) {
         auto deposit = op.query("SELECT * FROM Deposito_Pago WHERE Dp_Folio = '{}' ", Dp_Folio);
         op.refuse_if(deposit.eof(), "El depósito: {}, no existe!", Dp_Folio);
         op.refuse_if(deposit.text("Es_Cve_Estado") == state::cancelled, "El depósito: {}, está cancelado!", Dp_Folio);
-        check_same_day(op, deposit.date("Dp_Fecha"), Wording::tagged);
+        check_same_day(op, deposit, "Dp_Fecha", Wording::tagged);
         op.relay_unless(Valida_Poliza_Contable(document::deposit, Dp_Folio));
 
         restore_receipts(op, Dp_Folio);

@@ -137,7 +137,7 @@ bool Tesoreria::Cancelar_Recibo_Caja(const std::string& Rp_Folio, bool bCancelaD
         op.refuse_if(lines.text("Es_Cve_Estado") == state::cancelled,
                      "Imposible cancelar el recibo de caja:{}, esta cancelado", Rp_Folio);
         const std::string deposit = lines.text("Rp_Folio_Deposito");
-        check_same_day(op, lines.date("Rp_Fecha"), Wording::tagged);
+        check_same_day(op, lines, "Rp_Fecha", Wording::tagged);
         op.relay_unless(Valida_Poliza_Contable(document::receipt, Rp_Folio));
 
         release_payment_lines(op, lines);

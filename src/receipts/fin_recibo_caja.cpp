@@ -10,81 +10,81 @@ namespace {
 
 constexpr auto source_table = "Recibo_Pago";
 
-/// One row of the closing query: the lines of one payment method, added up.
-struct Collected {
-    explicit Collected(const Rows& row)
-        : date(row.date("Rp_Fecha")),
-          branch(row.text("Sc_Cve_Sucursal")),
-          currency(row.text("Mn_Cve_Moneda")),
-          rate(row.number("Rp_Tipo_Cambio")),
-          party(row.text("Rp_Solicitar_Valor")),
-          comment(row.text("Rp_Comentario")),
-          reference(row.text("Rp_Referencia")),
-          amount(row.number("Rp_Importe")),
-          asks_for(row.text("Trp_Solicitar")),
-          creates_receivable(row.text("Fp_Generar_Cuenta_x_Cobrar") == "SI"),
-          method_customer(row.text("Fp_Cliente")) {}
+/// One row of the closing query: the lines of one payment method, added up. A column is converted when a step uses it: a
+/// receipt that creates nothing may lack a date.
+class Collected {
+public:
+    explicit Collected(const Rows& row) : row_(row) {}
 
-    Date date;
-    std::string branch, currency;
-    double rate;
-    std::string party;  ///< supplier or customer that the receipt type asks for
-    std::string comment, reference;
-    double amount;
-    std::string asks_for;
-    bool creates_receivable;
-    std::string method_customer;  ///< who owes the money collected with the method
+    Date date() const { return row_.date("Rp_Fecha"); }
+    std::string branch() const { return row_.text("Sc_Cve_Sucursal"); }
+    std::string currency() const { return row_.text("Mn_Cve_Moneda"); }
+    double rate() const { return row_.number("Rp_Tipo_Cambio"); }
+    std::string party() const {
+        return row_.text("Rp_Solicitar_Valor");
+    }  ///< supplier or customer that the receipt type asks for
+    std::string comment() const { return row_.text("Rp_Comentario"); }
+    std::string reference() const { return row_.text("Rp_Referencia"); }
+    double amount() const { return row_.number("Rp_Importe"); }
+    std::string asks_for() const { return row_.text("Trp_Solicitar"); }
+    bool creates_receivable() const { return row_.text("Fp_Generar_Cuenta_x_Cobrar") == "SI"; }
+    std::string method_customer() const {
+        return row_.text("Fp_Cliente");
+    }  ///< who owes the money collected with the method
+
+private:
+    const Rows& row_;
 };
 
 void create_payable(Operation& op, AccountsPayableService& payables, const std::string& folio, const Collected& row) {
-    const Date due = supplier_due_date(op, row.date, row.party);
+    const Date due = supplier_due_date(op, row.date(), row.party());
     Payable payable = payables.NewDocument();
-    payable.supplier = row.party;
-    payable.branch = row.branch;
-    payable.date = row.date;
-    payable.comment = row.comment;
+    payable.supplier = row.party();
+    payable.branch = row.branch();
+    payable.date = row.date();
+    payable.comment = row.comment();
     payable.source_table = source_table;
     payable.source_document = folio;
     payable.due_date = due;
-    payable.amount = row.amount;
-    payable.net_amount = row.amount;
-    payable.reference = row.reference;
-    payable.currency = row.currency;
-    payable.exchange_rate = row.rate;
+    payable.amount = row.amount();
+    payable.net_amount = row.amount();
+    payable.reference = row.reference();
+    payable.currency = row.currency();
+    payable.exchange_rate = row.rate();
     op.relay_unless(payables.CreatePayable(payable), payables);
 }
 
 void apply_receipt(Operation& op, AccountsReceivableService& receivables, const std::string& folio,
                    const Collected& row) {
-    const Receipt_application receipt{.customer = row.party,
+    const Receipt_application receipt{.customer = row.party(),
                                       .document_code = document::receipt,
                                       .folio = folio,
-                                      .date = row.date,
-                                      .reference = row.reference,
-                                      .comment = row.comment,
-                                      .branch = row.branch,
-                                      .amount = row.amount,
-                                      .currency = row.currency,
-                                      .exchange_rate = row.rate};
+                                      .date = row.date(),
+                                      .reference = row.reference(),
+                                      .comment = row.comment(),
+                                      .branch = row.branch(),
+                                      .amount = row.amount(),
+                                      .currency = row.currency(),
+                                      .exchange_rate = row.rate()};
     op.relay_unless(receivables.ApplyReceipt(receipt), receivables);
 }
 
 void create_receivable(Operation& op, AccountsReceivableService& receivables, const std::string& folio,
                        const Collected& row) {
-    const Receivable receivable{.branch = row.branch,
-                                .customer = row.method_customer,
-                                .exchange_rate = row.rate,
-                                .currency = row.currency,
+    const Receivable receivable{.branch = row.branch(),
+                                .customer = row.method_customer(),
+                                .exchange_rate = row.rate(),
+                                .currency = row.currency(),
                                 .source_table = source_table,
                                 .source_document = folio,
-                                .comment = row.comment,
-                                .reference = row.reference,
-                                .date = row.date,
-                                .due_date = customer_due_date(op, row.date, row.method_customer, "Cliente"),
-                                .amount = row.amount,
-                                .net_amount = row.amount,
-                                .net_price_amount = row.amount,
-                                .balance = row.amount};
+                                .comment = row.comment(),
+                                .reference = row.reference(),
+                                .date = row.date(),
+                                .due_date = customer_due_date(op, row.date(), row.method_customer(), "Cliente"),
+                                .amount = row.amount(),
+                                .net_amount = row.amount(),
+                                .net_price_amount = row.amount(),
+                                .balance = row.amount()};
     op.relay_unless(receivables.CreateReceivable(receivable), receivables);
 }
 
@@ -150,15 +150,15 @@ bool Tesoreria::FinReciboCaja(const std::string& Rp_Folio) {
 
         for (; !rows.eof(); rows.next()) {
             const Collected row(rows);
-            if (row.asks_for == receipt_purpose::supplier_loan) {
+            if (row.asks_for() == receipt_purpose::supplier_loan) {
                 create_payable(op, *payables, Rp_Folio, row);
                 mark_applied(op, Rp_Folio);
-            } else if (row.asks_for == receipt_purpose::customer_collection ||
-                       row.asks_for == receipt_purpose::debtor_collection) {
+            } else if (row.asks_for() == receipt_purpose::customer_collection ||
+                       row.asks_for() == receipt_purpose::debtor_collection) {
                 apply_receipt(op, *receivables, Rp_Folio, row);
                 mark_applied(op, Rp_Folio);
             }
-            if (row.creates_receivable) create_receivable(op, *receivables, Rp_Folio, row);
+            if (row.creates_receivable()) create_receivable(op, *receivables, Rp_Folio, row);
         }
 
         post_if_enabled(op, *accounting, document::receipt, Rp_Folio, company);

@@ -146,5 +146,11 @@ TEST_P(Deposit_failure, leaves_what_the_statements_before_it_wrote) {
 
 INSTANTIATE_TEST_SUITE_P(At_each_statement, Deposit_failure, ::testing::Range<std::size_t>(1, 11));
 
+TEST_F(Made_deposit, without_date_is_cancelled_while_real_time_is_not_forced) {
+    on.parameters["GEN_FORZAR_TIEMPO_REAL"] = false;
+    run("UPDATE Deposito_Pago SET Dp_Fecha = NULL");
+    EXPECT_TRUE(cancel()) << treasury().Error();
+}
+
 }  // namespace
 }  // namespace cuvexa::tests

@@ -191,5 +191,18 @@ TEST_F(Registered_movements, one_of_a_document_that_cannot_be_registered_stays_c
                 ElementsAre("M-1|CA", "M-2|FI"));
 }
 
+TEST_F(Registered_movements, one_without_date_is_cancelled_while_neither_day_nor_period_is_looked_at) {
+    on.parameters["GEN_FORZAR_TIEMPO_REAL"] = false;
+    on.parameters["GEN_VALIDAR_PERIODO_OPERATIVO"] = false;
+    run("UPDATE Banco_Movimiento SET Bm_Fecha = NULL WHERE Bm_Folio = 'M-1'");
+    EXPECT_TRUE(cancel()) << treasury().Error();
+}
+
+TEST_F(Registered_movements, the_period_of_one_without_date_cannot_be_looked_at) {
+    on.parameters["GEN_FORZAR_TIEMPO_REAL"] = false;
+    run("UPDATE Banco_Movimiento SET Bm_Fecha = NULL WHERE Bm_Folio = 'M-1'");
+    expect_refusal("Cuvexa.dll - Cancelar_Movimiento_Bancos()\r\nUso no válido de Null", [this] { return cancel(); });
+}
+
 }  // namespace
 }  // namespace cuvexa::tests

@@ -276,5 +276,16 @@ TEST_F(Closed_receipt, a_service_that_does_not_answer_is_reported_behind_the_tag
     expect_refusal(tag + obstructed::call_failure, [this] { return cancel(); });
 }
 
+TEST_F(Closed_receipt, without_date_is_cancelled_unless_its_day_is_looked_at) {
+    run("UPDATE Recibo_Pago SET Rp_Fecha = NULL");
+    expect_refusal(tag + "Uso no válido de Null", [this] { return cancel(); });
+}
+
+TEST_F(Closed_receipt, without_date_is_cancelled_while_real_time_is_not_forced) {
+    on.parameters["GEN_FORZAR_TIEMPO_REAL"] = false;
+    run("UPDATE Recibo_Pago SET Rp_Fecha = NULL");
+    EXPECT_TRUE(cancel()) << treasury().Error();
+}
+
 }  // namespace
 }  // namespace cuvexa::tests

@@ -306,6 +306,19 @@ TEST_F(Check_application, days_are_those_of_a_debtor_only_when_the_type_asks_for
     EXPECT_EQ(company.on.receivables.front().due_date, add_days(Company::today(), 30));
 }
 
+TEST_F(Check_application, a_column_that_the_purpose_does_not_use_may_be_null) {
+    const std::string folio = issue("0000", "", {line});
+    company.sql("UPDATE Cheque SET Ch_Fecha = NULL, Ch_Importe = NULL, Ch_Tipo_Cambio = NULL WHERE Ch_Folio = '" +
+                folio + "'");
+    company.sql("UPDATE Cheque_x_Aplicar SET Cxa_Importe = NULL, Cxa_Tipo_Cambio = NULL");
+    EXPECT_TRUE(apply(folio)) << error();
+    header.Ch_Referencia = "1002";
+    const std::string of_debtor = issue("0004", "DE01", {line});
+    company.sql("UPDATE Cheque SET Ch_Fecha = NULL WHERE Ch_Folio = '" + of_debtor + "'");
+    EXPECT_FALSE(apply(of_debtor));
+    EXPECT_EQ(error(), tag + "Uso no válido de Null");
+}
+
 TEST_F(Check_application, what_receivables_refuse_stops_the_line) {
     for (const auto& [type, beneficiary] : {std::pair{"0003", "CL01"}, std::pair{"0004", "DE01"}}) {
         header.Ch_Referencia = type;

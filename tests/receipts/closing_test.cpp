@@ -358,7 +358,7 @@ TEST_F(Receipt_closing, credit_days_that_are_no_number_are_a_failure_under_the_t
         "INSERT INTO Proveedor (Pv_Cve_Proveedor, Pv_Dias_Credito, Es_Cve_Estado) VALUES ('PV01', 'treinta', 'AC')");
     EXPECT_FALSE(close());
     EXPECT_EQ(error(), tag + "No coinciden los tipos");
-    company.sql("UPDATE Proveedor SET Pv_Dias_Credito = '40000' WHERE Pv_Cve_Proveedor = 'PV01'");
+    company.sql("UPDATE Proveedor SET Pv_Dias_Credito = '2147483648' WHERE Pv_Cve_Proveedor = 'PV01'");
     EXPECT_FALSE(close());
     EXPECT_EQ(error(), tag + "Desbordamiento");
     EXPECT_EQ(states(), "AC ");
@@ -366,11 +366,24 @@ TEST_F(Receipt_closing, credit_days_that_are_no_number_are_a_failure_under_the_t
     company.sql("DROP TABLE Proveedor");
 }
 
-TEST_F(Receipt_closing, a_receipt_without_date_is_a_failure_under_the_tag) {
-    capture("01", "", {cash(100)});
+TEST_F(Receipt_closing, credit_days_beyond_a_16_bit_number_are_days_like_others) {
+    capture("04", "PV01", {cash(100)});
+    company.sql("UPDATE Proveedor SET Pv_Dias_Credito = 40000 WHERE Pv_Cve_Proveedor = 'PV01'");
+    ASSERT_TRUE(close()) << error();
+    EXPECT_EQ(company.on.payables.at(0).due_date, add_days(make_date(2024, 3, 14), 40000));
+}
+
+TEST_F(Receipt_closing, a_receipt_without_date_is_a_failure_under_the_tag_when_a_step_needs_the_date) {
+    capture("04", "PV01", {cash(100)});
     company.sql("UPDATE Recibo_Pago SET Rp_Fecha = NULL");
     EXPECT_FALSE(close());
     EXPECT_EQ(error(), tag + "Uso no válido de Null");
+}
+
+TEST_F(Receipt_closing, a_receipt_that_creates_nothing_is_closed_without_a_date_and_a_rate) {
+    capture("01", "", {cash(100)});
+    company.sql("UPDATE Recibo_Pago SET Rp_Fecha = NULL, Rp_Tipo_Cambio = NULL, Rp_Importe = NULL");
+    EXPECT_TRUE(close()) << error();
 }
 
 }  // namespace
