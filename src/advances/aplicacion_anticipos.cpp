@@ -24,20 +24,19 @@ struct Expense {
     double rate;
 };
 
-/// One advance to apply, with the line of the expense that names it.
-struct Advance {
-    explicit Advance(const Rows& row)
-        : folio(row.text("An_Folio")),
-          total(row.number("An_Importe")),
-          amount(row.number("Cxc_Importe")),
-          currency(row.text("Cxc_Moneda")),
-          rate(row.number("Cxc_Tipo_Cambio")) {}
+/// One advance to apply, with the line of the expense that names it: the current row.
+class Advance {
+public:
+    explicit Advance(const Rows& row) : row_(row) {}
 
-    std::string folio;
-    double total;   ///< of the advance
-    double amount;  ///< to apply of it
-    std::string currency;
-    double rate;
+    std::string folio() const { return row_.text("An_Folio"); }
+    double total() const { return row_.number("An_Importe"); }    ///< of the advance
+    double amount() const { return row_.number("Cxc_Importe"); }  ///< to apply of it
+    std::string currency() const { return row_.text("Mn_Cve_Moneda"); }
+    double rate() const { return row_.number("Cxc_Tipo_Cambio"); }  ///< of the line
+
+private:
+    const Rows& row_;
 };
 
 Expense read_expense(Operation& op, const std::string& check) {
@@ -64,7 +63,6 @@ Rows read_advances(Operation& op, const std::string& check) {
         "   Cuenta_X_Cobrar.Cxc_Precio_Neto_Importe, "
         "   Cuenta_X_Cobrar.Cxc_Precio_Neto_Saldo, "
         "   Cuenta_X_Cobrar.Cxc_Precio_Neto_Pago, "
-        "   Cuenta_X_Cobrar.Mn_Cve_Moneda AS Cxc_Moneda, "
         "   Gasto_x_Comprobar_Documento.Gcd_ID, "
         "   Gasto_x_Comprobar_Documento.Cxc_Tipo_Cambio, "
         "   Gasto_x_Comprobar_Documento.Cxc_Importe "
@@ -99,8 +97,8 @@ Application next_application(Operation& op, const Advance& advance) {
         "   Cuenta_X_Cobrar.Cxc_Tabla = 'ANTICIPO_CXC' AND "
         "   Cuenta_X_Cobrar.Cxc_Documento = '{}' "
         "GROUP BY Cuenta_X_Cobrar.Cxc_Folio ",
-        advance.folio);
-    op.refuse_if(row.eof(), "No se encontró la cuenta x cobrar del anticipo & {}", advance.folio);
+        advance.folio());
+    op.refuse_if(row.eof(), "No se encontró la cuenta x cobrar del anticipo & {}", advance.folio());
     const std::string receivable = row.text("Cxc_Folio");
     return {receivable, receivable + ":" + four_digits(to_integer(row.value("Pc_ID")) + 1)};
 }
@@ -122,14 +120,14 @@ void check_not_duplicated(Operation& op, const Advance& advance, const std::stri
                               "   Pc_Documento = '{}' AND "
                               "   Pc_Referencia = '{}' AND "
                               "   Fp_Cve_Forma_Pago <> 'DA' ",
-                              advance.folio, reference)
+                              advance.folio(), reference)
                             .number("Pagos");
     op.refuse_if(
-        whole_units(advance.amount) < whole_units(paid),
+        whole_units(advance.amount()) < whole_units(paid),
         "Se ha aplicado un importe mayor al saldo del anticipo, probablemente se está duplicando la aplicación\r\n"
         " importe anticipo: {}\r\n"
         " Pagos: {}",
-        advance.amount, paid);
+        advance.amount(), paid);
 }
 
 /// The receivable of an advance carries its paid amount with negative sign.
@@ -140,10 +138,10 @@ void mark_used_advance(Operation& op, const Advance& advance) {
                               "WHERE "
                               "   Cxc_Tabla = 'ANTICIPO_CXC' AND "
                               "   Cxc_Documento = '{}' ",
-                              advance.folio)
+                              advance.folio())
                             .number("Cxc_Precio_Neto_Pago");
-    if (as_written(advance.total) > as_written(-paid)) return;
-    op.execute("UPDATE Anticipo_Cxc SET Es_Cve_Estado = 'AP' WHERE An_Folio = '{}'", advance.folio);
+    if (advance.total() > -paid) return;
+    op.execute("UPDATE Anticipo_Cxc SET Es_Cve_Estado = 'AP' WHERE An_Folio = '{}'", advance.folio());
 }
 
 void set_expense_line_state(Operation& op, const std::string& check, const std::string& advance, const char* state) {
@@ -167,25 +165,25 @@ void apply_advance(Operation& op, AccountsReceivableService& receivables, const 
                    const Advance& advance, const Payment_data& common) {
     const Application application = next_application(op, advance);
     Receivable_payment payment{.receivable_folio = expense.receivable,
-                               .amount = advance.amount,
+                               .amount = advance.amount(),
                                .date = common.date,
                                .concept_text = "Aplicación de anticipo",
                                .source_table = document::customer_advance,
-                               .source_document = advance.folio,
+                               .source_document = advance.folio(),
                                .reference = application.reference,
                                .currency = expense.currency,
                                .exchange_rate = expense.rate,
                                .payment_method = common.method};
-    check_balance(op, expense.receivable, advance.amount);
+    check_balance(op, expense.receivable, advance.amount());
     op.pass_on_unless(receivables.RegisterPayment(payment), receivables);
     check_not_duplicated(op, advance, application.reference);
 
     payment.receivable_folio = application.receivable;
     payment.source_table.clear();
     payment.source_document.clear();
-    payment.currency = advance.currency;
-    payment.exchange_rate = advance.rate;
-    check_balance(op, application.receivable, advance.amount);
+    payment.currency = advance.currency();
+    payment.exchange_rate = advance.rate();
+    check_balance(op, application.receivable, advance.amount());
     op.pass_on_unless(receivables.RegisterPayment(payment), receivables);
     mark_used_advance(op, advance);
 }
@@ -248,7 +246,7 @@ bool Tesoreria::Aplicar_Anticipo_Cxc(const std::string& Ch_Folio, Date Fecha) {
         for (Rows rows = read_advances(op, Ch_Folio); !rows.eof(); rows.next()) {
             const Advance advance(rows);
             apply_advance(op, *receivables, expense, advance, common);
-            set_expense_line_state(op, Ch_Folio, advance.folio, state::applied);
+            set_expense_line_state(op, Ch_Folio, advance.folio(), state::applied);
         }
     });
 }

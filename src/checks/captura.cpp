@@ -1,5 +1,6 @@
 // Capture of a check or transfer: its lines one by one, then its single row with their total.
 #include "core/codes.h"
+#include "core/number_text.h"
 #include "core/operation.h"
 #include "core/validations.h"
 #include "cuvexa/tesoreria.h"
@@ -102,7 +103,7 @@ bool Tesoreria::Inserta_Cheque(const std::string& Ch_Folio) {
             check_.Ch_Tipo_Cambio, Ch_Folio);
         op.refuse_plain_if(lines.eof(), "No se ha encontrado el detalle del cheque");
         const double total = lines.number("Cxa_Importe");
-        op.refuse_plain_if(total == 0, "El importe del cheque es incorrecto");
+        op.refuse_plain_if(adds_up_to_zero(total), "El importe del cheque es incorrecto");
 
         const std::string user = op.session().GetUserName();
         const std::string stamp = op.server_stamp();

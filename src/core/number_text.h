@@ -15,9 +15,10 @@ std::size_t write_number(double number, char (&buffer)[40]);
 /// carry.
 std::string shown_number(double number);
 
-/// The number as its text form keeps it: a sum of cents strays in the sixteenth digit, and what is written alike is
-/// equal.
-double as_written(double number);
+/// Whether amounts that a statement added up come to zero. Their sum strays in the sixteenth digit (0.1, 0.2 and -0.3 give
+/// 5.55E-17), so what is nearer to zero than half a millionth is zero. The one comparison that is not made on the numbers
+/// as they are.
+bool adds_up_to_zero(double total);
 
 /// A line number as the documents write it: at least four digits, "0001".
 std::string four_digits(std::int64_t number);

@@ -67,8 +67,9 @@ std::string number_text(double number) {
     return std::string(buffer, write_number(number, buffer));
 }
 
-double as_written(double number) {
-    return parse_number(number_text(number));
+bool adds_up_to_zero(double total) {
+    constexpr double half_a_millionth = 0.5e-6;
+    return std::abs(total) < half_a_millionth;
 }
 
 std::string four_digits(std::int64_t number) {

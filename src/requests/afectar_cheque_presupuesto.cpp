@@ -5,7 +5,6 @@
 #include <span>
 
 #include "core/codes.h"
-#include "core/number_text.h"
 #include "core/operation.h"
 #include "cuvexa/tesoreria.h"
 
@@ -200,8 +199,7 @@ bool Tesoreria::Afectar_Cheque_Presupuesto(const std::string& Ch_Folio, int Tipo
         const int mode = modes[static_cast<std::size_t>(kind - kinds.begin())];
         if (mode != where_a_budget_exists && mode != strict) return;
         const auto budget = governing_budget(op, *kind, data, period);
-        const bool exceeded =
-            budget ? as_written(budget->amount) < as_written(spent(op, *kind, *budget, period)) : mode == strict;
+        const bool exceeded = budget ? budget->amount < spent(op, *kind, *budget, period) : mode == strict;
         if (exceeded) hold_back(op, Ch_Folio);
     });
 }

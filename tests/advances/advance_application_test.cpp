@@ -140,7 +140,7 @@ TEST(Advance_application, an_advance_used_in_part_stays_usable) {
     EXPECT_EQ(company.left(), "2 payments, 0 used, 1 applied, check AP");
 }
 
-TEST(Advance_application, parts_that_add_up_to_the_advance_in_writing_use_it_up) {
+TEST(Advance_application, what_was_paid_is_compared_with_the_advance_as_the_numbers_they_are) {
     Expense_company company;
     company.sql("UPDATE Anticipo_Cxc SET An_Importe = 0.8 WHERE An_Folio = '" + small + "'");
     company.sql(
@@ -148,7 +148,26 @@ TEST(Advance_application, parts_that_add_up_to_the_advance_in_writing_use_it_up)
         "WHERE Cxc_Folio = 'CXC-MTY-00000004'");
     for (int i = 0; i < 8; ++i) company.link(small, 0.1);  // in binary, eight tenths are a little less than 0.8
     ASSERT_TRUE(company.apply()) << company.error();
-    EXPECT_EQ(company.left(), "16 payments, 1 used, 8 applied, check AP");
+    EXPECT_EQ(company.left(), "16 payments, 0 used, 8 applied, check AP");
+}
+
+TEST(Advance_application, the_second_payment_is_in_the_currency_of_the_advance_at_the_line_s_rate) {
+    Expense_company company;
+    company.sql("UPDATE Anticipo_Cxc SET Mn_Cve_Moneda = 'USD' WHERE An_Folio = '" + small + "'");
+    company.link(small, 250, 1.5);
+    company.apply();  // the advance's receivable is in pesos, and what its ledger says of the payment does not matter
+    ASSERT_EQ(company.on.receivable_payments.size(), 2u);
+    EXPECT_EQ(company.on.receivable_payments[1].currency, "USD");
+    EXPECT_EQ(company.on.receivable_payments[1].exchange_rate, 1.5);
+}
+
+TEST(Advance_application, the_total_of_an_advance_is_read_when_both_payments_are_made) {
+    Expense_company company;
+    company.sql("UPDATE Anticipo_Cxc SET An_Importe = NULL WHERE An_Folio = '" + small + "'");
+    company.link(small, 250);
+    EXPECT_FALSE(company.apply());
+    EXPECT_EQ(company.error(), advance_tag + "Uso no válido de Null");
+    EXPECT_EQ(company.on.receivable_payments.size(), 2u);
 }
 
 TEST(Advance_application, the_reference_counts_on_from_the_highest_payment_id) {

@@ -211,6 +211,26 @@ TEST_P(Check_purpose, lines_that_add_up_to_zero_are_refused_and_stay) {
     EXPECT_THAT(left(), ElementsAre("line 0001 free", "line 0002 free"));
 }
 
+TEST_F(Check_creation, lines_of_tenths_that_add_up_to_zero_are_refused_although_their_sum_strays) {
+    company.treasury().Encabezado(header);
+    for (const double amount : {0.1, 0.2, -0.3}) {
+        line.Ch_Importe = amount;
+        company.treasury().Detalle(line);
+        ASSERT_TRUE(company.treasury().Add_Cheque_Detalle()) << error();
+    }
+    const std::string folio = company.treasury().Encabezado().Ch_Folio;
+    EXPECT_FALSE(company.treasury().Crear_Cheque_Pago_Proveedor(folio));
+    EXPECT_EQ(error(), "El importe del cheque es incorrecto");
+}
+
+TEST_F(Check_creation, a_total_of_a_millionth_is_an_amount) {
+    company.treasury().Encabezado(header);
+    line.Ch_Importe = 1e-6;
+    company.treasury().Detalle(line);
+    ASSERT_TRUE(company.treasury().Add_Cheque_Detalle()) << error();
+    EXPECT_TRUE(company.treasury().Crear_Cheque_Pago_Proveedor(company.treasury().Encabezado().Ch_Folio)) << error();
+}
+
 TEST_P(Check_purpose, a_sum_that_gives_no_row_is_refused) {
     prepare(purpose());
     company.mark();
