@@ -7,6 +7,15 @@
 // message with a value in it; the source tag ("Cuvexa.dll - " + member + "()"), CR LF and the message; the tag, CR LF and
 // the text of the member or service that failed, so tags nest from the outside in.
 //
+// Amounts are compared as the numbers they are: what equals a budget passes it, what is larger by any digit does not. One
+// comparison is coarser: a total that a statement added up is zero when it is nearer to zero than half a millionth (lines of
+// 0.1, 0.2 and -0.3 add up to 5.55E-17). A column of a row is converted when a step uses it: a NULL, which converts to no
+// number and no date, stops the step that needs one and no earlier one. "Number order" of lines is the order of their texts:
+// "10000" stands before "9999".
+//
+// The two dialogs, `PedirDatosDeposito` and `PedirDatosFormaPago`, leave `Error` as it is: what their forms refuse is shown
+// through `SessionServices::ReportError`, and what fails outside the forms reaches the caller as an exception.
+//
 // One thread at a time uses an instance, the same that uses its `Module`.
 #pragma once
 
@@ -163,7 +172,8 @@ public:
     /// suppliers), turns the expense into a receivable and applies the check's advances to it ("02"), charges the whole check
     /// to the customer or debtor ("03", "04"), or creates a supplier advance for the whole check ("05", its folio goes to the
     /// line); each line done becomes 'AP', and the check when no line is left in 'AC'. `Firme`: the check is marked firm on
-    /// `Fecha` and its movement 'FI', else 'TR'. Then the movement is handed to accounting.
+    /// `Fecha` and its movement 'FI', else 'TR'. Then the movement is handed to accounting. A receivable falls due after the
+    /// credit days of the customer or debtor; on the check's own date when the catalog has none of that class any more.
     /// Refusals, in order, all behind the tag: no such check; state other than 'AC'; no open line; line by line, no payment
     /// method configured for the check's kind ("01"), what the services and the advances refuse; accounting.
     /// Left half done by a failure: lines already 'AP' and their effects, and what the failing line's services had done; the
@@ -184,7 +194,8 @@ public:
     bool Registra_Movimiento_Banco(tBnMovimiento& Datos);
 
     /// Cancels every bank movement of a source document: takes each out of the balances of its account and bank, marks it
-    /// 'CA' and registers it. `Bm_Tabla` is the document's table code ("CHEQUE", "DEPOSITO_PAGO"), `Bm_Documento` its folio.
+    /// 'CA' and registers it. `Bm_Tabla` is the document's table code as the registration wrote it ("Cheque" for checks and
+    /// transfers, "DEPOSITO_PAGO"), compared without regard to case; `Bm_Documento` is its folio.
     /// Neither the date nor the operating period is looked at.
     ///
     /// Refuses a document without movements; then, movement by movement: one already cancelled (they are read too, so a
@@ -223,6 +234,9 @@ public:
     /// statement.
     double GetSaldo(const std::string& Bc_Cve_Banco_Cuenta, bool SoloFirme = false);
 
+    /// Asks the user for the account, the firm date (that of the deposit proposed) and whether the deposit is firm: the three
+    /// joined by "|"; empty when cancelled. Throws what fails before or after the form, and `Automation_error` (440) when this
+    /// program can show no dialog.
     std::string PedirDatosDeposito(Date FechaDeposito, const std::string& Moneda, int EnFirme = 0,
                                    const std::string& Empresa = {});
 
@@ -298,6 +312,9 @@ public:
     /// beneficiary of the kind's class; type of another kind.
     /// Left half done by a failure: nothing.
     bool Afectar_Cheque_Presupuesto(const std::string& Ch_Folio, int Tipo);
+    /// Asks the user for what the payment method `FormaPago` requires: bank name, reference, account and bank key joined by "|";
+    /// empty when cancelled, or when the method is cancelled or cannot be read, which is reported. With a document, the
+    /// account is remembered for it and, with `bSugerirCuenta`, suggested. Throws as `PedirDatosDeposito`.
     std::string PedirDatosFormaPago(const std::string& FormaPago, const std::string& Dcb_Tabla = {},
                                     const std::string& Dcb_Documento = {}, const std::string& Banco = {},
                                     const std::string& Referencia = {}, const std::string& Cuenta = {},
@@ -307,6 +324,9 @@ public:
     /// (91), as callers know it.
     std::shared_ptr<clsRpDetalle> RpDetalle2() const;
     void RpDetalle2(std::shared_ptr<clsRpDetalle> value);
+    /// What a let of an object of another class comes to, as only callers of other languages can pass one: the let's trap
+    /// leaves its text in `Error`, and the object that is held stays.
+    void RpDetalle2_mismatch();
 
 private:
     bool Inserta_Recibo_Pago();

@@ -87,6 +87,16 @@ std::optional<Variant> converted(const Variant& value, const Value_type& type) {
     return real ? converted_number(*real, type.type) : std::nullopt;
 }
 
+/// Whether the member has a trap for what was given: an object of a class that the parameter does not take.
+bool is_trapped(const Member& member, const std::vector<Variant>& arguments) {
+    if (!member.mismatched) return false;
+    for (std::size_t at = 0; at < arguments.size(); ++at) {
+        const bool object = std::holds_alternative<Object>(arguments[at]);
+        if (object && !converted(arguments[at], member.parameters[at].type)) return true;
+    }
+    return false;
+}
+
 std::string description(const Value_type& type) {
     switch (type.type) {
         case Type::none:
@@ -146,6 +156,10 @@ Variant Invoke(Automation_object& object, const Member& member, std::vector<Vari
         fail(Kind::wrong_count, member,
              std::to_string(arguments.size()) + " arguments where at most " + std::to_string(member.parameters.size()) +
                  " are taken");
+    }
+    if (is_trapped(member, arguments)) {
+        member.mismatched(object);
+        return {};
     }
     std::vector<Variant> exact;
     exact.reserve(member.parameters.size());

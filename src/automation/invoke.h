@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "automation/members.h"
+#include "cuvexa/errors.h"
 
 namespace cuvexa {
 

@@ -201,6 +201,12 @@ Member dialog(Member member) {
     return member;
 }
 
+template <class C>
+Member trapped(Member member, void (C::*mismatched)()) {
+    member.mismatched = [mismatched](Automation_object& object) { (instance_of<C>(object).*mismatched)(); };
+    return member;
+}
+
 Member helped(Member member, std::string_view help) {
     member.help = help;
     return member;
@@ -250,9 +256,12 @@ std::vector<Member> members_of_tesoreria() {
         method("Crear_Cheque", 0x6003001D, &T::Crear_Cheque, {val("Ch_Folio")}),
         method("Registrar_Deposito_Recibo_Caja", 0x6003001E, &T::Registrar_Deposito_Recibo_Caja,
                {ref("Rp_Folio"), ref("Bc_Cve_Banco_Cuenta")}),
-        method("Genera_Deposito", 0x6003001F, &T::Genera_Deposito,
-               {ref("Bc_Cve_Banco_Cuenta"), ref("Rp_Folio"), ref("Dp_Fecha"), ref("Bm_Firme"), ref("Bm_Fecha_Firme"),
-                opt_val("sComentario")}),
+        helped(
+            method("Genera_Deposito", 0x6003001F, &T::Genera_Deposito,
+                   {ref("Bc_Cve_Banco_Cuenta"), ref("Rp_Folio"), ref("Dp_Fecha"), ref("Bm_Firme"),
+                    ref("Bm_Fecha_Firme"), opt_val("sComentario")}),
+            "Genera el depósito de los recibos de caja: afecta saldo de bancos y cuentas bancarias, cambia el estado "
+            "del recibo de caja"),
         method("GetSaldo", 0x60030020, &T::GetSaldo, {ref("Bc_Cve_Banco_Cuenta"), opt_ref("SoloFirme")}),
         dialog(method("PedirDatosDeposito", 0x60030021, &T::PedirDatosDeposito,
                       {ref("FechaDeposito"), ref("Moneda"), opt_ref("EnFirme"), opt_ref("Empresa")})),
@@ -276,7 +285,7 @@ std::vector<Member> members_of_tesoreria() {
                               opt_ref("Referencia"), opt_ref("Cuenta"), opt_ref("nBanco"), opt_ref("bSugerirCuenta")})),
                "Zerlonda - Tesoreria"),
         get("RpDetalle2", 0x6803004D, &T::RpDetalle2),
-        let("RpDetalle2", 0x6803004D, &T::RpDetalle2),
+        trapped(let("RpDetalle2", 0x6803004D, &T::RpDetalle2), &T::RpDetalle2_mismatch),
     };
 }
 

@@ -35,6 +35,9 @@ struct Member {
     Value_type result;
     std::string_view help = {};
 
+    /// What the member does instead of refusing an object of another class than its parameter's.
+    std::function<void(Automation_object&)> mismatched = {};
+
     /// Runs the member. There are as many arguments as parameters; by-reference ones are left as they are afterwards,
     /// in the parameter's exact type. `Invoke` is the way to it.
     std::function<Variant(Automation_object&, std::span<Variant>)> run;

@@ -324,6 +324,15 @@ const void* const* functions_of(const Automation_class& type) {
     return functions.data();
 }
 
+/// An object of somebody else's: of no class that a member takes.
+class Foreign_object final : public Automation_object {
+public:
+    const Automation_class& type() const override {
+        static const Automation_class none{.name = "", .interface_name = "", .members = {}, .create = nullptr};
+        return none;
+    }
+};
+
 }  // namespace
 
 Pointer<IDispatch> published(Object object, std::shared_ptr<void> keeps) {
@@ -335,7 +344,7 @@ Object object_behind(IUnknown* client_object) {
     if (!client_object) return nullptr;
     Pointer<IUnknown> own;
     if (FAILED(client_object->QueryInterface(own_iid<Published>(), own.receive_void())))
-        throw Result_error(DISP_E_TYPEMISMATCH, "an object of this component is expected");
+        return std::make_shared<Foreign_object>();
     return reinterpret_cast<Face<Published>*>(own.get())->object->object();
 }
 

@@ -244,6 +244,14 @@ TEST_F(Invocation, extras_are_handed_over_by_reference) {
     EXPECT_EQ(extras.use_count(), 2) << "kept by the instance, not copied";
 }
 
+TEST_F(Invocation, an_object_of_another_class_fires_the_trap_of_the_extras_and_the_one_that_is_held_stays) {
+    auto extras = std::make_shared<clsRpDetalle>();
+    write("RpDetalle2", Object(std::make_shared<Automation_object_of<clsRpDetalle>>(extras)));
+    write("RpDetalle2", find_class("Tesoreria")->create(fake.module));
+    EXPECT_EQ(read("Error"), text("Cuvexa.dll - Property Let RpDetalle2()No coinciden los tipos"));
+    EXPECT_EQ(extras.use_count(), 2);
+}
+
 TEST_F(Invocation, the_extras_are_never_handed_back) {
     write("RpDetalle2", find_class("clsRpDetalle")->create(company.module()));
     try {
@@ -317,7 +325,7 @@ TEST_F(Invocation, an_argument_of_another_kind_is_refused) {
     EXPECT_EQ(refusal([&] { call("FinReciboCaja", {Record(tCuenta{})}); }), Invoke_error::Kind::wrong_type);
     EXPECT_EQ(refusal([&] { write("RpDetalle", Record(tTsDetalle{})); }), Invoke_error::Kind::wrong_type);
     EXPECT_EQ(refusal([&] { write("RpDetalle", text("x")); }), Invoke_error::Kind::wrong_type);
-    EXPECT_EQ(refusal([&] { write("RpDetalle2", other); }), Invoke_error::Kind::wrong_type);
+    EXPECT_EQ(refusal([&] { write("RpDetalle2", text("x")); }), Invoke_error::Kind::wrong_type);
     EXPECT_EQ(refusal([&] { call("Aplicar_Cheque", {text("C1"), text("mañana")}); }), Invoke_error::Kind::wrong_type);
     EXPECT_EQ(refusal([&] { call("FinReciboCaja", {other}); }), Invoke_error::Kind::wrong_type);
 }

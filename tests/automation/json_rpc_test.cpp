@@ -285,8 +285,9 @@ TEST_F(Json_rpc, an_object_is_let_by_its_number) {
 {"jsonrpc":"2.0","id":4,"method":"let","params":{"object":2,"member":"Rp_Vendedor","value":"V1"}}
 {"jsonrpc":"2.0","id":5,"method":"let","params":{"object":1,"member":"RpEncabezado","value":{"Rp_Fecha":"2024-03-15"}}}
 )");
-    EXPECT_EQ(code("let", R"({"object":1,"member":"RpDetalle2","value":{"object":1}})"), invalid_params)
-        << "of another class";
+    EXPECT_EQ(result("let", R"({"object":1,"member":"RpDetalle2","value":{"object":1}})"),
+              Json::parse(R"({"value":null})"));
+    EXPECT_EQ(instance->Error(), "Cuvexa.dll - Property Let RpDetalle2()No coinciden los tipos") << "of another class";
     EXPECT_EQ(code("let", R"({"object":1,"member":"RpDetalle2","value":{"object":9}})"), invalid_params);
     EXPECT_EQ(code("let", R"({"object":1,"member":"RpDetalle2","value":{"object":2,"x":1}})"), invalid_params);
     EXPECT_EQ(code("let", R"({"object":1,"member":"RpDetalle2","value":{}})"), invalid_params);

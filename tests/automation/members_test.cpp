@@ -2,6 +2,7 @@
 #include "automation/members.h"
 
 #include <gmock/gmock.h>
+#include <map>
 
 #include <cstdio>
 #include <fstream>
@@ -135,10 +136,15 @@ TEST(Member_table, a_class_is_found_without_regard_to_case) {
     EXPECT_EQ(find_class(""), nullptr);
 }
 
-TEST(Member_table, only_the_payment_method_dialog_carries_a_help_text) {
+TEST(Member_table, two_members_carry_a_help_text) {
+    std::map<std::string_view, std::string_view> texts;
     for (const Member& member : find_class("Tesoreria")->members) {
-        EXPECT_EQ(member.help, member.name == "PedirDatosFormaPago" ? "Zerlonda - Tesoreria" : "") << member.name;
+        if (!member.help.empty()) texts[member.name] = member.help;
     }
+    EXPECT_EQ(texts.size(), 2u);
+    EXPECT_EQ(texts["PedirDatosFormaPago"], "Zerlonda - Tesoreria");
+    EXPECT_THAT(texts["Genera_Deposito"], testing::HasSubstr("afecta saldo de bancos y cuentas bancarias"));
+    EXPECT_THAT(texts["Genera_Deposito"], testing::HasSubstr("cambia el estado del recibo de caja"));
 }
 
 TEST(Member_table, the_two_dialogs_say_that_they_are_dialogs) {

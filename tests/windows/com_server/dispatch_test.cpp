@@ -158,14 +158,13 @@ TEST_F(Dispatch, keeps_the_object_that_a_property_was_given_by_reference) {
     EXPECT_EQ(next_driver(server, treasury), "C3");
 }
 
-TEST_F(Dispatch, refuses_objects_that_are_not_the_component_s_and_keeps_the_one_it_has) {
+TEST_F(Dispatch, traps_objects_of_another_class_and_keeps_the_one_it_has) {
     const auto extras = server.create("clsRpDetalle");
     ASSERT_EQ(put(extras, L"Rp_Chofer", any("C1")).result, S_OK);
     ASSERT_EQ(put(treasury, L"RpDetalle2", any(extras)).result, S_OK);
     for (const auto& foreign : {server.create("tRpDetalle"), treasury}) {
-        const Outcome refused = put(treasury, L"RpDetalle2", any(foreign));
-        EXPECT_EQ(refused.result, DISP_E_TYPEMISMATCH);
-        EXPECT_EQ(refused.wrong, 0u);
+        EXPECT_EQ(put(treasury, L"RpDetalle2", any(foreign)).result, S_OK);
+        EXPECT_EQ(text(get(treasury, L"Error")), "Cuvexa.dll - Property Let RpDetalle2()No coinciden los tipos");
     }
     EXPECT_EQ(put(treasury, L"RpDetalle2", any("text")).result, DISP_E_TYPEMISMATCH);
     EXPECT_EQ(next_driver(server, treasury), "C1");
