@@ -3,15 +3,12 @@
 #include <algorithm>
 
 #include "core/case.h"
+#include "core/text.h"
 
 namespace cuvexa::database {
 namespace {
 
-std::string_view trimmed(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(" \t\r\n");
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(" \t\r\n") + 1 - first);
-}
+constexpr std::string_view blanks = " \t\r\n";
 
 // Past the value that begins at `at`; a closing brace within braces is doubled.
 std::size_t end_of_value(std::string_view text, std::size_t at) {
@@ -35,8 +32,8 @@ std::vector<Connection_attribute> connection_attributes(std::string_view text) {
         const std::size_t equals = text.find('=', at);
         if (equals == std::string_view::npos) break;
         const std::size_t end = end_of_value(text, equals + 1);
-        attributes.push_back(
-            {trimmed(text.substr(at, equals - at)), trimmed(text.substr(equals + 1, end - equals - 1))});
+        attributes.push_back({trimmed(text.substr(at, equals - at), blanks),
+                              trimmed(text.substr(equals + 1, end - equals - 1), blanks)});
         at = end + 1;
     }
     return attributes;
@@ -69,7 +66,7 @@ std::string guarded_value(std::string_view value) {
 bool is_connection_string(std::string_view text) noexcept {
     const std::size_t equals = text.find('=');
     if (equals == std::string_view::npos) return false;
-    const std::string_view key = trimmed(text.substr(0, equals));
+    const std::string_view key = trimmed(text.substr(0, equals), blanks);
     return text.find(';') != std::string_view::npos || same_text(key, "DSN") || same_text(key, "FILEDSN") ||
            same_text(key, "Driver");
 }

@@ -3,16 +3,12 @@
 #include <string>
 
 #include "core/case.h"
+#include "core/text.h"
 
 namespace cuvexa {
 namespace {
 
-std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view blanks = " \t\r\n";
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(blanks) + 1 - first);
-}
+constexpr std::string_view blanks = " \t\r\n";
 
 /// Gathers lines until a statement is whole. Within a text nothing ends a statement and nothing is a comment.
 class Script {
@@ -20,7 +16,7 @@ public:
     explicit Script(Connection& connection) : connection_(connection) {}
 
     void take(std::string_view line) {
-        const std::string_view content = trimmed(line);
+        const std::string_view content = trimmed(line, blanks);
         if (!in_text_ && content.starts_with("--")) return;
         if (!in_text_ && same_text(content, "GO")) return run();
         for (const char c : line) in_text_ ^= c == '\'';
@@ -29,7 +25,7 @@ public:
     }
 
     void run() {
-        const std::string_view statement = trimmed(statement_);
+        const std::string_view statement = trimmed(statement_, blanks);
         if (!statement.empty() && statement != ";") connection_.execute(statement);
         statement_.clear();
     }
