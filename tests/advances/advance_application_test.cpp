@@ -112,10 +112,10 @@ TEST(Advance_application, pays_the_expense_and_uses_up_the_advance) {
                 ElementsAre("CXC-MTY-00000004|0.0", company.expense_receivable() + "|1050.0"));
 }
 
-TEST(Advance_application, takes_the_currency_of_each_receivable) {
+TEST(Advance_application, takes_the_currency_of_the_expense_s_receivable_and_of_the_advance) {
     Expense_company company;
     company.link(small, 10, 1);
-    company.sql("UPDATE Cuenta_x_Cobrar SET Mn_Cve_Moneda = 'USD' WHERE Cxc_Folio = 'CXC-MTY-00000004'");
+    company.sql("UPDATE Anticipo_Cxc SET Mn_Cve_Moneda = 'USD' WHERE An_Folio = '" + small + "'");
     company.sql("UPDATE Gasto_x_Comprobar SET Gc_Tipo_Cambio = 1, Mn_Cve_Moneda = 'MXN'");
     ASSERT_TRUE(company.apply()) << company.error();
     EXPECT_EQ(company.on.receivable_payments[0].currency, "MXN");

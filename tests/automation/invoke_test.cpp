@@ -247,7 +247,7 @@ TEST_F(Invocation, extras_are_handed_over_by_reference) {
 TEST_F(Invocation, an_object_of_another_class_fires_the_trap_of_the_extras_and_the_one_that_is_held_stays) {
     auto extras = std::make_shared<clsRpDetalle>();
     write("RpDetalle2", Object(std::make_shared<Automation_object_of<clsRpDetalle>>(extras)));
-    write("RpDetalle2", find_class("Tesoreria")->create(fake.module));
+    write("RpDetalle2", find_class("Tesoreria")->create(company.module()));
     EXPECT_EQ(read("Error"), text("Cuvexa.dll - Property Let RpDetalle2()No coinciden los tipos"));
     EXPECT_EQ(extras.use_count(), 2);
 }

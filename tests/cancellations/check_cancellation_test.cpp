@@ -460,7 +460,7 @@ TEST_F(Check_to_cancel, for_an_expense_that_fails_on_the_way_is_not_marked) {
 
 TEST_F(Issued_check, without_date_is_cancelled_while_real_time_is_not_forced) {
     on.parameters["GEN_FORZAR_TIEMPO_REAL"] = false;
-    applied_check("0000");
+    applied_check(company, "0000");
     run("UPDATE Cheque SET Ch_Fecha = NULL");
     EXPECT_TRUE(cancel()) << treasury().Error();
 }

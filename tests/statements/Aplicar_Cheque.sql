@@ -146,7 +146,6 @@ SELECT
    Cuenta_X_Cobrar.Cxc_Precio_Neto_Importe,
    Cuenta_X_Cobrar.Cxc_Precio_Neto_Saldo,
    Cuenta_X_Cobrar.Cxc_Precio_Neto_Pago,
-   Cuenta_X_Cobrar.Mn_Cve_Moneda AS Cxc_Moneda,
    Gasto_x_Comprobar_Documento.Gcd_ID,
    Gasto_x_Comprobar_Documento.Cxc_Tipo_Cambio,
    Gasto_x_Comprobar_Documento.Cxc_Importe

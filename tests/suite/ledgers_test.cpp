@@ -293,10 +293,10 @@ TEST_F(Ledgers, a_payment_takes_the_highest_number_and_one) {
     const auto service = suite.new_accounts_receivable();
     for (const char* const id : {"0003", "0001"})
         sql(std::string("INSERT INTO Pago_Cxc (Cxc_Folio, Pc_ID) VALUES ('CXC-MTY-00000001', '") + id + "')");
-    ASSERT_TRUE(service->RegisterPayment(payment("CXC-MTY-00000001", 10))) << service->LastError();
+    ASSERT_TRUE(service->RegisterPayment(cash_payment("CXC-MTY-00000001", 10))) << service->LastError();
     sql("UPDATE Pago_Cxc SET Pc_ID = '9999' WHERE Pc_ID = '0004'");
-    ASSERT_TRUE(service->RegisterPayment(payment("CXC-MTY-00000001", 10))) << service->LastError();
-    ASSERT_TRUE(service->RegisterPayment(payment("CXC-MTY-00000001", 10))) << service->LastError();
+    ASSERT_TRUE(service->RegisterPayment(cash_payment("CXC-MTY-00000001", 10))) << service->LastError();
+    ASSERT_TRUE(service->RegisterPayment(cash_payment("CXC-MTY-00000001", 10))) << service->LastError();
     EXPECT_THAT(column("SELECT Pc_ID AS value FROM Pago_Cxc ORDER BY Pc_ID"),
                 ElementsAre("0001", "0003", "10000", "10001", "9999"));
 }

@@ -114,7 +114,7 @@ TEST_F(Simultaneous_payments, all_get_a_number) {
 }
 
 TEST_F(Simultaneous_payments, a_payment_that_fails_for_another_reason_fails_with_the_database_s_words) {
-    sql("CREATE TRIGGER Sin_Pagos BEFORE INSERT ON Pago_Cxc BEGIN SELECT RAISE(ABORT, 'disco lleno'); END");
+    company.meanwhile("BEFORE INSERT ON Pago_Cxc", "SELECT RAISE(ABORT, 'disco lleno')");
     EXPECT_THROW(suite.new_accounts_receivable()->RegisterPayment(payment()), Database_error);
 }
 

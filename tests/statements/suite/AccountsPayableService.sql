@@ -28,7 +28,7 @@ Cxp_Precio_Neto_Importe AS Importe, Cxp_Precio_Neto_Saldo AS Saldo
 FROM Cuenta_x_Pagar
 WHERE Cxp_Folio = 'CXP-MTY-00000001';
 
-SELECT COUNT(*) AS Pagos
+SELECT ISNULL(MAX(CAST(Pc_ID AS INT)), 0) AS Pc_ID
 FROM Pago_Cxp
 WHERE Cxp_Folio = 'CXP-MTY-00000001';
 

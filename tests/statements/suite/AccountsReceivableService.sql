@@ -23,7 +23,7 @@ Cxc_Precio_Neto_Importe AS Importe, Cxc_Precio_Neto_Saldo AS Saldo
 FROM Cuenta_x_Cobrar
 WHERE Cxc_Folio = 'CXC-MTY-00000001';
 
-SELECT COUNT(*) AS Pagos
+SELECT ISNULL(MAX(CAST(Pc_ID AS INT)), 0) AS Pc_ID
 FROM Pago_Cxc
 WHERE Cxc_Folio = 'CXC-MTY-00000001';
 

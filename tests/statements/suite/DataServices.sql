@@ -19,6 +19,10 @@ SELECT Ps_Valor
 FROM Parametro_Sistema
 WHERE Ps_Nombre = 'FIN_MONEDA_LOCAL';
 
+-- ---- GetServerDate, while none is fixed
+
+SELECT GETDATE() AS Ahora;
+
 -- ---- GetNextFolio, of a series that begins
 
 UPDATE Folio_Serie SET Fs_Ultimo = Fs_Ultimo + 1 OUTPUT inserted.Fs_Ultimo
