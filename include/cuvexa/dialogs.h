@@ -74,6 +74,13 @@ private:
     std::string caption_;
 };
 
+/// A container of other controls; it has a name and no look of its own.
+class Frame : public Control {
+public:
+    using Control::Control;
+    bool takes_focus() const override { return false; }
+};
+
 /// A catalogue as F2 searches it.
 struct Catalogue {
     std::string title;
@@ -133,7 +140,7 @@ public:
     std::optional<Catalogue> search;      ///< replaces the catalogue of `idconsulta` in the list
     std::vector<std::string> conditions;  ///< further conditions of the list
 
-    /// Raised when the user leaves the field, after validation.
+    /// Raised when the user leaves the field for another control, after validation; not by a button.
     std::function<void()> Enter;
     /// Raised before the field uses a key.
     std::function<void(int code, bool shift)> KeyDown;
@@ -254,8 +261,8 @@ public:
     virtual std::optional<std::string> choose(Choice_list& list) = 0;
 };
 
-/// A modal form: its controls, where the focus is, and what keys do. Enter goes to the next control (on a button it
-/// presses it), F4 accepts, Esc cancels; inside a date picker F4 and Esc do nothing.
+/// A modal form: its controls, where the focus is, and what keys do. Enter goes to the next control, from a button too, F4
+/// accepts, Esc cancels; inside a date picker F4 and Esc do nothing.
 class Form {
 public:
     Form(Module& module, std::string name, std::string caption);
@@ -286,8 +293,8 @@ public:
     void shown_in(Form_window& window);
     /// The user went to the control with the mouse.
     void go_to(Control& control);
-    /// A key went down; `shift`: with Shift. True when the form used it, and the window must not.
-    bool key_down(int code, bool shift = false);
+    /// A key went down; `shift`, `control`: with that key. True when the form used it, and the window must not.
+    bool key_down(int code, bool shift = false, bool control = false);
     /// The text of the field is now this one.
     void type(LookupTextBox& field, const std::string& text);
     void click(Check_box& box);
@@ -315,6 +322,9 @@ protected:
 
 private:
     void step(bool backwards);
+    /// Validates what was typed in the active field. False when it keeps the keyboard.
+    bool commit();
+    /// The same, and tells the field that the user leaves it for another control.
     bool leave();
     Control* next(bool backwards) const;
 

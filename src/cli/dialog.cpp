@@ -24,17 +24,6 @@ struct Payment_options : Session_options {
     bool suggest = false;
 };
 
-/// A session that says by itself, not through the suite, what the dialog left in `Error`.
-Session session_for_a_dialog(const Session_options& options) {
-    return Session(options, {.report_error = [](const Reported_error&) {}});
-}
-
-/// Prints what the dialog gave; ends the command with the component's error, when there is one.
-void print_answer(const std::string& answer, const Tesoreria& treasury) {
-    if (!treasury.Error().empty()) throw Refused(treasury.Error());
-    std::cout << answer << '\n';
-}
-
 /// Takes the answer of the dialog apart and deposits the receipts with it.
 void deposit_receipts(Tesoreria& treasury, const std::string& answer, Date date, const std::string& receipts) {
     const auto first = answer.find('|');
@@ -48,24 +37,24 @@ void deposit_receipts(Tesoreria& treasury, const std::string& answer, Date date,
 }
 
 void ask_deposit(const Deposit_options& options) {
-    Session session = session_for_a_dialog(options);
+    Session session(options);
     Tesoreria treasury(session.module());
     const Date today = day_of(session.module().data().GetServerDate());
     const Date date = options.date.empty() ? today : parse_date(options.date).value_or(today);
     const std::string& local = session.module().parameters().FIN_MONEDA_LOCAL;
     const std::string answer = treasury.PedirDatosDeposito(date, options.currency.empty() ? local : options.currency,
                                                            options.firm ? 1 : 0, options.of_company);
-    print_answer(answer, treasury);
+    std::cout << answer << '\n';
     if (!answer.empty() && !options.receipts.empty()) deposit_receipts(treasury, answer, date, options.receipts);
 }
 
 void ask_payment(const Payment_options& options) {
-    Session session = session_for_a_dialog(options);
+    Session session(options);
     Tesoreria treasury(session.module());
     const std::string answer =
         treasury.PedirDatosFormaPago(options.method, options.table, options.document, options.bank, options.reference,
                                      options.account, options.bank_name, options.suggest);
-    print_answer(answer, treasury);
+    std::cout << answer << '\n';
 }
 
 void add_deposit(CLI::App& dialog) {

@@ -39,12 +39,16 @@ void Form::set_focus(Control& control) {
     if (control.GotFocus) control.GotFocus();
 }
 
-bool Form::leave() {
+bool Form::commit() {
     auto* field = dynamic_cast<LookupTextBox*>(active_);
-    if (!field) return true;
-    const bool accepted = field->commit();
-    if (accepted && field->Enter) field->Enter();
-    return accepted;
+    return !field || field->commit();
+}
+
+bool Form::leave() {
+    if (!commit()) return false;
+    const auto* field = dynamic_cast<LookupTextBox*>(active_);
+    if (field && field->Enter) field->Enter();
+    return true;
 }
 
 void Form::go_to(Control& control) {
@@ -53,8 +57,13 @@ void Form::go_to(Control& control) {
         if (active_) window_->set_focus(*active_);
         return;
     }
-    // A refused key does not hold the mouse: it stays refused, and accepting the form says so.
-    leave();
+    // A refused key does not hold the mouse: it stays refused, and accepting the form says so. On the way to a button the
+    // fields stay as the user sees them.
+    if (dynamic_cast<Bar_button*>(&control)) {
+        commit();
+    } else {
+        leave();
+    }
     set_focus(control);
 }
 
@@ -77,11 +86,11 @@ void Form::step(bool backwards) {
 
 // ---- Keys and clicks -----------------------------------------------------------------------------------------------
 
-bool Form::key_down(int code, bool shift) {
+bool Form::key_down(int code, bool shift, bool control) {
     if (!window_) return false;
+    if (control) return code == key_f4;  // swallowed: windows know it as a key of their own
     const bool in_date = dynamic_cast<DatePicker*>(active_) != nullptr;
     auto* field = dynamic_cast<LookupTextBox*>(active_);
-    auto* button = dynamic_cast<Bar_button*>(active_);
     switch (code) {
         case key_f4:
             if (!in_date) press(buttons_.b1);
@@ -90,11 +99,7 @@ bool Form::key_down(int code, bool shift) {
             if (!in_date) press(buttons_.b2);
             return true;
         case key_enter:
-            if (button) {
-                press(*button);
-            } else {
-                step(false);
-            }
+            step(false);
             return true;
         case key_tab:
             step(shift);
@@ -127,7 +132,7 @@ void Form::press(Bar_button& button) {
         if (buttons_.B2Click) buttons_.B2Click();
         return;
     }
-    leave();  // what was typed last counts
+    commit();  // what was typed last counts
     if (buttons_.B1Click) buttons_.B1Click();
 }
 

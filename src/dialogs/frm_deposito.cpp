@@ -77,12 +77,10 @@ void frmDeposito::Controles_B1Click() {
     const std::string routine = "Controles_B1Click()";
     if (txt_Bc_Cve_Banco_Cuenta.Text().empty()) {
         report("La cuenta de banco es indispensable para continuar!", routine, "ERR-ID:7500009");
-        set_focus(txt_Bc_Cve_Banco_Cuenta);
         return;
     }
     if (day_of(dpFecha.Value()) < day_of(FechaDeposito)) {
         report("La fecha de firme no puede ser menor a la fecha de depósito!!!", routine, "ERR-ID:7500010");
-        set_focus(dpFecha);
         return;
     }
     accept();

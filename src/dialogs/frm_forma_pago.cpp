@@ -18,6 +18,7 @@ constexpr const char* document_banks_title = "Bancos del documento";
 
 frmFormaPago::frmFormaPago(Module& module)
     : Form(module, "frmFormaPago", "Datos de la forma de pago"),
+      Frame1(*this, "Frame1"),
       Etiqueta1(*this, "Etiqueta1", "SUCURSAL", "Sucursal:"),
       txtSucursal(*this, "txtSucursal"),
       Label7(*this, "Label7", "CUENTA", "Cuenta:"),
@@ -97,7 +98,6 @@ bool frmFormaPago::Mostrar(const std::string& FormaPago) {
         Etiqueta5.caption("Método pago SAT: " + method.text("Fp_Metodo_Pago_SAT"));
         txtBanco.Enabled(requires_bank_);
         txtNBanco.Enabled(requires_bank_);
-        txtSucursal.Enabled(requires_bank_);
         txtReferencia.Enabled(requires_reference_);
         txtCuenta.Enabled(requires_account_);
         ready = true;
@@ -154,10 +154,7 @@ void frmFormaPago::txtBanco_Enter() {
     if (!has_document()) return;
     reporting(module(), "txtBanco_Enter()", "ERR-ID:7500006", [this] {
         search_accounts_of_bank();
-        // Once per bank: an account typed over the suggestion survives a walk back through the field.
-        if (!bSugerirCuenta || txtBanco.Text() == bank_of_suggestion_) return;
-        bank_of_suggestion_ = txtBanco.Text();
-        suggest_account();
+        if (bSugerirCuenta && !txtBanco.Text().empty()) suggest_account();
     });
 }
 

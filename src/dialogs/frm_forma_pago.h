@@ -28,6 +28,7 @@ public:
     /// Bank name, reference, account and bank key, as the caller takes them apart.
     std::string answer() const;
 
+    Frame Frame1;
     CaptionLabel Etiqueta1;
     LookupTextBox txtSucursal;
     CaptionLabel Label7;
@@ -62,7 +63,6 @@ private:
     bool requires_bank_ = false;
     bool requires_reference_ = false;
     bool requires_account_ = false;
-    std::string bank_of_suggestion_;
 };
 
 }  // namespace cuvexa::dialogs

@@ -293,7 +293,7 @@ TEST_F(Real_window, without_a_display_the_program_says_so) {
     EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 1);
     EXPECT_EQ(read_file(out()), "");
     EXPECT_EQ(read_file(folder_ / "err"),
-              "Cuvexa.dll - PedirDatosDeposito()\nNo es posible mostrar el diálogo: no hay pantalla (DISPLAY y "
+              "No es posible mostrar el diálogo: no hay pantalla (DISPLAY y "
               "WAYLAND_DISPLAY "
               "están vacías).\n");
 }

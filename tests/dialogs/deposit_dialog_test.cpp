@@ -79,7 +79,8 @@ TEST(Deposit_dialog, the_answer_is_account_date_and_box) {
         form.click(form.chkFirme);
         user.press(key_enter);
         form.pick(form.dpFecha, make_date(2024, 3, 18));
-        user.press(key_enter).press(key_enter);
+        user.press(key_enter);
+        form.press(form.buttons().b1);
         EXPECT_TRUE(user.hidden);
     });
     EXPECT_EQ(answer, "SRR-MXN|2024-03-18|1");
@@ -121,8 +122,7 @@ TEST(Deposit_dialog, closing_the_window_or_pressing_cancelar_cancels) {
               "");
     EXPECT_EQ(dialog.deposit([](frmDeposito& form, Scripted_window& user) {
         user.type("SRR-MXN").press(key_enter);
-        form.go_to(form.buttons().b2);
-        user.press(key_enter);
+        form.press(form.buttons().b2);
         EXPECT_TRUE(user.hidden);
     }),
               "");
@@ -190,7 +190,7 @@ TEST(Deposit_dialog, without_account_it_refuses_and_stays_open) {
         form.go_to(form.chkFirme);
         user.press(key_f4);
         EXPECT_FALSE(user.hidden);
-        EXPECT_EQ(user.focus(), "txt_Bc_Cve_Banco_Cuenta");
+        EXPECT_EQ(user.focus(), "chkFirme") << "a refusal leaves the focus where it was";
         EXPECT_THAT(dialog.company.on.reports_in_full,
                     ElementsAre(refusal("La cuenta de banco es indispensable para continuar!", "ERR-ID:7500009")));
     });
@@ -204,7 +204,7 @@ TEST(Deposit_dialog, a_firm_date_before_the_deposit_is_refused_and_the_form_stay
         form.pick(form.dpFecha, make_date(2024, 3, 14));
         user.press(key_f4);
         EXPECT_FALSE(user.hidden);
-        EXPECT_EQ(user.focus(), "dpFecha");
+        EXPECT_EQ(user.focus(), "chkFirme");
         EXPECT_THAT(
             dialog.company.on.reports_in_full,
             ElementsAre(refusal("La fecha de firme no puede ser menor a la fecha de depósito!!!", "ERR-ID:7500010")));
@@ -415,7 +415,24 @@ TEST(Deposit_dialog, enter_goes_to_the_next_control) {
         EXPECT_EQ(user.press(key_enter).focus(), "chkFirme");
         EXPECT_EQ(user.press(key_enter).focus(), "dpFecha");
         EXPECT_EQ(user.press(key_enter).focus(), "Controles.b1");
+        EXPECT_EQ(user.press(key_enter).focus(), "Controles.b2") << "from a button too";
+        EXPECT_EQ(user.press(key_enter).focus(), "txt_Bc_Cve_Banco_Cuenta");
         EXPECT_EQ(form.chkFirme.Value(), 1);
+        EXPECT_FALSE(user.hidden);
+    });
+}
+
+TEST(Deposit_dialog, with_ctrl_f4_is_swallowed_and_other_keys_are_the_windows) {
+    Scripted dialog;
+    dialog.deposit([](frmDeposito& form, Scripted_window& user) {
+        user.type("SRR-MXN");
+        EXPECT_TRUE(form.key_down(key_f4, false, true));
+        EXPECT_FALSE(form.key_down(key_escape, false, true));
+        EXPECT_FALSE(form.key_down(key_enter, false, true));
+        EXPECT_FALSE(user.hidden);
+        EXPECT_EQ(user.focus(), "txt_Bc_Cve_Banco_Cuenta");
+        user.press(key_f4);
+        EXPECT_TRUE(user.hidden);
     });
 }
 
@@ -457,38 +474,65 @@ TEST(Deposit_dialog, the_mouse_does_not_enter_what_is_locked_or_disabled) {
 
 // ---- When it cannot be shown ---------------------------------------------------------------------------------------
 
-TEST(Deposit_dialog, without_a_toolkit_it_says_so_and_gives_the_empty_text) {
-    Company company;
-    EXPECT_EQ(company.treasury().PedirDatosDeposito(Company::today(), "MXN"), "");
-    const std::string reason = "No es posible mostrar el diálogo: el programa no tiene ventanas.";
-    EXPECT_EQ(company.treasury().Error(), "Cuvexa.dll - PedirDatosDeposito()\r\n" + reason);
-    EXPECT_THAT(company.on.reports_in_full, ElementsAre(Report{reason, 16, "PedirDatosDeposito()", "", "Cuvexa", ""}));
+/// The run-time error that reaches the caller.
+template <class Call>
+std::string failure_of(const Call& call) {
+    try {
+        call();
+    } catch (const std::exception& failure) {
+        return failure.what();
+    }
+    return "none";
 }
 
-TEST(Deposit_dialog, without_a_display_it_says_so_and_gives_the_empty_text) {
+TEST(Deposit_dialog, without_a_toolkit_the_caller_gets_a_run_time_error) {
+    Company company;
+    try {
+        company.treasury().PedirDatosDeposito(Company::today(), "MXN");
+        FAIL() << "it gave an answer";
+    } catch (const Automation_error& error) {
+        EXPECT_EQ(error.number(), 440);
+        EXPECT_STREQ(error.what(), "No es posible mostrar el diálogo: el programa no tiene ventanas.");
+    }
+    EXPECT_THAT(company.on.reports, IsEmpty());
+}
+
+TEST(Deposit_dialog, without_a_display_the_caller_gets_a_run_time_error) {
     Scripted dialog;
     dialog.toolkit->why_not = "no hay pantalla.";
-    EXPECT_EQ(dialog.deposit([](frmDeposito&, Scripted_window&) {}), "");
-    EXPECT_EQ(dialog.company.treasury().Error(),
-              "Cuvexa.dll - PedirDatosDeposito()\r\nNo es posible mostrar el diálogo: no hay pantalla.");
+    EXPECT_EQ(failure_of([&] { dialog.deposit([](frmDeposito&, Scripted_window&) {}); }),
+              "No es posible mostrar el diálogo: no hay pantalla.");
     EXPECT_EQ(dialog.toolkit->shown, 0);
 }
 
-TEST(Deposit_dialog, a_failure_while_it_loads_is_reported_and_gives_the_empty_text) {
+TEST(Deposit_dialog, a_failure_while_it_loads_reaches_the_caller) {
     Scripted dialog;
     dialog.company.on.fail("GetServerDate", "sin servidor");
-    EXPECT_EQ(dialog.deposit([](frmDeposito&, Scripted_window&) {}), "");
-    EXPECT_EQ(dialog.company.treasury().Error(), "Cuvexa.dll - PedirDatosDeposito()\r\nsin servidor");
-    EXPECT_THAT(dialog.company.on.reports, ElementsAre("PedirDatosDeposito()  sin servidor"));
+    EXPECT_EQ(failure_of([&] { dialog.deposit([](frmDeposito&, Scripted_window&) {}); }), "sin servidor");
+    EXPECT_THAT(dialog.company.on.reports, IsEmpty());
     EXPECT_EQ(dialog.toolkit->shown, 0);
 }
 
-TEST(Deposit_dialog, a_date_outside_the_calendar_is_reported_before_the_form_opens) {
+TEST(Deposit_dialog, a_date_outside_the_calendar_fails_before_the_form_opens) {
     Scripted dialog;
     dialog.deposit_date = Date{1e12};
-    EXPECT_EQ(dialog.deposit([](frmDeposito&, Scripted_window&) {}), "");
+    EXPECT_NE(failure_of([&] { dialog.deposit([](frmDeposito&, Scripted_window&) {}); }), "none");
     EXPECT_EQ(dialog.toolkit->shown, 0);
-    EXPECT_EQ(dialog.company.on.reports.size(), 1u);
+}
+
+TEST(Deposit_dialog, it_neither_empties_nor_writes_the_error_of_an_operation) {
+    Scripted dialog;
+    Tesoreria& treasury = dialog.company.treasury();
+    ASSERT_FALSE(treasury.Cancelar_Deposito("NADA"));
+    const std::string left = treasury.Error();
+    ASSERT_NE(left, "");
+    dialog.deposit([](frmDeposito&, Scripted_window& user) { user.type("SRR-MXN").press(key_f4); });
+    EXPECT_EQ(treasury.Error(), left);
+    dialog.deposit([](frmDeposito&, Scripted_window& user) { user.press(key_f4).press(key_escape); });
+    EXPECT_EQ(treasury.Error(), left);
+    dialog.toolkit->why_not = "no hay pantalla.";
+    EXPECT_THROW(dialog.deposit([](frmDeposito&, Scripted_window&) {}), Automation_error);
+    EXPECT_EQ(treasury.Error(), left);
 }
 
 TEST(Deposit_dialog, its_answer_is_what_a_deposit_needs) {

@@ -32,7 +32,7 @@ TEST(Payment_method_dialog, its_controls_carry_the_names_and_texts_of_the_suite)
         EXPECT_EQ(form.Etiqueta5.idetiqueta, "METODO PAGO SAT");
         EXPECT_EQ(form.lbInfo.caption(), "Banco: {SHIFT} + {F2} para ver la lista completa de bancos");
         for (const auto* name :
-             {"txtSucursal", "txtCuenta", "txtReferencia", "Controles", "txtBanco", "txtNBanco", "lbTabla",
+             {"Frame1", "txtSucursal", "txtCuenta", "txtReferencia", "Controles", "txtBanco", "txtNBanco", "lbTabla",
               "txtDocumento", "txtFormaPago", "txtnFormaPago", "Etiqueta5", "lbInfo", "ColorScheme"}) {
             EXPECT_NE(form.find(name), nullptr) << name;
         }
@@ -99,11 +99,11 @@ TEST(Payment_method_dialog, only_what_the_method_requires_can_be_filled) {
         });
         return fields;
     };
-    const std::string buttons = "Controles.b1 Controles.b2 ";
-    EXPECT_EQ(enabled("01"), buttons);
+    const std::string buttons = "Controles.b1 Controles.b2 ";  // and the branch, for which no method has a flag
+    EXPECT_EQ(enabled("01"), "txtSucursal " + buttons);
     EXPECT_EQ(enabled("02"), "txtBanco txtNBanco txtSucursal txtReferencia " + buttons);
     EXPECT_EQ(enabled("03"), "txtBanco txtNBanco txtSucursal txtCuenta txtReferencia " + buttons);
-    EXPECT_EQ(enabled("04"), "txtReferencia " + buttons);
+    EXPECT_EQ(enabled("04"), "txtSucursal txtReferencia " + buttons);
 }
 
 TEST(Payment_method_dialog, a_cancelled_method_is_refused_before_the_form_opens) {
@@ -138,7 +138,7 @@ TEST(Payment_method_dialog, the_answer_is_bank_name_reference_account_and_bank) 
         EXPECT_EQ(form.txtNBanco.Text(), "Banco de la Sierra");
         user.type("12").press(key_enter);
         user.type("0901").press(key_enter);
-        user.type("TR-5").press(key_enter).press(key_enter);
+        user.type("TR-5").press(key_f4);
         EXPECT_TRUE(user.hidden);
     });
     EXPECT_EQ(answer, "Banco de la Sierra|TR-5|0901|SIERRA");
@@ -338,7 +338,7 @@ TEST(Payment_method_dialog, without_the_suggest_flag_no_account_is_suggested) {
     });
 }
 
-TEST(Payment_method_dialog, walking_back_through_the_same_bank_keeps_what_was_typed_over_the_suggestion) {
+TEST(Payment_method_dialog, each_leaving_of_the_bank_suggests) {
     Scripted dialog;
     dialog.suggest = true;
     dialog.known_account("0002", "SIERRA", "0901-2");
@@ -348,7 +348,69 @@ TEST(Payment_method_dialog, walking_back_through_the_same_bank_keeps_what_was_ty
         user.type("999");
         form.go_to(form.txtBanco);
         user.press(key_enter);
-        EXPECT_EQ(form.txtCuenta.Text(), "999");
+        EXPECT_EQ(form.txtCuenta.Text(), "0901-2");
+    });
+}
+
+TEST(Payment_method_dialog, accepting_from_the_bank_suggests_nothing_over_the_account_that_is_seen) {
+    for (const bool by_button : {false, true}) {
+        Scripted dialog;
+        dialog.suggest = true;
+        dialog.bank = "SIERRA";
+        dialog.account = "999";
+        dialog.reference = "R";
+        dialog.known_account("0002", "SIERRA", "0901-2");
+        const auto answer = dialog.payment([&](frmFormaPago& form, Scripted_window& user) {
+            EXPECT_EQ(user.focus(), "txtBanco");
+            if (by_button) {
+                form.go_to(form.buttons().b1);
+                form.press(form.buttons().b1);
+            } else {
+                user.press(key_f4);
+            }
+        });
+        EXPECT_EQ(answer, "Banco de la Sierra|R|999|SIERRA");
+        EXPECT_THAT(remembered(dialog.company), Contains("0003|SIERRA|999"));
+    }
+}
+
+TEST(Payment_method_dialog, accepting_commits_the_bank_that_was_typed_last) {
+    Scripted dialog;
+    dialog.account = "999";
+    dialog.reference = "R";
+    EXPECT_EQ(dialog.payment([](frmFormaPago&, Scripted_window& user) { user.type("SIERRA").press(key_f4); }),
+              "Banco de la Sierra|R|999|SIERRA");
+}
+
+TEST(Payment_method_dialog, an_empty_bank_asks_nothing_at_any_leaving) {
+    Scripted dialog;
+    dialog.suggest = true;
+    dialog.known_account("0001", "", "sin banco");
+    dialog.payment([&](frmFormaPago& form, Scripted_window& user) {
+        for (int i = 0; i < 2; ++i) {
+            dialog.company.mark();
+            user.press(key_enter);
+            EXPECT_THAT(dialog.company.statements(), IsEmpty());
+            EXPECT_EQ(form.txtCuenta.Text(), "");
+            form.go_to(form.txtBanco);
+        }
+    });
+}
+
+TEST(Payment_method_dialog, a_suggestion_that_failed_is_asked_for_again) {
+    Scripted dialog;
+    dialog.suggest = true;
+    dialog.known_account("0002", "SIERRA", "0901-2");
+    dialog.payment([&](frmFormaPago& form, Scripted_window& user) {
+        user.type("SIERRA");
+        dialog.company.mark();
+        dialog.company.on.failing_statement = 2;  // after the validation of the key
+        user.press(key_enter);
+        EXPECT_EQ(form.txtCuenta.Text(), "");
+        dialog.company.on.clear();
+        form.go_to(form.txtBanco);
+        user.press(key_enter);
+        EXPECT_EQ(form.txtCuenta.Text(), "0901-2");
     });
 }
 
@@ -467,13 +529,13 @@ TEST(Payment_method_dialog, an_unknown_bank_does_not_hold_the_keyboard) {
 
 // ---- When it cannot be shown ---------------------------------------------------------------------------------------
 
-TEST(Payment_method_dialog, without_a_toolkit_it_says_so_and_gives_the_empty_text) {
+TEST(Payment_method_dialog, without_a_toolkit_the_caller_gets_a_run_time_error_and_the_error_text_stays) {
     Company company;
-    EXPECT_EQ(company.treasury().PedirDatosFormaPago("03"), "");
-    EXPECT_EQ(company.treasury().Error(),
-              "Cuvexa.dll - PedirDatosFormaPago()\r\nNo es posible mostrar el diálogo: el programa no tiene ventanas.");
-    EXPECT_THAT(company.on.reports,
-                ElementsAre("PedirDatosFormaPago()  No es posible mostrar el diálogo: el programa no tiene ventanas."));
+    ASSERT_FALSE(company.treasury().Cancelar_Deposito("NADA"));
+    const std::string left = company.treasury().Error();
+    EXPECT_THROW(company.treasury().PedirDatosFormaPago("03"), Automation_error);
+    EXPECT_EQ(company.treasury().Error(), left);
+    EXPECT_THAT(company.on.reports, IsEmpty());
 }
 
 }  // namespace

@@ -31,8 +31,8 @@ public:
 
     // ---- The user --------------------------------------------------------------------------------------------------
 
-    Scripted_window& press(int code, bool shift = false) {
-        form_.key_down(code, shift);
+    Scripted_window& press(int code, bool shift = false, bool control = false) {
+        form_.key_down(code, shift, control);
         return *this;
     }
     Scripted_window& type(const std::string& text) {

@@ -292,9 +292,12 @@ void Form_dialog::act(const std::function<void()>& body) {
 
 bool Form_dialog::key_pressed(int key, Qt::KeyboardModifiers modifiers) {
     const int code = form_key(key);
-    if (code == 0 || (modifiers & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))) return false;
+    if (code == 0 || (modifiers & (Qt::AltModifier | Qt::MetaModifier))) return false;
     bool used = true;  // also when its handler failed
-    act([&] { used = form_.key_down(code, key == Qt::Key_Backtab || (modifiers & Qt::ShiftModifier)); });
+    act([&] {
+        const bool shift = key == Qt::Key_Backtab || (modifiers & Qt::ShiftModifier);
+        used = form_.key_down(code, shift, modifiers & Qt::ControlModifier);
+    });
     return used;
 }
 

@@ -106,8 +106,11 @@ void dress(QWidget& window, const Suite_colors& colors) {
 
 QFont field_font(const QWidget& window, const std::string& name) {
     if (name.empty()) return window.font();
-    // A fixed pitch stands for the bitmap fonts of old, which few machines have.
-    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    // A fixed pitch stands for the bitmap fonts of old where a machine does not have them.
+    const QString family = QString::fromStdString(name);
+    QFont font = QFontDatabase::families().contains(family, Qt::CaseInsensitive)
+                     ? QFont(family)
+                     : QFontDatabase::systemFont(QFontDatabase::FixedFont);
     font.setPointSizeF(window.font().pointSizeF() + 1);
     return font;
 }

@@ -217,8 +217,9 @@ bool Form_dialog::calendar_open() const {
 
 bool Form_dialog::key_pressed(int key) {
     const int code = form_key(key);
-    if (code == 0 || calendar_open()) return false;
-    return form_.key_down(code, GetKeyState(VK_SHIFT) < 0);
+    if (code == 0) return false;
+    if (calendar_open()) return code == key_f4;  // its other keys are the calendar's; F4 would close it
+    return form_.key_down(code, GetKeyState(VK_SHIFT) < 0, GetKeyState(VK_CONTROL) < 0);
 }
 
 void Form_dialog::focus_came() {

@@ -28,6 +28,22 @@ private:
     HGDIOBJ before_;
 };
 
+int CALLBACK note_font(const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM found) {
+    *reinterpret_cast<bool*>(found) = true;
+    return 0;
+}
+
+bool has_font(const wchar_t* face) {
+    LOGFONTW sought{};
+    sought.lfCharSet = DEFAULT_CHARSET;
+    std::wcsncpy(sought.lfFaceName, face, LF_FACESIZE - 1);
+    bool found = false;
+    const HDC screen = GetDC(nullptr);
+    EnumFontFamiliesExW(screen, &sought, note_font, reinterpret_cast<LPARAM>(&found), 0);
+    ReleaseDC(nullptr, screen);
+    return found;
+}
+
 }  // namespace
 
 COLORREF color_ref(std::uint32_t color) {
@@ -63,10 +79,10 @@ HFONT Looks::named(const std::string& name) {
     if (name.empty()) return text();
     auto& font = named_[name];
     if (!font) {
-        // The bitmap font of old has one size, too small for most screens: a fixed pitch of any size stands for it.
-        const std::wstring face = name == "Fixedsys" ? L"Consolas" : wide(name);
-        font =
-            make_font(points_, FW_NORMAL, face.c_str(), name == "Fixedsys" ? FIXED_PITCH | FF_MODERN : DEFAULT_PITCH);
+        // A fixed pitch stands for the bitmap fonts of old where a system does not have them.
+        const std::wstring face = wide(name);
+        font = has_font(face.c_str()) ? make_font(points_, FW_NORMAL, face.c_str(), DEFAULT_PITCH)
+                                      : make_font(points_, FW_NORMAL, L"Consolas", FIXED_PITCH | FF_MODERN);
     }
     return font.get();
 }
