@@ -2,6 +2,7 @@
 #include <QCalendarWidget>
 #include <QCheckBox>
 #include <QDateEdit>
+#include <QFontDatabase>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
@@ -38,9 +39,23 @@ TEST(Qt_windows, the_deposit_is_answered_with_the_keyboard_alone) {
         key(Qt::Key_Tab),
         focus_is("Controles.b1"),
         key(Qt::Key_Return),
+        focus_is("Controles.b2"),
+        key(Qt::Key_Backtab),
+        focus_is("Controles.b1"),
+        key(Qt::Key_Space),
     });
     EXPECT_EQ(answer, "SRR-MXN|2024-03-18|1");
     EXPECT_THAT(screen.company.on.reports, IsEmpty());
+}
+
+TEST(Qt_windows, the_account_is_written_in_the_font_of_its_name_where_the_system_has_it) {
+    Offscreen screen;
+    const auto is = [](const QString& family) {
+        return sees([=](QWidget& top) { EXPECT_EQ(find<QLineEdit>(top, account).font().family(), family); });
+    };
+    const bool here = QFontDatabase::families().contains(QStringLiteral("Fixedsys"), Qt::CaseInsensitive);
+    const QString fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
+    screen.deposit({is(here ? QStringLiteral("Fixedsys") : fixed), key(Qt::Key_Escape)});
 }
 
 TEST(Qt_windows, and_with_the_mouse_alone) {
@@ -100,10 +115,10 @@ TEST(Qt_windows, a_click_on_the_date_moves_the_focus_there_and_f4_and_esc_do_not
     EXPECT_EQ(answer, "SRR-MXN|2024-03-15|1");
 }
 
-TEST(Qt_windows, a_firm_date_before_the_deposit_sends_the_user_back_to_the_date) {
+TEST(Qt_windows, a_firm_date_before_the_deposit_is_refused_and_the_keyboard_stays_where_it_was) {
     Offscreen screen;
     screen.deposit({type("SRR-MXN"), key(Qt::Key_Return), key(Qt::Key_Return), type("14"), key(Qt::Key_Return),
-                    key(Qt::Key_F4), focus_is("dpFecha"), click("Controles.b2")},
+                    key(Qt::Key_F4), focus_is("Controles.b1"), click("Controles.b2")},
                    1);
     EXPECT_THAT(
         screen.company.on.reports,
@@ -199,7 +214,7 @@ TEST(Qt_windows, the_data_of_a_transfer_is_asked_and_remembered) {
         key(Qt::Key_Return),
         type("TR-5"),
         key(Qt::Key_Return),
-        key(Qt::Key_Return),
+        key(Qt::Key_Space),
     });
     EXPECT_EQ(answer, "Banco de la Sierra|TR-5|0901|SIERRA");
     EXPECT_EQ(screen.company.scalar("SELECT Dcb_Cuenta FROM Documento_Cuenta_Bancaria"), "0901");
@@ -224,7 +239,7 @@ TEST(Qt_windows, what_a_method_does_not_require_is_greyed_out) {
                         EXPECT_FALSE(find<QLineEdit>(top, "txtCuenta").isEnabled());
                         EXPECT_TRUE(find<QLineEdit>(top, "txtReferencia").isEnabled());
                     }),
-                    focus_is("txtReferencia"), key(Qt::Key_Escape)},
+                    focus_is("txtSucursal"), key(Qt::Key_Escape)},
                    "04");
 }
 

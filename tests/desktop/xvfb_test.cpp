@@ -199,7 +199,7 @@ TEST_F(Real_window, the_deposit_is_refused_then_answered) {
     type("18");
     keys("Tab");
     picture("deposit-filled");
-    keys("Return");
+    keys("space");
     EXPECT_EQ(answer(), "SRR-MXN|2024-03-18|1\n");
 }
 
@@ -237,7 +237,7 @@ TEST_F(Real_window, the_data_of_a_transfer_is_refused_then_answered) {
     type("TR-20240315");
     keys("Return");
     picture("payment-method-filled");
-    keys("Return");
+    keys("space");
     EXPECT_EQ(answer(), "Banco de la Sierra|TR-20240315|0901000123|SIERRA\n");
 }
 

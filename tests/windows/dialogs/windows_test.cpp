@@ -49,6 +49,10 @@ TEST(Win32_windows, the_deposit_is_answered_with_the_keyboard_alone) {
         key(VK_TAB),
         focus_is("Controles.b1"),
         key(VK_RETURN),
+        focus_is("Controles.b2"),
+        key(VK_TAB, true),
+        focus_is("Controles.b1"),
+        key(VK_SPACE),
     });
     EXPECT_EQ(answer, "SRR-MXN|2024-03-18|1");
     EXPECT_THAT(desk.reports, IsEmpty());
@@ -136,10 +140,10 @@ TEST(Win32_windows, the_calendar_keeps_its_keys_while_it_is_open) {
                  1);
 }
 
-TEST(Win32_windows, a_firm_date_before_the_deposit_sends_the_user_back_to_the_date) {
+TEST(Win32_windows, a_firm_date_before_the_deposit_is_refused_and_the_keyboard_stays_where_it_was) {
     Desk desk;
     desk.deposit({type(L"SRR-MXN"), key(VK_RETURN), key(VK_RETURN), focus_is("dpFecha"), to_the_day(), key(VK_DOWN),
-                  key(VK_RETURN), key(VK_F4), key(VK_RETURN), focus_is("dpFecha"), click("Controles.b2")},
+                  key(VK_RETURN), key(VK_F4), key(VK_RETURN), focus_is("Controles.b1"), click("Controles.b2")},
                  1);
     EXPECT_THAT(
         desk.reports,
@@ -321,7 +325,7 @@ TEST(Win32_windows, the_data_of_a_transfer_is_asked_and_remembered) {
         key(VK_RETURN),
         type(L"TR-5"),
         key(VK_RETURN),
-        key(VK_RETURN),
+        key(VK_SPACE),
     });
     EXPECT_EQ(answer, "Banco de la Sierra|TR-5|0901|SIERRA");
     EXPECT_EQ(to_text(desk.database.connection()
@@ -337,7 +341,7 @@ TEST(Win32_windows, what_a_method_does_not_require_is_greyed_out) {
                       EXPECT_FALSE(IsWindowEnabled(desk.control("txtCuenta")));
                       EXPECT_TRUE(IsWindowEnabled(desk.control("txtReferencia")));
                   }),
-                  focus_is("txtReferencia"), key(VK_ESCAPE)},
+                  focus_is("txtSucursal"), key(VK_ESCAPE)},
                  "04");
 }
 
