@@ -20,17 +20,15 @@ public:
     std::string branch() const { return row_.text("Sc_Cve_Sucursal"); }
     std::string currency() const { return row_.text("Mn_Cve_Moneda"); }
     double rate() const { return row_.number("Rp_Tipo_Cambio"); }
-    std::string party() const {
-        return row_.text("Rp_Solicitar_Valor");
-    }  ///< supplier or customer that the receipt type asks for
+    /// Supplier or customer that the receipt type asks for.
+    std::string party() const { return row_.text("Rp_Solicitar_Valor"); }
     std::string comment() const { return row_.text("Rp_Comentario"); }
     std::string reference() const { return row_.text("Rp_Referencia"); }
     double amount() const { return row_.number("Rp_Importe"); }
     std::string asks_for() const { return row_.text("Trp_Solicitar"); }
     bool creates_receivable() const { return row_.text("Fp_Generar_Cuenta_x_Cobrar") == "SI"; }
-    std::string method_customer() const {
-        return row_.text("Fp_Cliente");
-    }  ///< who owes the money collected with the method
+    /// Who owes the money collected with the method.
+    std::string method_customer() const { return row_.text("Fp_Cliente"); }
 
 private:
     const Rows& row_;
