@@ -529,7 +529,8 @@ TEST_F(Json_rpc, what_stands_around_a_method_knows_whether_it_shows_a_dialog) {
         seen.push_back(method.shows_dialog);
         call();
     };
-    result("call", R"({"object":1,"member":"pedirdatosdeposito","args":["2024-03-15","MXN"]})");
+    EXPECT_EQ(code("call", R"({"object":1,"member":"pedirdatosdeposito","args":["2024-03-15","MXN"]})"), run_time_error)
+        << "there are no windows here";
     result("call", R"({"object":1,"member":"Nuevo"})");
     EXPECT_THAT(seen, testing::ElementsAre(true, false));
 }

@@ -50,12 +50,12 @@ TEST(Qt_windows, the_deposit_is_answered_with_the_keyboard_alone) {
 
 TEST(Qt_windows, the_account_is_written_in_the_font_of_its_name_where_the_system_has_it) {
     Offscreen screen;
-    const auto is = [](const QString& family) {
-        return sees([=](QWidget& top) { EXPECT_EQ(find<QLineEdit>(top, account).font().family(), family); });
-    };
-    const bool here = QFontDatabase::families().contains(QStringLiteral("Fixedsys"), Qt::CaseInsensitive);
-    const QString fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
-    screen.deposit({is(here ? QStringLiteral("Fixedsys") : fixed), key(Qt::Key_Escape)});
+    const auto is_fixed = sees([](QWidget& top) {
+        const bool here = QFontDatabase::families().contains(QStringLiteral("Fixedsys"), Qt::CaseInsensitive);
+        const QString fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
+        EXPECT_EQ(find<QLineEdit>(top, account).font().family(), here ? QStringLiteral("Fixedsys") : fixed);
+    });
+    screen.deposit({is_fixed, key(Qt::Key_Escape)});
 }
 
 TEST(Qt_windows, and_with_the_mouse_alone) {

@@ -90,7 +90,6 @@ WHERE
 ORDER BY Banco.Bn_Cve_Banco;
 
 -- again SELECT Banco
--- again SELECT Documento_Cuenta_Bancaria (2)
 -- again SELECT Documento_Cuenta_Bancaria (3)
 -- again SELECT Documento_Cuenta_Bancaria (4)
 -- again INSERT Documento_Cuenta_Bancaria
