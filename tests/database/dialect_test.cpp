@@ -236,6 +236,14 @@ TEST_F(Dialect_on_sqlite, owners_hints_and_words_left_out_are_taken) {
     EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Banco"), ElementsAre("2"));
 }
 
+TEST_F(Dialect_on_sqlite, what_has_no_counterpart_is_passed_on_as_it_stands) {
+    EXPECT_EQ(db.translate("SELECT TOP 10 PERCENT a FROM T"), "SELECT TOP 10 PERCENT a FROM T");
+    EXPECT_EQ(db.translate("SELECT TOP 1 WITH TIES a FROM T"), "SELECT TOP 1 WITH TIES a FROM T");
+    EXPECT_EQ(db.translate("SELECT CONVERT(varchar(10), a, 112) FROM T"),
+              "SELECT CONVERT ( varchar ( 10 ) , a , 112 ) FROM T");
+    EXPECT_EQ(db.translate("SELECT (SELECT 1) FROM T"), "SELECT ( SELECT 1 ) COLLATE NOCASE FROM T");
+}
+
 TEST_F(Dialect_on_sqlite, tables_and_indexes_are_created_with_built_in_types_and_collations_only) {
     run("CREATE TABLE [dbo].[T] (Id int IDENTITY(1,1) NOT NULL, A varchar(max) NOT NULL DEFAULT 'x', B [nvarchar](10) "
         "DEFAULT (N'y'), "
