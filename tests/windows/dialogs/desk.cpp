@@ -74,6 +74,18 @@ std::string Desk::deposit(const Steps& steps, int firm) {
     return answer;
 }
 
+std::string Desk::failure_of_deposit(const Steps& steps) {
+    std::string failure;
+    run(steps, [&] {
+        try {
+            treasury->PedirDatosDeposito(make_date(2024, 3, 15), "MXN", 0);
+        } catch (const std::exception& thrown) {
+            failure = thrown.what();
+        }
+    });
+    return failure;
+}
+
 std::string Desk::payment(const Steps& steps, const std::string& method) {
     std::string answer;
     run(steps, [&] { answer = treasury->PedirDatosFormaPago(method, "CLIENTE", "CL01"); });

@@ -74,6 +74,8 @@ public:
     void run(const Steps& steps, const std::function<void()>& show);
 
     std::string deposit(const Steps& steps, int firm = 0);
+    /// What reaches the caller instead of an answer; empty when nothing does.
+    std::string failure_of_deposit(const Steps& steps);
     std::string payment(const Steps& steps, const std::string& method = "03");
 
     void sql(const std::string& statement) { database.connection().execute(statement); }
