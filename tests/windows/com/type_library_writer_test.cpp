@@ -31,8 +31,8 @@ struct Made_up_library : ::testing::Test {
                                8 + sizeof(BSTR), 4);
         std::vector<Described_member> members;
         members.push_back({"Move", 7, INVOKE_FUNC, {}, {VT_DISPATCH, "_Shape"}, "Moves it"});
-        members[0].parameters.push_back({"To", {VT_RECORD, "Point"}, true, {}});
-        members[0].parameters.push_back({"Steps", {VT_I2}, false, any(std::int16_t{3})});
+        members[0].parameters.push_back(parameter("To", {VT_RECORD, "Point"}, true, {}));
+        members[0].parameters.push_back(parameter("Steps", {VT_I2}, false, any(std::int16_t{3})));
         writer.describe_interface("_Shape", members);
         writer.add_class("Shape", id(3), "_Shape");
         writer.save();
@@ -41,6 +41,11 @@ struct Made_up_library : ::testing::Test {
     ~Made_up_library() override {
         library = nullptr;
         DeleteFileW(path.c_str());
+    }
+
+    static Described_parameter parameter(std::string_view name, const Described_type& type, bool by_reference,
+                                         Any default_value) {
+        return {name, type, by_reference, std::move(default_value)};
     }
 
     Pointer<ITypeInfo> type(const GUID& guid) const {
