@@ -9,7 +9,7 @@
 #include "cuvexa/errors.h"
 #include "cuvexa/value.h"
 
-namespace cuvexa {
+namespace cuvexa::automation {
 namespace {
 
 using Kind = Invoke_error::Kind;
@@ -187,4 +187,4 @@ Variant Invoke(Automation_object& object, std::int32_t identifier, Member_kind k
     return Invoke(object, find_member(object.type(), identifier, kind), arguments);
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::automation

@@ -11,7 +11,7 @@
 #include "automation/members.h"
 #include "cuvexa/errors.h"
 
-namespace cuvexa {
+namespace cuvexa::automation {
 
 /// A call that does not fit the table; nothing of the member ran.
 class Invoke_error : public std::runtime_error {
@@ -46,4 +46,4 @@ Variant Invoke(Automation_object& object, const Member& member, std::vector<Vari
 Variant Invoke(Automation_object& object, std::string_view name, Member_kind kind, std::vector<Variant>& arguments);
 Variant Invoke(Automation_object& object, std::int32_t identifier, Member_kind kind, std::vector<Variant>& arguments);
 
-}  // namespace cuvexa
+}  // namespace cuvexa::automation

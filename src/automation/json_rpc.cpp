@@ -16,7 +16,7 @@
 #include "automation/json_variant.h"
 #include "cuvexa/errors.h"
 
-namespace cuvexa {
+namespace cuvexa::automation {
 namespace {
 
 constexpr int parse_error = -32700;
@@ -332,8 +332,12 @@ void serve_json_rpc(std::istream& requests, std::ostream& answers, const Object_
     }
 }
 
+}  // namespace cuvexa::automation
+
+namespace cuvexa {
+
 void serve_json_rpc(std::istream& requests, std::ostream& answers, Module& module, const Around_call& around_call) {
-    serve_json_rpc(requests, answers, object_factory(module), around_call);
+    automation::serve_json_rpc(requests, answers, automation::object_factory(module), around_call);
 }
 
 }  // namespace cuvexa

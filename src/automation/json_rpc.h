@@ -8,7 +8,7 @@
 #include "automation/variant.h"
 #include "cuvexa/automation.h"
 
-namespace cuvexa {
+namespace cuvexa::automation {
 
 /// Makes an object of the named class; null when there is no such class.
 using Object_factory = std::function<Object(std::string_view class_name)>;
@@ -20,4 +20,4 @@ Object_factory object_factory(Module& module);
 void serve_json_rpc(std::istream& requests, std::ostream& answers, const Object_factory& create,
                     const Around_call& around_call = {});
 
-}  // namespace cuvexa
+}  // namespace cuvexa::automation

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <type_traits>
 
-namespace cuvexa {
+namespace cuvexa::automation {
 namespace {
 
 [[noreturn]] void refuse(const std::string& place, std::string_view what) {
@@ -144,4 +144,4 @@ Json_out to_json(const Variant& value, const Number_of_object& number) {
         value);
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::automation

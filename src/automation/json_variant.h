@@ -9,7 +9,7 @@
 
 #include "automation/variant.h"
 
-namespace cuvexa {
+namespace cuvexa::automation {
 
 /// What clients send is kept by key; what they get keeps the published order.
 using Json_in = nlohmann::json;
@@ -31,4 +31,4 @@ Variant from_json(const Json_in& json, const Value_type& type, const std::string
 
 Json_out to_json(const Variant& value, const Number_of_object& number);
 
-}  // namespace cuvexa
+}  // namespace cuvexa::automation

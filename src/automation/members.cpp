@@ -8,7 +8,7 @@
 #include "core/case.h"
 #include "cuvexa/tesoreria.h"
 
-namespace cuvexa {
+namespace cuvexa::automation {
 namespace {
 
 // ---- Between variants of a parameter's exact type and C++ values ---------------------------------------------------
@@ -340,4 +340,4 @@ const Automation_class& Automation_object_of<clsRpDetalle>::type() const {
     return automation_classes()[1];
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::automation

@@ -12,7 +12,7 @@
 #include "automation/variant.h"
 #include "cuvexa/module.h"
 
-namespace cuvexa {
+namespace cuvexa::automation {
 
 enum class Member_kind { method, property_get, property_let };
 
@@ -75,4 +75,4 @@ private:
     std::shared_ptr<C> instance_;
 };
 
-}  // namespace cuvexa
+}  // namespace cuvexa::automation

@@ -1,6 +1,6 @@
 #include "automation/record_table.h"
 
-namespace cuvexa {
+namespace cuvexa::automation {
 namespace {
 
 template <auto member>
@@ -214,4 +214,4 @@ Record_place place_of(Record& record) {
     return {&type_of(record), std::visit([](auto& value) -> void* { return &value; }, record)};
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::automation

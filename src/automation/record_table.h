@@ -13,6 +13,10 @@
 #include "cuvexa/records.h"
 
 namespace cuvexa {
+class clsRpDetalle;
+}
+
+namespace cuvexa::automation {
 
 /// A record of any of the published types, by value; the alternatives stand in the published order.
 using Record = std::variant<tTsEncabezado, tTsDetalle, tRpEncabezado, tTrpTipoReciboPago, tRpDetalle, tFormaPago,
@@ -96,8 +100,6 @@ constexpr const Record_type& record_type() {
     return record_types[record_table_detail::Index<R, Record>::value];
 }
 
-class clsRpDetalle;
-
 /// The published type of a C++ type.
 template <class T>
 constexpr Value_type value_type() {
@@ -120,4 +122,4 @@ constexpr Value_type value_type() {
     }
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::automation

@@ -9,7 +9,7 @@
 #include "automation/record_table.h"
 #include "cuvexa/date.h"
 
-namespace cuvexa {
+namespace cuvexa::automation {
 
 class Automation_object;
 using Object = std::shared_ptr<Automation_object>;
@@ -23,4 +23,4 @@ inline bool is_missing(const Variant& value) noexcept {
     return std::holds_alternative<Missing>(value);
 }
 
-}  // namespace cuvexa
+}  // namespace cuvexa::automation

@@ -20,11 +20,11 @@ namespace cuvexa::cli {
 /// What a call passes, and how a program writes it: a value, or a variable that holds a record.
 struct Argument {
     template <class V>
-    requires std::constructible_from<Variant, V> Argument(V&& given)
+    requires std::constructible_from<automation::Variant, V> Argument(V&& given)
         : value(std::forward<V>(given)), text(written(value)) {}
-    Argument(std::string_view variable, const Record& record) : value(record), text(variable) {}
+    Argument(std::string_view variable, const automation::Record& record) : value(record), text(variable) {}
 
-    Variant value;
+    automation::Variant value;
     std::string text;
 };
 using Arguments = std::vector<Argument>;
@@ -105,14 +105,14 @@ private:
 
     bool run(std::string_view method, const Arguments& arguments);
     std::string ask(std::string_view path);
-    void assign(std::string_view property, const Record& record, const Record& before);
-    void show_assignment(std::string_view name, const Record& record, const Record& before);
+    void assign(std::string_view property, const automation::Record& record, const automation::Record& before);
+    void show_assignment(std::string_view name, const automation::Record& record, const automation::Record& before);
     void show_line(std::string_view line);
     void show_result(std::string_view text);
 
     Connection* connection_;
     std::ostream* out_;
-    Object tesoreria_;
+    automation::Object tesoreria_;
     Date today_;
     std::vector<Balance> first_balances_;
     std::vector<Balance> balances_;

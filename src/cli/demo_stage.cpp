@@ -7,6 +7,8 @@
 
 namespace cuvexa::cli {
 
+using namespace automation;
+
 namespace {
 
 constexpr Column balance_columns[] = {

@@ -6,6 +6,8 @@
 
 namespace cuvexa::cli {
 
+using namespace automation;
+
 namespace {
 
 std::string fields_text(Record_place now, Record_place before);

@@ -11,6 +11,7 @@
 
 namespace cuvexa::com_server {
 
+using namespace automation;
 using namespace com;
 
 /// The argument in the parameter's exact type; `Missing` when it was left out. Throws `Result_error`.

@@ -9,6 +9,8 @@
 
 namespace cuvexa::com_server {
 
+using namespace automation;
+
 inline constexpr GUID library_id = {0x6d1b4a52, 0x83c7, 0x4f0e, {0x9a, 0x1d, 0x52, 0x70, 0xc3, 0xb8, 0x4e, 0x01}};
 inline constexpr WORD library_major = 1, library_minor = 0;
 

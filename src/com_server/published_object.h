@@ -9,6 +9,7 @@
 
 namespace cuvexa::com_server {
 
+using namespace automation;
 using namespace com;
 
 /// The object as clients hold it; null for a null one. `keeps` lives as long as any reference to it.

@@ -8,6 +8,8 @@
 
 namespace cuvexa::com_server {
 
+using namespace automation;
+
 inline constexpr std::size_t record_alignment = 4;
 
 /// Bytes of a value inside a record, without what fills up to the next boundary; `pointer_size` is 4 or 8.

@@ -7,6 +7,7 @@
 
 namespace cuvexa::com_server {
 
+using namespace automation;
 using namespace com;
 
 /// Reads the record at `memory` into one of the same type.

@@ -5,6 +5,8 @@
 
 namespace cuvexa::com_server {
 
+using namespace automation;
+
 /// The value at a place; of a record, a copy.
 Variant value_at(const Place& place);
 

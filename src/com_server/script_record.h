@@ -8,6 +8,7 @@
 
 namespace cuvexa::com_server {
 
+using namespace automation;
 using namespace com;
 
 /// An object over an empty record of that type. Besides the members it has

@@ -9,6 +9,8 @@
 
 namespace cuvexa::com_server {
 
+using namespace automation;
+
 /// Runs `body` with the C++ type, as a `std::type_identity`, that a `Variant` holds values of that type in.
 template <class Body>
 decltype(auto) with_type(Type type, Body&& body) {
@@ -45,9 +47,9 @@ inline std::string published_name(const Value_type& type) {
 namespace cuvexa::com {
 
 template <>
-inline constexpr std::uint16_t number_of<Record> = type_number::record;
+inline constexpr std::uint16_t number_of<automation::Record> = type_number::record;
 template <>
-inline constexpr std::uint16_t number_of<Object> = type_number::object;
+inline constexpr std::uint16_t number_of<automation::Object> = type_number::object;
 
 }  // namespace cuvexa::com
 

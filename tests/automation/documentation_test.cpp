@@ -14,6 +14,8 @@
 namespace cuvexa::tests {
 namespace {
 
+using namespace automation;
+
 std::string shown_type(const Value_type& type) {
     if (type.type == Type::none) return "–";
     const bool own = type.type == Type::record || type.type == Type::object;

@@ -16,6 +16,8 @@
 namespace cuvexa::tests {
 namespace {
 
+using namespace automation;
+
 constexpr auto method = Member_kind::method;
 constexpr auto get = Member_kind::property_get;
 constexpr auto let = Member_kind::property_let;

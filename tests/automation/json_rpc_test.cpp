@@ -19,6 +19,8 @@
 namespace cuvexa::tests {
 namespace {
 
+using namespace automation;
+
 using Json = nlohmann::json;
 
 /// A client that sends lines and reads all answers. Object 1 is a Tesoreria, 2 a clsRpDetalle, 3 of a made-up class.

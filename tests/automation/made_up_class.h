@@ -14,6 +14,8 @@
 
 namespace cuvexa::tests {
 
+using namespace automation;
+
 class Made_up_object final : public Automation_object {
 public:
     const Automation_class& type() const override {

@@ -18,6 +18,8 @@
 namespace cuvexa::tests {
 namespace {
 
+using namespace automation;
+
 /// As in "60030020 method GetSaldo(ref Bc_Cve_Banco_Cuenta String, opt ref SoloFirme Boolean) Double".
 std::string signature(const Member& member) {
     char identifier[16];

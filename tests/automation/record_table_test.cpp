@@ -12,6 +12,8 @@
 namespace cuvexa::tests {
 namespace {
 
+using namespace automation;
+
 std::vector<std::string> fields_of(std::string_view name) {
     std::vector<std::string> fields;
     for (const Record_type& type : record_types) {

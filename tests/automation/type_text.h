@@ -8,6 +8,8 @@
 
 namespace cuvexa::tests {
 
+using namespace automation;
+
 inline std::string type_text(const Value_type& type) {
     if (type.type == Type::none) return "none";
     if (type.type == Type::record) return std::string(type.record->name);

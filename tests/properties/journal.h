@@ -17,13 +17,13 @@ class Journal {
 public:
     using Json = nlohmann::ordered_json;
 
-    explicit Journal(Company& company) : object_(object_factory(company.module())("Tesoreria")) {
+    explicit Journal(Company& company) : object_(automation::object_factory(company.module())("Tesoreria")) {
         lines_.push_back(create_line);
     }
 
     /// Starts another instance, as a caller does for a second check request.
     void renew(Company& company) {
-        object_ = object_factory(company.module())("Tesoreria");
+        object_ = automation::object_factory(company.module())("Tesoreria");
         ++number_;
         lines_.push_back(create_line);
     }
@@ -55,7 +55,7 @@ private:
         request["params"]["object"] = 1;
         std::istringstream requests(std::string(create_line) + "\n" + request.dump() + "\n");
         std::ostringstream answers;
-        serve_json_rpc(requests, answers, [this](std::string_view) { return object_; });
+        automation::serve_json_rpc(requests, answers, [this](std::string_view) { return object_; });
         std::istringstream lines(answers.str());
         std::string created, answer;
         std::getline(lines, created);
@@ -65,7 +65,7 @@ private:
         return parsed.at("result");
     }
 
-    Object object_;
+    automation::Object object_;
     int number_ = 1;
     int id_ = 0;
     std::vector<std::string> lines_;

@@ -24,6 +24,7 @@
 
 namespace cuvexa::tests {
 
+using namespace automation;
 using namespace com;
 
 using ::testing::ElementsAre;

@@ -6,6 +6,8 @@
 
 namespace cuvexa::tests {
 
+using namespace automation;
+
 /// A new object of the class with that name, created by the system as a program of another language creates it; null
 /// when there is no such class.
 Object new_remote_object(std::string_view class_name);

@@ -17,7 +17,7 @@ int main() {
     _setmode(_fileno(stdout), _O_BINARY);
     if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return 1;
     try {
-        cuvexa::serve_json_rpc(std::cin, std::cout, cuvexa::tests::new_remote_object);
+        cuvexa::automation::serve_json_rpc(std::cin, std::cout, cuvexa::tests::new_remote_object);
     } catch (const std::exception& failure) {
         std::cerr << failure.what() << "\n";
         return 1;

@@ -20,6 +20,8 @@ public:
 
 namespace door {
 
+using namespace automation;
+
 class Treasury {
 public:
     explicit Treasury(Module& module);
