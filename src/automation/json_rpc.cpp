@@ -14,6 +14,7 @@
 
 #include "automation/invoke.h"
 #include "automation/json_variant.h"
+#include "core/text.h"
 #include "cuvexa/errors.h"
 
 namespace cuvexa::automation {
@@ -306,10 +307,6 @@ std::int64_t Session::hold(const Object& object) {
     return last_number_;
 }
 
-bool is_blank(const std::string& line) {
-    return line.find_first_not_of(" \t\r") == std::string::npos;
-}
-
 }  // namespace
 
 Object_factory object_factory(Module& module) {
@@ -324,7 +321,7 @@ void serve_json_rpc(std::istream& requests, std::ostream& answers, const Object_
     Session session(create, around_call);
     std::string line;
     while (answers && std::getline(requests, line)) {
-        if (is_blank(line)) continue;
+        if (trimmed(line, " \t\r").empty()) continue;
         if (const auto answer = session.answer_line(line)) {
             // What a database holds may not be UTF-8; the answer always is.
             answers << answer->dump(-1, ' ', false, Json_out::error_handler_t::replace) << '\n' << std::flush;
