@@ -1,6 +1,7 @@
 // What the component needs of a database: run a text, walk the rows it gives.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string_view>
 
@@ -36,6 +37,10 @@ public:
     /// Runs one statement and commits it. Throws `Database_error` with the engine's description; the text of a second
     /// statement or a comment is refused before it reaches the engine.
     virtual std::unique_ptr<Recordset> execute(std::string_view text) = 0;
+
+    /// How many statements have failed with a `Conflict_error` so far. An operation tells its failure as text alone;
+    /// this tells whether another session was in its way. 0 where the connection cannot tell.
+    virtual std::uint64_t conflicts() const noexcept { return 0; }
 };
 
 }  // namespace cuvexa

@@ -31,4 +31,12 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+/// A statement, or the keeping of a unit of work, that failed because another session works with the same rows: it holds
+/// them for longer than was to be waited, or the two cannot both be as if one had run after the other. What stood open is
+/// to be undone, and may be tried again.
+class Conflict_error : public Database_error {
+public:
+    using Database_error::Database_error;
+};
+
 }  // namespace cuvexa

@@ -1,14 +1,17 @@
 // All or nothing, by the caller's choice. The component itself never opens a transaction.
 #pragma once
 
+#include <cstdint>
 #include <utility>
 
 #include "cuvexa/data_access.h"
 
 namespace cuvexa {
 
-/// Everything that runs on the connection while the object lives is kept by `commit`, or undone by its absence. From
-/// its construction on other writers wait. One at a time per connection.
+/// Everything that runs on the connection while the object lives is kept by `commit`, or undone by its absence. One at a
+/// time per connection. Units are serializable on every engine: of those that work with the same rows, what is kept is
+/// as if they had run one after the other. On the embedded engine they do, other writers wait from the construction on;
+/// on a server one of two that cannot both be so fails with a `Conflict_error`, at a statement or at `commit`.
 class Unit_of_work {
 public:
     /// Throws `Database_error` when the database does not begin a transaction.
@@ -21,8 +24,13 @@ public:
     /// Throws `Database_error` when the database does not keep the work; it is undone then.
     void commit();
 
+    /// Whether another session was in the way of a statement since the construction: the call that gave False may be
+    /// tried again, in another unit.
+    bool met_conflict() const noexcept { return connection_.conflicts() != conflicts_before_; }
+
 private:
     Connection& connection_;
+    std::uint64_t conflicts_before_;
     bool open_ = true;
 };
 

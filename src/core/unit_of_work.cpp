@@ -2,7 +2,8 @@
 
 namespace cuvexa {
 
-Unit_of_work::Unit_of_work(Connection& connection) : connection_(connection) {
+Unit_of_work::Unit_of_work(Connection& connection)
+    : connection_(connection), conflicts_before_(connection.conflicts()) {
     connection_.execute("BEGIN TRANSACTION");
 }
 

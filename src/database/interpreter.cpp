@@ -29,6 +29,7 @@ bool has_empty_text(std::string_view text, const std::vector<Token>& tokens) {
 std::string Interpreter::to_send(std::string_view text) {
     tokenize(text, tokens_);
     if (tokens_.empty()) throw Database_error("La instrucción está vacía");
+    around_ = server_->around(tokens_.front().in(text));
     if (server_->dialect != nullptr) return translated(text);
     refuse_batch(text, tokens_);
     return std::string(text);

@@ -27,6 +27,9 @@ public:
     /// empty one, a second statement, what `tokenize` refuses.
     std::string to_send(std::string_view text);
 
+    /// What goes around the statement that was last asked for with `to_send`.
+    Transaction_words around_last() const { return around_; }
+
     /// The statement in the server's words, to be looked at; as it stands for a server that takes it so.
     std::string translate(std::string_view text);
 
@@ -37,6 +40,7 @@ private:
     const Server* server_;
     Ask ask_;
     std::vector<dialect::Token> tokens_;  ///< of the text under way
+    Transaction_words around_;
     std::optional<dialect::Date_columns> dates_;
 };
 

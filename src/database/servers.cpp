@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "core/case.h"
 #include "database/dialect/postgresql.h"
 
 namespace cuvexa::database {
@@ -12,11 +13,14 @@ using namespace std::string_view_literals;
 
 constexpr std::array sql_server_session = {"SET LOCK_TIMEOUT $lock_ms"sv};
 constexpr std::array sql_server_lost = {"08"sv};
+constexpr std::array sql_server_conflict = {"40001"sv};
 
 constexpr std::array postgresql_session = {"SET lock_timeout = $lock_ms"sv, "SET statement_timeout = $statement_ms"sv,
                                            "SET standard_conforming_strings = on"sv,
                                            "SET client_min_messages = warning"sv};
 constexpr std::array postgresql_lost = {"08"sv, "57P0"sv};
+// A serialization failure, a deadlock, a lock that was waited for too long.
+constexpr std::array postgresql_conflict = {"40001"sv, "40P01"sv, "55P03"sv};
 
 constexpr std::array servers = {
     Server{.name = "SQL Server",
@@ -26,6 +30,9 @@ constexpr std::array servers = {
            .letters_are_equal = "SELECT 1 WHERE 'a' = 'A'",
            .date_columns = "",
            .lost = sql_server_lost,
+           .conflict = sql_server_conflict,
+           .serializable = "SET TRANSACTION ISOLATION LEVEL SERIALIZABLE",
+           .as_before = "SET TRANSACTION ISOLATION LEVEL READ COMMITTED",
            .date_style = Date_style::neutral},
     Server{.name = "PostgreSQL",
            .dialect = &dialect::postgresql,
@@ -37,6 +44,9 @@ constexpr std::array servers = {
                "WHERE table_schema = ANY (current_schemas(false)) GROUP BY LOWER(column_name) "
                "HAVING BOOL_AND(data_type IN ('date', 'timestamp without time zone', 'timestamp with time zone'))",
            .lost = postgresql_lost,
+           .conflict = postgresql_conflict,
+           .serializable = "",
+           .as_before = "",
            .date_style = Date_style::iso},
 };
 
@@ -45,6 +55,11 @@ constexpr std::string_view statement_hole = "$statement_ms";
 
 void fill(std::string& text, std::string_view hole, int number) {
     if (const auto at = text.find(hole); at != std::string::npos) text.replace(at, hole.size(), std::to_string(number));
+}
+
+bool begins_with_one_of(std::string_view state, std::span<const std::string_view> beginnings) {
+    return std::any_of(beginnings.begin(), beginnings.end(),
+                       [&](std::string_view beginning) { return state.starts_with(beginning); });
 }
 
 }  // namespace
@@ -64,8 +79,17 @@ bool Server::ends_statements() const noexcept {
 }
 
 bool Server::says_lost(std::string_view state) const noexcept {
-    return std::any_of(lost.begin(), lost.end(),
-                       [&](std::string_view beginning) { return state.starts_with(beginning); });
+    return begins_with_one_of(state, lost);
+}
+
+bool Server::says_conflict(std::string_view state) const noexcept {
+    return begins_with_one_of(state, conflict);
+}
+
+Transaction_words Server::around(std::string_view first_word) const noexcept {
+    if (same_text(first_word, "BEGIN")) return {.before = serializable, .after = ""};
+    const bool ends = same_text(first_word, "COMMIT") || same_text(first_word, "ROLLBACK");
+    return {.before = "", .after = ends ? as_before : ""};
 }
 
 const Server& server_called(std::string_view name) noexcept {

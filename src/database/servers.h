@@ -17,6 +17,14 @@ struct Waits {
     int statement_s = 0;  ///< 0: without end
 };
 
+/// What an engine says first when another session was in the way.
+inline constexpr std::string_view conflict_text = "Otra sesión trabaja con los mismos datos; repita la operación";
+
+/// What a session is told before and after a statement that begins or ends a transaction; empty: nothing.
+struct Transaction_words {
+    std::string_view before, after;
+};
+
 struct Server {
     /// Stands in what the server calls itself.
     std::string_view name;
@@ -41,6 +49,14 @@ struct Server {
     /// How the SQLSTATE begins when the connection was lost.
     std::span<const std::string_view> lost;
 
+    /// How the SQLSTATE begins when another session was in the way.
+    std::span<const std::string_view> conflict;
+
+    /// What makes transactions, and nothing else, serializable: told before one begins, and again after it has ended;
+    /// empty where the dialect's BEGIN says it.
+    std::string_view serializable;
+    std::string_view as_before;
+
     /// How a statement writes a date.
     Date_style date_style;
 
@@ -52,6 +68,12 @@ struct Server {
 
     /// Whether that SQLSTATE says that the connection was lost.
     bool says_lost(std::string_view state) const noexcept;
+
+    /// Whether that SQLSTATE says that another session was in the way.
+    bool says_conflict(std::string_view state) const noexcept;
+
+    /// What goes around a statement that begins with this word.
+    Transaction_words around(std::string_view first_word) const noexcept;
 };
 
 /// The server that calls itself so. One that no row names is spoken to as the first, SQL Server.

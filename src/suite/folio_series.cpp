@@ -48,6 +48,8 @@ void begin_series(Connection& connection, const std::string& code, const std::st
               "INSERT INTO Folio_Serie (Fs_Codigo, Fs_Sucursal, Fs_Ultimo, Fs_Abierta) SELECT '{}', '{}', 0, 'SI' "
               "WHERE NOT EXISTS (SELECT Fs_Codigo FROM Folio_Serie WHERE Fs_Codigo = '{}' AND Fs_Sucursal = '{}')",
               upper_ascii(code), branch, code, branch);
+    } catch (const Conflict_error&) {
+        throw;
     } catch (const Database_error&) {
         // A server may look in two sessions at once and find no series in either; then the other one has begun it.
         const Rows begun =

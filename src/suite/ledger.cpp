@@ -72,6 +72,8 @@ std::string Ledger::pay(const Account& account, const New_payment& payment) {
         try {
             insert_payment(account, payment, id);
             paid = true;
+        } catch (const Conflict_error&) {
+            throw;
         } catch (const Database_error&) {
             if (payment_state(account.folio, id).eof()) throw;
             id = next_payment_id(account.folio);

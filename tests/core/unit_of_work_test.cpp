@@ -1,6 +1,11 @@
 // All or nothing around a call: what is kept, what is undone, and what only the instance remembers.
 #include "cuvexa/unit_of_work.h"
 
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "cuvexa/database/sqlite_connection.h"
 #include "support/company.h"
 
 namespace cuvexa::tests {
@@ -24,6 +29,20 @@ public:
 private:
     Connection& connection_;
     std::string refused_;
+};
+
+/// Another session holds every row for good.
+class Held_by_another : public Connection {
+public:
+    std::unique_ptr<Recordset> execute(std::string_view text) override {
+        if (text.find("TRANSACTION") != std::string_view::npos) return nullptr;
+        ++conflicts_;
+        throw Conflict_error("held");
+    }
+    std::uint64_t conflicts() const noexcept override { return conflicts_; }
+
+private:
+    std::uint64_t conflicts_ = 0;
 };
 
 struct Whole_calls : ::testing::Test {
@@ -141,6 +160,34 @@ TEST_F(Whole_calls, a_failing_commit_throws_and_undoes) {
     EXPECT_EQ(connection.texts.back(), "ROLLBACK TRANSACTION");
     EXPECT_THAT(company.changes(), IsEmpty());
     EXPECT_TRUE(nothing_stands_open());
+}
+
+TEST(Units_of_two_sessions, tell_that_another_session_was_in_the_way) {
+    const std::string path =
+        (std::filesystem::temp_directory_path() / ("cuvexa_units_" + std::to_string(::getpid()) + ".db")).string();
+    {
+        Sqlite_connection first(path, {.synchronous = Synchronous::off, .create = true});
+        Sqlite_connection second(path, {.synchronous = Synchronous::off, .busy_timeout_ms = 1});
+        first.execute("CREATE TABLE T (A int)");
+        const Unit_of_work holding(first);
+        EXPECT_THROW(Unit_of_work{second}, Conflict_error);
+        EXPECT_EQ(second.conflicts(), 1u);
+        EXPECT_FALSE(holding.met_conflict());
+    }
+    for (const char* tail : {"", "-wal", "-shm"}) std::filesystem::remove(path + tail);
+}
+
+TEST(Units_of_two_sessions, know_it_of_a_call_that_only_gave_false) {
+    Held_by_another held;
+    Unit_of_work work(held);
+    EXPECT_FALSE(work.met_conflict());
+    try {
+        held.execute("UPDATE T SET A = 1");
+    } catch (const Database_error&) {
+        // As an operation does, which gives False.
+    }
+    EXPECT_TRUE(work.met_conflict());
+    EXPECT_FALSE(Unit_of_work{held}.met_conflict()) << "the next one begins anew";
 }
 
 TEST_F(Whole_calls, a_database_that_begins_nothing_runs_nothing) {

@@ -78,6 +78,34 @@ TEST(Servers, a_lost_connection_shows_in_the_state) {
     EXPECT_FALSE(sql_server.says_lost("42000"));
 }
 
+TEST(Servers, another_session_in_the_way_shows_in_the_state) {
+    EXPECT_TRUE(sql_server.says_conflict("40001")) << "the victim of a deadlock";
+    EXPECT_TRUE(postgresql.says_conflict("40001")) << "not serializable";
+    EXPECT_TRUE(postgresql.says_conflict("40P01")) << "a deadlock";
+    EXPECT_TRUE(postgresql.says_conflict("55P03")) << "a lock that was waited for too long";
+    EXPECT_FALSE(postgresql.says_conflict("23505"));
+    EXPECT_FALSE(sql_server.says_conflict("23000"));
+}
+
+TEST(The_interpreter, makes_transactions_and_nothing_else_serializable) {
+    Asked asked({});
+    Interpreter to_sql_server(sql_server, asked.ask());
+    Interpreter to_postgresql(postgresql, asked.ask());
+    EXPECT_EQ(to_postgresql.to_send("BEGIN TRANSACTION"), "BEGIN TRANSACTION ISOLATION LEVEL SERIALIZABLE");
+    EXPECT_EQ(to_postgresql.around_last().before, "");
+
+    EXPECT_EQ(to_sql_server.to_send("BEGIN TRANSACTION"), "BEGIN TRANSACTION");
+    EXPECT_EQ(to_sql_server.around_last().before, "SET TRANSACTION ISOLATION LEVEL SERIALIZABLE");
+    EXPECT_EQ(to_sql_server.around_last().after, "");
+    for (const char* end : {"COMMIT TRANSACTION", "rollback transaction"}) {
+        to_sql_server.to_send(end);
+        EXPECT_EQ(to_sql_server.around_last().before, "") << end;
+        EXPECT_EQ(to_sql_server.around_last().after, "SET TRANSACTION ISOLATION LEVEL READ COMMITTED") << end;
+    }
+    to_sql_server.to_send("SELECT 1");
+    EXPECT_EQ(to_sql_server.around_last().after, "");
+}
+
 TEST(Servers, sql_server_reads_the_neutral_dates_under_every_language) {
     EXPECT_EQ(sql_server.date_style, Date_style::neutral);
     EXPECT_EQ(postgresql.date_style, Date_style::iso);

@@ -338,6 +338,10 @@ TEST(Sqlite_file, a_file_held_by_another_program_is_waited_for_and_then_said_to_
     EXPECT_THAT(failure(other, "INSERT INTO T VALUES (1)"),
                 StartsWith("La base de datos está ocupada por otro programa"));
     EXPECT_THAT(column(other, "v", "SELECT COUNT(*) AS v FROM T"), ElementsAre("0"));
+    EXPECT_THROW(other.execute("INSERT INTO T VALUES (1)"), Conflict_error);
+    EXPECT_EQ(other.conflicts(), 2u);
+    EXPECT_NE(failure(other, "INSERT INTO Nada VALUES (1)"), "");
+    EXPECT_EQ(other.conflicts(), 2u) << "only another session counts";
     holder.execute("COMMIT");
     other.execute("INSERT INTO T VALUES (1)");
     EXPECT_THAT(column(holder, "v", "SELECT COUNT(*) AS v FROM T"), ElementsAre("1"));

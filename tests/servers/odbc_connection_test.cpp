@@ -48,6 +48,23 @@ protected:
 
     Value value(const std::string& query) { return session->execute(query)->field("V"); }
 
+    /// Two units of work that each add what the other one counts; what the second said.
+    std::string failure_of_the_second(Odbc_connection& second) {
+        Unit_of_work one(*session), two(second);
+        session->execute("INSERT INTO Prueba (Llave, Numero) SELECT 1, COUNT(*) FROM Prueba");
+        std::string said;
+        try {
+            second.execute("INSERT INTO Prueba (Llave, Numero) SELECT 2, COUNT(*) FROM Prueba");
+            one.commit();
+            two.commit();
+        } catch (const Conflict_error& error) {
+            said = error.what();
+            EXPECT_TRUE(two.met_conflict());
+            EXPECT_FALSE(one.met_conflict());
+        }
+        return said;
+    }
+
     std::string failure(const std::string& statement) {
         try {
             session->execute(statement);
@@ -60,6 +77,15 @@ protected:
     std::string connection_string;
     std::unique_ptr<Odbc_connection> session;
 };
+
+TEST_F(Odbc, units_of_work_are_serializable_and_a_bare_statement_is_as_the_server_has_it) {
+    Odbc_connection second(connection_string);
+    EXPECT_THAT(
+        failure_of_the_second(second),
+        StartsWith("Otra sesión trabaja con los mismos datos; repita la operación (ERROR: could not serialize"));
+    EXPECT_EQ(to_text(value("SELECT COUNT(*) AS V FROM Prueba")), "1") << "what the first one wrote";
+    EXPECT_EQ(to_text(value("SELECT current_setting('transaction_isolation') AS V")), "read committed");
+}
 
 TEST_F(Odbc, rows_are_walked_forward_and_columns_named_without_regard_to_case) {
     session->execute("INSERT INTO Prueba (Llave, Texto) VALUES (1, 'uno'), (2, 'dos')");

@@ -36,6 +36,7 @@ public:
     Odbc_connection& operator=(const Odbc_connection&) = delete;
 
     std::unique_ptr<Recordset> execute(std::string_view text) override;
+    std::uint64_t conflicts() const noexcept override;
 
     /// Gives the database what the schema's column types need, once, before the schema; refuses a database that tells
     /// capital letters from small ones.

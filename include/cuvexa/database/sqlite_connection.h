@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -46,6 +47,7 @@ public:
     Sqlite_connection& operator=(const Sqlite_connection&) = delete;
 
     std::unique_ptr<Recordset> execute(std::string_view text) override;
+    std::uint64_t conflicts() const noexcept override { return conflicts_; }
 
     /// The statement as the engine would be given it with its literals in place.
     std::string translate(std::string_view text) const;
@@ -57,6 +59,7 @@ private:
     friend class sqlite::Engine;
 
     std::unique_ptr<sqlite::Engine> engine_;
+    std::uint64_t conflicts_ = 0;
 };
 
 }  // namespace cuvexa

@@ -22,6 +22,7 @@ public:
     Traced_connection(Connection& connection, std::ostream& out) : connection_(&connection), out_(&out) {}
 
     std::unique_ptr<Recordset> execute(std::string_view text) override;
+    std::uint64_t conflicts() const noexcept override { return connection_->conflicts(); }
 
 private:
     void write(std::string_view text, std::int64_t us, const std::string& rows, const char* error);

@@ -58,8 +58,10 @@ inline constexpr std::array types{
     Type_rule{"bit", "smallint", "smallint"},
 };
 
+// Transactions are units of work, which are serializable. A bare statement stays as the server has it.
 inline constexpr std::array statements{
-    Statement_rule{"BEGIN TRAN", "BEGIN TRANSACTION"},
+    Statement_rule{"BEGIN TRANSACTION", "BEGIN TRANSACTION ISOLATION LEVEL SERIALIZABLE"},
+    Statement_rule{"BEGIN TRAN", "BEGIN TRANSACTION ISOLATION LEVEL SERIALIZABLE"},
     Statement_rule{"COMMIT TRAN", "COMMIT TRANSACTION"},
     Statement_rule{"ROLLBACK TRAN", "ROLLBACK TRANSACTION"},
 };

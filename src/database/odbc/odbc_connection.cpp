@@ -6,6 +6,8 @@
 
 namespace cuvexa {
 
+using database::Transaction_words;
+
 struct Odbc_connection::Parts {
     Parts(const std::string& connection_string, const Odbc_options& options) : session(connection_string, options) {}
 
@@ -19,7 +21,17 @@ Odbc_connection::Odbc_connection(const std::string& connection_string, const Odb
 Odbc_connection::~Odbc_connection() = default;
 
 std::unique_ptr<Recordset> Odbc_connection::execute(std::string_view text) {
-    return parts_->session.run(parts_->interpreter.to_send(text));
+    odbc::Session& session = parts_->session;
+    const std::string sent = parts_->interpreter.to_send(text);
+    const Transaction_words words = parts_->interpreter.around_last();
+    if (!words.before.empty()) session.run(words.before);
+    auto rows = session.run(sent);
+    if (!words.after.empty()) session.run(words.after);
+    return rows;
+}
+
+std::uint64_t Odbc_connection::conflicts() const noexcept {
+    return parts_->session.conflicts();
 }
 
 void Odbc_connection::prepare_database() {

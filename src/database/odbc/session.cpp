@@ -1,5 +1,6 @@
 #include "database/odbc/session.h"
 
+#include <algorithm>
 #include <functional>
 
 #include "cuvexa/errors.h"
@@ -68,8 +69,15 @@ void Session::refuse(const Handle& statement) {
     const auto records = diagnostics(statement);
     const std::string text = without_secrets(description(records));
     lost_ = is_lost(records);
-    if (!lost_) throw Database_error(text);
-    throw Database_error("Se perdió la conexión con el servidor de base de datos (" + text + ")");
+    if (lost_) throw Database_error("Se perdió la conexión con el servidor de base de datos (" + text + ")");
+    if (!is_conflict(records)) throw Database_error(text);
+    ++conflicts_;
+    throw Conflict_error(std::string(database::conflict_text) + " (" + text + ")");
+}
+
+bool Session::is_conflict(const std::vector<Diagnostic>& records) const {
+    return std::any_of(records.begin(), records.end(),
+                       [&](const Diagnostic& record) { return server_->says_conflict(record.state); });
 }
 
 bool Session::is_lost(const std::vector<Diagnostic>& records) const {

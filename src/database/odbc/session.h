@@ -1,6 +1,7 @@
 // A session of a server, in the server's own words.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -27,6 +28,9 @@ public:
 
     const database::Server& server() const noexcept { return *server_; }
 
+    /// How many texts another session was in the way of.
+    std::uint64_t conflicts() const noexcept { return conflicts_; }
+
     /// What the server calls itself.
     const std::string& name() const noexcept { return name_; }
 
@@ -35,6 +39,7 @@ private:
     std::string information(SQLUSMALLINT what) const;
     [[noreturn]] void refuse(const Handle& statement);
     bool is_lost(const std::vector<Diagnostic>& records) const;
+    bool is_conflict(const std::vector<Diagnostic>& records) const;
     std::string without_secrets(std::string text) const;
 
     std::vector<std::string> secrets_;
@@ -42,6 +47,7 @@ private:
     std::optional<Handle> database_;
     bool connected_ = false;
     bool lost_ = false;
+    std::uint64_t conflicts_ = 0;
     std::string name_;
     const database::Server* server_ = nullptr;
     int statement_timeout_s_ = 0;  ///< for the driver; 0: without end

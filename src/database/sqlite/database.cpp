@@ -91,6 +91,8 @@ const char* name_of(Synchronous synchronous) noexcept {
 }
 
 void fail(sqlite3* database, int code) {
+    const int primary = code & 0xFF;
+    if (primary == SQLITE_BUSY || primary == SQLITE_LOCKED) throw Conflict_error(description(database, code));
     throw Database_error(description(database, code));
 }
 

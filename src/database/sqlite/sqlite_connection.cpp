@@ -22,7 +22,12 @@ Sqlite_connection::Sqlite_connection(const std::string& path, const Sqlite_optio
 Sqlite_connection::~Sqlite_connection() = default;
 
 std::unique_ptr<Recordset> Sqlite_connection::execute(std::string_view text) {
-    return sqlite::Engine::of(*this).execute(text);
+    try {
+        return sqlite::Engine::of(*this).execute(text);
+    } catch (const Conflict_error&) {
+        ++conflicts_;
+        throw;
+    }
 }
 
 std::string Sqlite_connection::translate(std::string_view text) const {
