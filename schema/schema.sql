@@ -269,8 +269,8 @@ CREATE TABLE Recibo_Pago (
     Es_Cve_Estado varchar(10) DEFAULT 'AC',
     PRIMARY KEY (Rp_Folio, Rp_Id)
 );
-CREATE INDEX Ix_Recibo_Pago_Rp_Folio_Deposito
-    ON Recibo_Pago (Rp_Folio_Deposito);
+CREATE INDEX Ix_Recibo_Pago_Rp_Folio_Deposito_Rp_Folio
+    ON Recibo_Pago (Rp_Folio_Deposito, Rp_Folio, Es_Cve_Estado);
 
 -- Deposits, one row per group of receipt lines.
 CREATE TABLE Deposito_Pago (
@@ -867,13 +867,29 @@ CREATE TABLE Servidor_Suite (
     PRIMARY KEY (Sv_Llave)
 );
 
--- Version of this schema.
+-- Requests that a service has answered, so that one that comes again is answered alike and does nothing. Pe_Nombre: who
+-- asked, the name of the token. Pe_Llave: the request's key. Pe_Huella: of what was asked. Pe_Estado: of the answer.
+CREATE TABLE Peticion_Servicio (
+    Pe_Nombre varchar(60) NOT NULL,
+    Pe_Llave varchar(200) NOT NULL,
+    Pe_Huella varchar(64) DEFAULT '',
+    Pe_Estado int DEFAULT 0,
+    Pe_Respuesta nvarchar(max) DEFAULT '',
+    Fecha_Alta datetime DEFAULT NULL,
+    PRIMARY KEY (Pe_Nombre, Pe_Llave)
+);
+CREATE INDEX Ix_Peticion_Servicio_Fecha_Alta
+    ON Peticion_Servicio (Fecha_Alta);
+
+-- Version of this schema. Eq_Programa: the first version of the program that works with it. How a database of an earlier
+-- version becomes one of this: upgrades/.
 CREATE TABLE Esquema_Suite (
     Eq_Nombre varchar(60) NOT NULL,
     Eq_Version int DEFAULT 0,
+    Eq_Programa varchar(60) DEFAULT '',
     PRIMARY KEY (Eq_Nombre)
 );
 
-INSERT INTO Esquema_Suite (Eq_Nombre, Eq_Version) VALUES ('CUVEXA', 1);
+INSERT INTO Esquema_Suite (Eq_Nombre, Eq_Version, Eq_Programa) VALUES ('CUVEXA', 2, '0.2.0');
 
 INSERT INTO Servidor_Suite (Sv_Llave, Sv_Servidor_Id, Sv_Replica) VALUES (1, 'CENTRAL', 'NO');

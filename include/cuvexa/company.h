@@ -49,6 +49,14 @@ enum class Contents {
     sample_company,  ///< and the rows of the sample company
 };
 
+/// What an upgrade did, or would do: the versions of the schema before and after, which are equal when there is nothing
+/// to do.
+struct Upgrade {
+    int from = 0, to = 0;
+};
+
+enum class Upgrade_mode { keep, try_out };
+
 namespace company {
 class Session;
 }
@@ -75,6 +83,10 @@ public:
 
     /// The same where nothing stands. False when something does, also when another program was faster.
     static bool create_if_missing(const Company_options& options, Contents contents);
+
+    /// Brings a company of an earlier version to this program's: whole or not at all. What is only tried out is undone
+    /// in the end. Throws `Company_error` when the company is newer, or none.
+    static Upgrade upgrade(const Company_options& options, Upgrade_mode mode = Upgrade_mode::keep);
 
     /// Lives as long as the company, wherever that is moved.
     Connection& connection() const;

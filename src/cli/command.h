@@ -21,6 +21,7 @@ void add_company_options(CLI::App& command, Company_options& options, bool db_re
 
 /// The commands; each adds itself, with what it does when chosen.
 void add_init(CLI::App& program);
+void add_upgrade(CLI::App& program);
 void add_demo(CLI::App& program);
 void add_rpc(CLI::App& program);
 void add_show(CLI::App& program);

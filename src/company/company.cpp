@@ -39,6 +39,15 @@ public:
         whole.commit();
     }
 
+    /// Brings a company, shown by that name, to this program's version.
+    Upgrade upgrade(const std::string& name, Upgrade_mode mode) {
+        Unit_of_work whole(connection());
+        const int found = known_version(untraced(), name);
+        run_upgrades(connection());
+        if (mode == Upgrade_mode::keep) whole.commit();
+        return {found, schema_version};
+    }
+
 private:
     void refuse_trace_over_database(const std::string& trace) const {
         std::error_code ignored;
@@ -123,6 +132,13 @@ bool Company::create_if_missing(const Company_options& options, Contents content
         if (!stands(options)) throw;
         return false;  // another program was faster
     }
+}
+
+Upgrade Company::upgrade(const Company_options& options, Upgrade_mode mode) {
+    return company::told([&] {
+        company::Session session(company::engine_for(options)->open(Access::write), options.trace);
+        return session.upgrade(options.shown(), mode);
+    });
 }
 
 Connection& Company::connection() const {

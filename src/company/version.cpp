@@ -2,9 +2,35 @@
 
 #include "core/rows.h"
 #include "cuvexa/company.h"
+#include "cuvexa/database/script.h"
 #include "cuvexa/suite/schema.h"
 
 namespace cuvexa::company {
+
+namespace {
+
+Company_error other_version(int found, const std::string& name, const std::string& remedy) {
+    return Company_error("La versión del esquema de la base de datos es " + std::to_string(found) +
+                         " y la de este programa es " + std::to_string(schema_version) + ": " + name + " (" + remedy +
+                         ")");
+}
+
+/// The program that a newer database asks for.
+std::string program_for(Connection& connection) {
+    const Rows rows(connection.execute("SELECT Eq_Programa FROM Esquema_Suite WHERE Eq_Nombre = 'CUVEXA'"));
+    return "cuvexa " + rows.text("Eq_Programa") + " o posterior";
+}
+
+/// Marks a database of the version before as one of that version; false when it is none.
+bool is_due(const Schema_upgrade& upgrade, Connection& connection) {
+    const std::string version = std::to_string(upgrade.version), before = std::to_string(upgrade.version - 1);
+    const Rows marked(
+        connection.execute("UPDATE Esquema_Suite SET Eq_Version = " + version +
+                           " OUTPUT inserted.Eq_Version WHERE Eq_Nombre = 'CUVEXA' AND Eq_Version = " + before));
+    return !marked.eof();
+}
+
+}  // namespace
 
 std::optional<int> version_of(Connection& connection) {
     try {
@@ -16,12 +42,21 @@ std::optional<int> version_of(Connection& connection) {
     }
 }
 
-void require_this_version(Connection& connection, const std::string& name) {
+int known_version(Connection& connection, const std::string& name) {
     const std::optional<int> found = version_of(connection);
     if (!found) throw Company_error("No es una base de datos de Cuvexa: " + name);
-    if (*found == schema_version) return;
-    throw Company_error("La versión del esquema de la base de datos es " + std::to_string(*found) +
-                        " y la de este programa es " + std::to_string(schema_version) + ": " + name);
+    if (*found > schema_version) throw other_version(*found, name, "se trabaja con " + program_for(connection));
+    return *found;
+}
+
+void require_this_version(Connection& connection, const std::string& name) {
+    const int found = known_version(connection, name);
+    if (found < schema_version) throw other_version(found, name, "se actualiza con: cuvexa upgrade --db " + name);
+}
+
+void run_upgrades(Connection& connection) {
+    for (const Schema_upgrade& upgrade : schema_upgrades())
+        if (is_due(upgrade, connection)) run_script(connection, upgrade.sql);
 }
 
 }  // namespace cuvexa::company

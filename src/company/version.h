@@ -11,7 +11,15 @@ namespace cuvexa::company {
 /// Nothing when the database does not hold the schema.
 std::optional<int> version_of(Connection& connection);
 
-/// Throws `Company_error` when the database, shown by that name, is not of the version that this program works with.
+/// The version of the database, which is shown by that name. Throws `Company_error` when it does not hold the schema, or
+/// holds a newer one than this program knows.
+int known_version(Connection& connection, const std::string& name);
+
+/// Throws `Company_error` when the database is not of the version that this program works with.
 void require_this_version(Connection& connection, const std::string& name);
+
+/// Runs what brings a database of a known version to that of this program. Of several that do it at once, each in a unit
+/// of work, one does it and the others wait.
+void run_upgrades(Connection& connection);
 
 }  // namespace cuvexa::company

@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "cli/program.h"
+#include "cuvexa/database/script.h"
 #include "cuvexa/database/sqlite_connection.h"
 #include "cuvexa/unit_of_work.h"
 #include "support/places.h"
@@ -15,6 +16,7 @@ namespace {
 
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::StartsWith;
 
 std::vector<std::string> names_in(const std::filesystem::path& folder) {
     std::vector<std::string> names;
@@ -142,6 +144,24 @@ TEST_F(Cli_databases, of_another_version_are_refused) {
         connection.execute("UPDATE Esquema_Suite SET Eq_Version = 99");
     }
     expect_refused("company.db", "La versión del esquema de la base de datos es 99");
+}
+
+TEST_F(Cli_databases, of_an_earlier_version_are_refused_until_they_are_upgraded) {
+    {
+        Sqlite_connection connection((folder / "company.db").string(), {.create = true});
+        Unit_of_work whole(connection);
+        run_script(connection, read_file(in_source("tests/company/versions/1.sql")));
+        whole.commit();
+    }
+    expect_refused("company.db", "(se actualiza con: cuvexa upgrade --db company.db)");
+    const std::string tried = output_of("upgrade --db company.db --dry-run");
+    EXPECT_THAT(tried, StartsWith("Se actualizaría de la versión 1 a la 2: company.db\n"));
+    EXPECT_THAT(tried, HasSubstr("\nCREATE TABLE Peticion_Servicio (\n"));
+    expect_refused("company.db", "(se actualiza con: cuvexa upgrade --db company.db)");
+    EXPECT_EQ(output_of("upgrade --db company.db"), "Actualizada de la versión 1 a la 2: company.db\n");
+    EXPECT_EQ(output_of("upgrade --db company.db"), "Ya es de la versión 2: company.db\n");
+    EXPECT_EQ(output_of("upgrade --db company.db --dry-run"), "Ya es de la versión 2: company.db\n");
+    EXPECT_THAT(shown("deposits DP-MTY-00000002"), testing::SizeIs(2));
 }
 
 TEST_F(Cli_databases, held_by_another_program_are_refused_after_the_wait) {

@@ -184,9 +184,9 @@ TEST_F(Companies, are_not_folders_other_files_or_other_databases) {
 
 TEST_F(Companies, of_another_version_are_refused) {
     const Company_options options = made("empresa.db");
-    Company(options).connection().execute("UPDATE Esquema_Suite SET Eq_Version = 77");
-    EXPECT_EQ(refusal(options),
-              "La versión del esquema de la base de datos es 77 y la de este programa es 1: " + options.database);
+    Company(options).connection().execute("UPDATE Esquema_Suite SET Eq_Version = 77, Eq_Programa = '9.1.0'");
+    EXPECT_EQ(refusal(options), "La versión del esquema de la base de datos es 77 y la de este programa es 2: " +
+                                    options.database + " (se trabaja con cuvexa 9.1.0 o posterior)");
 }
 
 TEST_F(Companies, opened_for_reading_are_not_written) {

@@ -259,6 +259,8 @@ TEST_F(Dialect_on_sqlite, tables_and_indexes_are_created_with_built_in_types_and
     run("INSERT INTO T(Id, C) VALUES (1, 2)");
     run("ALTER TABLE T ADD F varchar(5) DEFAULT 'z'");
     EXPECT_THAT(v("SELECT A + '' + B + F AS v FROM T WHERE F = 'Z'"), ElementsAre("xyz"));
+    run("DROP INDEX IX_T ON dbo.T");
+    EXPECT_THAT(column(db, "name", "SELECT name FROM sqlite_master WHERE name = 'IX_T'"), testing::IsEmpty());
     run("DROP TABLE T");
 }
 

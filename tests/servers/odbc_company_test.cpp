@@ -5,17 +5,23 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <fstream>
+#include <iterator>
 #include <regex>
 #include <string>
 
 #include "cuvexa/database/odbc_connection.h"
+#include "cuvexa/database/script.h"
 #include "cuvexa/module.h"
+#include "cuvexa/suite/audit.h"
 #include "cuvexa/suite/schema.h"
 #include "database/connection_string.h"
+#include "support/places.h"
 
 namespace cuvexa::tests {
 namespace {
 
+using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
 class Company_on_a_server : public ::testing::Test {
@@ -78,6 +84,25 @@ TEST_F(Company_on_a_server, is_made_whole_or_not_at_all) {
     EXPECT_THROW(Company::create(options, Contents::sample_company), Company_error);
     EXPECT_FALSE(Company::stands(options));
     EXPECT_THROW(server.execute("SELECT * FROM Banco"), Database_error);
+}
+
+TEST_F(Company_on_a_server, of_an_earlier_version_is_upgraded_whole_or_not_at_all) {
+    Odbc_connection server(options.database);
+    server.prepare_database();
+    std::ifstream text(in_source("tests/company/versions/1.sql"));
+    run_script(server, std::string(std::istreambuf_iterator<char>(text), {}));
+    EXPECT_THAT(refusal(options), HasSubstr("(se actualiza con: cuvexa upgrade --db "));
+    EXPECT_EQ(Company::upgrade(options, Upgrade_mode::try_out).from, 1);
+    EXPECT_THROW(server.execute("SELECT Eq_Programa FROM Esquema_Suite"), Database_error);
+    server.execute("CREATE TABLE Peticion_Servicio (En_Medio int NOT NULL, PRIMARY KEY (En_Medio))");
+    EXPECT_THROW(Company::upgrade(options), Company_error);
+    EXPECT_THROW(server.execute("SELECT Eq_Programa FROM Esquema_Suite"), Database_error);
+    server.execute("DROP TABLE Peticion_Servicio");
+    EXPECT_EQ(Company::upgrade(options).from, 1);
+    EXPECT_EQ(Company::upgrade(options).from, schema_version);
+    const Company company(options);
+    EXPECT_TRUE(audit(company.connection()).empty());
+    company.connection().execute("INSERT INTO Peticion_Servicio (Pe_Nombre, Pe_Llave) VALUES ('A', 'B')");
 }
 
 TEST_F(Company_on_a_server, takes_the_password_of_the_options_or_of_the_environment) {

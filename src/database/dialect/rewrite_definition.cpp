@@ -1,4 +1,4 @@
-// CREATE TABLE, ALTER TABLE … ADD, CREATE INDEX: column types and words that only SQL Server knows.
+// CREATE TABLE, ALTER TABLE … ADD, CREATE INDEX, DROP INDEX: column types and words that only SQL Server knows.
 #include <utility>
 
 #include "database/dialect/rewriting.h"
@@ -13,7 +13,7 @@ public:
     Nodes rewrite(Nodes nodes) const {
         nodes = without_storage(std::move(nodes));
         const bool table = nodes.size() > 1 && nodes[1].is_word("TABLE");
-        if (!table) return nodes;
+        if (!table) return without_table_of_index(std::move(nodes));
         if (nodes.front().is_word("CREATE") && nodes.back().is_group())
             nodes.back().children = columns(nodes.back().children);
         else if (nodes.front().is_word("ALTER"))
@@ -41,6 +41,13 @@ private:
             }
         }
         return result;
+    }
+
+    // DROP INDEX I ON T: an index has its name in the whole database.
+    static Nodes without_table_of_index(Nodes nodes) {
+        const bool dropped = nodes.size() > 1 && nodes[0].is_word("DROP") && nodes[1].is_word("INDEX");
+        if (dropped) cut(nodes, find_word(nodes, {"ON"}), nodes.size());
+        return nodes;
     }
 
     Nodes columns(const Nodes& nodes) const {
