@@ -18,6 +18,6 @@ Object_factory object_factory(Module& module);
 
 /// As the public `serve_json_rpc`, with the objects that `create` makes.
 void serve_json_rpc(std::istream& requests, std::ostream& answers, const Object_factory& create,
-                    const Around_call& around_call = {});
+                    const Around_call& around_call = {}, const Json_rpc_limits& limits = {});
 
 }  // namespace cuvexa::automation

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 
 namespace cuvexa::automation {
 namespace {
@@ -14,43 +15,44 @@ namespace {
 
 // ---- Reading -------------------------------------------------------------------------------------------------------
 
-void read(const Json_in& json, bool& value, const std::string& place) {
-    if (json.is_boolean()) {
-        value = json.get<bool>();
-    } else if (json.is_number()) {
-        value = json.get<double>() != 0;
+void read(const Json_value& json, bool& value, const std::string& place) {
+    if (const bool* flag = json.as<bool>()) {
+        value = *flag;
+    } else if (const auto* number = json.as<Json_number>()) {
+        value = number->value != 0;
     } else {
         refuse(place, "must be true or false");
     }
 }
 
-void read(const Json_in& json, double& value, const std::string& place) {
-    if (!json.is_number()) refuse(place, "must be a number");
-    value = json.get<double>();
+void read(const Json_value& json, double& value, const std::string& place) {
+    const auto* number = json.as<Json_number>();
+    if (!number) refuse(place, "must be a number");
+    value = number->value;
 }
 
-void read(const Json_in& json, std::string& value, const std::string& place) {
-    if (!json.is_string()) refuse(place, "must be a string");
-    value = json.get_ref<const std::string&>();
+void read(const Json_value& json, std::string& value, const std::string& place) {
+    const auto* text = json.as<std::string>();
+    if (!text) refuse(place, "must be a string");
+    value = *text;
 }
 
 bool has_iso_form(std::string_view text) {
     return (text.size() == 10 || (text.size() == 19 && text[10] == 'T')) && text[4] == '-';
 }
 
-void read(const Json_in& json, Date& value, const std::string& place) {
-    constexpr auto form = R"(must be a date as "2024-03-15" or "2024-03-15T10:20:30")";
-    if (!json.is_string()) refuse(place, form);
-    const auto& text = json.get_ref<const std::string&>();
-    const std::optional<Date> date = has_iso_form(text) ? parse_date(text) : std::nullopt;
-    if (!date) refuse(place, form);
+void read(const Json_value& json, Date& value, const std::string& place) {
+    const auto* text = json.as<std::string>();
+    const std::optional<Date> date = text && has_iso_form(*text) ? parse_date(*text) : std::nullopt;
+    if (!date) refuse(place, R"(must be a date as "2024-03-15" or "2024-03-15T10:20:30")");
     value = *date;
 }
 
-void read(const Json_in& json, Record_place record, const std::string& place) {
-    if (!json.is_object()) refuse(place, "must be an object with the members of " + std::string(record.type->name));
+void read(const Json_value& json, Record_place record, const std::string& place) {
+    const auto* object = json.as<Json_object>();
+    if (!object) refuse(place, "must be an object with the members of " + std::string(record.type->name));
     const auto& fields = record.type->fields;
-    for (const auto& [name, value] : json.items()) {
+    for (const auto& [name, value] : *object) {
         const auto field = std::find_if(fields.begin(), fields.end(), [&](const Field& f) { return f.name == name; });
         if (field == fields.end()) refuse(place, "has no member " + name);
         if (value.is_null()) continue;
@@ -67,7 +69,7 @@ void read(const Json_in& json, Record_place record, const std::string& place) {
 }
 
 template <class T>
-Variant variant_of(const Json_in& json, const std::string& place) {
+Variant variant_of(const Json_value& json, const std::string& place) {
     T value{};
     read(json, value, place);
     return value;
@@ -75,27 +77,37 @@ Variant variant_of(const Json_in& json, const std::string& place) {
 
 // ---- Writing -------------------------------------------------------------------------------------------------------
 
-Json_out written(const Record_place& record) {
-    Json_out json = Json_out::object();
+template <class T>
+void append_field(std::string& json, const T& value) {
+    if constexpr (std::is_same_v<T, Date>) {
+        append_json(json, iso_date(value));
+    } else {
+        append_json(json, value);
+    }
+}
+
+void append_record(std::string& json, const Record_place& record) {
+    char separator = '{';
     for (const Field& field : record.type->fields) {
+        json += std::exchange(separator, ',');
+        append_json(json, field.name);
+        json += ':';
         std::visit(
             [&](auto at) {
-                if constexpr (std::is_same_v<decltype(at), Record_place>) {
-                    json.push_back({std::string(field.name), written(at)});
-                } else if constexpr (std::is_same_v<decltype(at), Date*>) {
-                    json.push_back({std::string(field.name), iso_date(*at)});
+                if constexpr (std::is_pointer_v<decltype(at)>) {
+                    append_field(json, *at);
                 } else {
-                    json.push_back({std::string(field.name), *at});
+                    append_record(json, at);
                 }
             },
             field.place(record.record));
     }
-    return json;
+    json += '}';
 }
 
 }  // namespace
 
-Variant from_json(const Json_in& json, const Value_type& type, const std::string& place,
+Variant from_json(const Json_value& json, const Value_type& type, const std::string& place,
                   const Object_of_number& object) {
     if (json.is_null()) return {};
     switch (type.type) {
@@ -115,30 +127,31 @@ Variant from_json(const Json_in& json, const Value_type& type, const std::string
             read(json, place_of(record), place);
             return record;
         }
-        case Type::object:
-            if (!json.is_object() || json.size() != 1 || !json.contains("object")) {
-                refuse(place, R"(must be an object as {"object":1})");
-            }
-            return object(json["object"]);
+        case Type::object: {
+            const auto* members = json.as<Json_object>();
+            const Json_value* number = members && members->size() == 1 ? json.find("object") : nullptr;
+            if (!number) refuse(place, R"(must be an object as {"object":1})");
+            return object(*number);
+        }
     }
     refuse(place, "takes no value");
 }
 
-Json_out to_json(const Variant& value, const Number_of_object& number) {
-    return std::visit(
-        [&](const auto& held) -> Json_out {
+void append_json(std::string& json, const Variant& value, const Number_of_object& number) {
+    std::visit(
+        [&](const auto& held) {
             using Held = std::decay_t<decltype(held)>;
             if constexpr (std::is_same_v<Held, Missing>) {
-                return nullptr;
-            } else if constexpr (std::is_same_v<Held, Date>) {
-                return iso_date(held);
+                json += "null";
             } else if constexpr (std::is_same_v<Held, Record>) {
                 Record copy = held;
-                return written(place_of(copy));
+                append_record(json, place_of(copy));
             } else if constexpr (std::is_same_v<Held, Object>) {
-                return held ? Json_out{{"object", number(held)}} : Json_out(nullptr);
+                json += held ? "{\"object\":" + std::to_string(number(held)) + "}" : "null";
+            } else if constexpr (std::is_integral_v<Held> && !std::is_same_v<Held, bool>) {
+                append_json(json, std::int64_t{held});
             } else {
-                return held;
+                append_field(json, held);
             }
         },
         value);

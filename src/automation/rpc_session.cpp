@@ -4,6 +4,7 @@
 #include <exception>
 #include <initializer_list>
 #include <new>
+#include <ostream>
 #include <utility>
 
 #include "automation/invoke.h"
@@ -16,132 +17,187 @@ namespace {
     throw Rpc_error{rpc_invalid_params, message};
 }
 
-Rpc_error failure(int number, const std::string& description) {
-    return {rpc_run_time_error, description, {{"number", number}, {"description", description}}};
-}
-
 // ---- The form of requests and answers ------------------------------------------------------------------------------
 
-Json_out answer_with(std::string_view key, Json_out content, Json_out id) {
-    return {{"jsonrpc", "2.0"}, {std::string(key), std::move(content)}, {"id", std::move(id)}};
+std::string result_answer(std::string_view result, std::string_view id) {
+    std::string json = R"({"jsonrpc":"2.0","result":)";
+    return json.append(result).append(R"(,"id":)").append(id).append("}");
 }
 
-bool is_id(const Json_in& json) {
-    return json.is_string() || json.is_number() || json.is_null();
+Rpc_answer refused(const Rpc_error& error, std::string_view id) {
+    return {error_answer(error, id), error.code};
 }
 
-bool is_request(const Json_in& json) {
-    if (!json.is_object()) return false;
-    const auto version = json.find("jsonrpc");
-    const auto method = json.find("method");
-    const auto params = json.find("params");
-    const auto id = json.find("id");
-    return version != json.end() && *version == "2.0" && method != json.end() && method->is_string() &&
-           (params == json.end() || params->is_structured()) && (id == json.end() || is_id(*id));
+void write_refusal(const Rpc_error& error, std::ostream& answers) {
+    try {
+        answers << error_answer(error);
+    } catch (const std::bad_alloc&) {
+        write_without_memory(answers);
+    }
+}
+
+/// The text of an id as it came; nothing when it is none.
+std::optional<std::string> id_text(const Json_value& json) {
+    if (json.is_null()) return "null";
+    if (const auto* number = json.as<Json_number>()) return number->text;
+    if (const auto* text = json.as<std::string>()) {
+        std::string quoted;
+        append_json(quoted, *text);
+        return quoted;
+    }
+    return std::nullopt;
+}
+
+bool is_text(const Json_value* json, std::string_view text) {
+    const auto* held = json ? json->as<std::string>() : nullptr;
+    return held && *held == text;
+}
+
+bool is_request(const Json_value& json) {
+    const Json_value* method = json.find("method");
+    const Json_value* params = json.find("params");
+    const Json_value* id = json.find("id");
+    return is_text(json.find("jsonrpc"), "2.0") && method && method->as<std::string>() &&
+           (!params || params->as<Json_object>() || params->as<Json_array>()) && (!id || id_text(*id));
 }
 
 }  // namespace
 
-Json_out error_answer(const Rpc_error& error, Json_out id) {
-    Json_out content = {{"code", error.code}, {"message", error.message}};
-    if (!error.data.is_null()) content["data"] = error.data;
-    return answer_with("error", std::move(content), std::move(id));
+std::string error_answer(const Rpc_error& error, std::string_view id) {
+    std::string json = R"({"jsonrpc":"2.0","error":{"code":)" + std::to_string(error.code) + R"(,"message":)";
+    append_json(json, error.message);
+    if (error.number) {
+        json += R"(,"data":{"number":)" + std::to_string(*error.number) + R"(,"description":)";
+        append_json(json, error.message);
+        json += '}';
+    }
+    return json.append(R"(},"id":)").append(id).append("}");
 }
 
-Json_in parsed_request(std::string_view text) {
+void write_without_memory(std::ostream& answers, std::string_view id) {
+    answers << R"({"jsonrpc":"2.0","error":{"code":-32603,"message":"not enough memory"},"id":)" << id << '}';
+}
+
+Json_value parsed_request(std::string_view text, const Json_rpc_limits& limits) {
+    if (text.size() > limits.request_bytes) {
+        throw Rpc_error{rpc_invalid_request,
+                        "a request of more than " + std::to_string(limits.request_bytes) + " bytes"};
+    }
     try {
-        return Json_in::parse(text);
-    } catch (const Json_in::parse_error& error) {
-        throw Rpc_error{rpc_parse_error, "not JSON at byte " + std::to_string(error.byte)};
-    } catch (const Json_in::exception&) {
-        throw Rpc_error{rpc_parse_error, "a number is out of range"};
+        return parse_json(text, limits.depth, limits.values);
+    } catch (const Too_many_values&) {
+        throw Rpc_error{rpc_invalid_request, "a request of more than " + std::to_string(limits.values) + " values"};
+    } catch (const Json_text_error& error) {
+        throw Rpc_error{rpc_parse_error, error.what()};
     }
 }
 
 /// The named parameters of a request, of which it may hold no others.
 class Rpc_session::Params {
 public:
-    Params(const Json_in& json, std::initializer_list<std::string_view> known) : json_(json) {
-        if (!json.is_object()) refuse("params must be an object");
-        for (const auto& [name, value] : json.items()) {
+    Params(const Json_value* json, std::initializer_list<std::string_view> known) : json_(json) {
+        if (!json) return;
+        const auto* members = json->as<Json_object>();
+        if (!members) refuse("params must be an object");
+        for (const auto& [name, value] : *members) {
             if (std::find(known.begin(), known.end(), name) == known.end()) refuse("unknown parameter " + name);
         }
     }
 
-    const Json_in* find(const char* name) const {
-        const auto found = json_.find(name);
-        return found == json_.end() ? nullptr : &*found;
-    }
-    const Json_in& at(const char* name) const {
-        const Json_in* found = find(name);
+    const Json_value* find(std::string_view name) const { return json_ ? json_->find(name) : nullptr; }
+    const Json_value& at(std::string_view name) const {
+        const Json_value* found = find(name);
         if (!found) refuse("parameter " + std::string(name) + " is missing");
         return *found;
     }
-    const std::string& text(const char* name) const {
-        const Json_in& value = at(name);
-        if (!value.is_string()) refuse("parameter " + std::string(name) + " must be a string");
-        return value.get_ref<const std::string&>();
+    const std::string& text(std::string_view name) const {
+        const auto* value = at(name).as<std::string>();
+        if (!value) refuse("parameter " + std::string(name) + " must be a string");
+        return *value;
     }
 
 private:
-    const Json_in& json_;
+    const Json_value* json_;
 };
 
-Rpc_session::Rpc_session(Object_factory create, Around_call around_call)
-    : create_(std::move(create)), around_call_(std::move(around_call)) {}
+// ---- The session ---------------------------------------------------------------------------------------------------
 
-std::optional<Json_out> Rpc_session::answer_text(std::string_view text) {
+Rpc_session::Rpc_session(Object_factory create, Around_call around_call, const Json_rpc_limits& limits)
+    : create_(std::move(create)), around_call_(std::move(around_call)), limits_(limits) {}
+
+bool Rpc_session::answer_text(std::string_view text, std::ostream& answers) {
     try {
-        const Json_in request = parsed_request(text);
-        return request.is_array() ? answer_batch(request) : answer(request);
+        const Json_value request = parsed_request(text, limits_);
+        const auto* batch = request.as<Json_array>();
+        return batch ? write_answers(*batch, answers) : write_answer(request, "", answers);
     } catch (const Rpc_error& error) {
-        return error_answer(error, nullptr);
+        write_refusal(error, answers);
+    } catch (const std::bad_alloc&) {
+        write_without_memory(answers);
     }
+    return true;
 }
 
-std::optional<Json_out> Rpc_session::answer_batch(const Json_in& requests) {
-    if (requests.empty()) return error_answer({rpc_invalid_request, "an empty batch"}, nullptr);
-    Json_out answers = Json_out::array();
-    for (const Json_in& request : requests) {
-        if (auto one = answer(request)) answers.push_back(*std::move(one));
-    }
-    return answers.empty() ? std::nullopt : std::optional(std::move(answers));
+bool Rpc_session::write_answers(const Json_array& batch, std::ostream& answers) {
+    if (batch.empty()) throw Rpc_error{rpc_invalid_request, "an empty batch"};
+    bool any = false;
+    for (const Json_value& request : batch) any |= write_answer(request, any ? "," : "[", answers);
+    if (any) answers << ']';
+    return any;
 }
 
-std::optional<Json_out> Rpc_session::answer(const Json_in& request) {
-    const bool asks = request.is_object() && request.contains("id");
-    const Json_out id = asks && is_id(request["id"]) ? Json_out(request["id"]) : Json_out(nullptr);
-    if (!is_request(request)) return error_answer({rpc_invalid_request, "not a JSON-RPC 2.0 request"}, id);
+bool Rpc_session::write_answer(const Json_value& request, std::string_view before, std::ostream& answers) {
+    const Json_value* const asked = request.find("id");
+    std::string id = "null";
     try {
-        const auto params = request.find("params");
-        Json_out result = translated(request["method"], params == request.end() ? Json_in(Json_in::object()) : *params);
-        return asks ? std::optional(answer_with("result", std::move(result), id)) : std::nullopt;
+        if (asked) id = id_text(*asked).value_or("null");
+        const auto given = answer(request);
+        if (given) answers << before << given->json;
+        return given.has_value();
+    } catch (const std::bad_alloc&) {
+        if (!asked) return false;
+        answers << before;
+        write_without_memory(answers, id);
+        return true;
+    }
+}
+
+std::optional<Rpc_answer> Rpc_session::answer(const Json_value& request) {
+    if (!is_request(request)) {
+        const Json_value* const id = request.find("id");
+        return refused({rpc_invalid_request, "not a JSON-RPC 2.0 request"},
+                       id ? id_text(*id).value_or("null") : "null");
+    }
+    const Json_value* const id = request.find("id");
+    try {
+        std::string result = translated(request);
+        return id ? std::optional(Rpc_answer{result_answer(result, *id_text(*id))}) : std::nullopt;
     } catch (const Rpc_error& error) {
-        return asks ? std::optional(error_answer(error, id)) : std::nullopt;
+        return id ? std::optional(refused(error, *id_text(*id))) : std::nullopt;
     }
 }
 
-Json_out Rpc_session::translated(const std::string& method, const Json_in& params) {
+std::string Rpc_session::translated(const Json_value& request) {
     try {
-        return run(method, params);
+        return run(*request.find("method")->as<std::string>(), request.find("params"));
     } catch (const Rpc_error&) {
+        throw;
+    } catch (const std::bad_alloc&) {
         throw;
     } catch (const Invoke_error& error) {
         refuse(error.what());
     } catch (const Json_value_error& error) {
         refuse(error.what());
     } catch (const Automation_error& error) {
-        throw failure(error.number(), error.what());
-    } catch (const std::bad_alloc&) {
-        throw Rpc_error{rpc_internal_error, "not enough memory"};
+        throw Rpc_error{rpc_run_time_error, error.what(), error.number()};
     } catch (const std::exception& error) {
-        throw failure(error_automation, error.what());
+        throw Rpc_error{rpc_run_time_error, error.what(), error_automation};
     } catch (...) {
         throw Rpc_error{rpc_internal_error, "a failure without a description"};
     }
 }
 
-Json_out Rpc_session::run(const std::string& method, const Json_in& params) {
+std::string Rpc_session::run(const std::string& method, const Json_value* params) {
     if (method == "create") return create(Params(params, {"class"}));
     if (method == "call") return call(Params(params, {"object", "member", "args"}));
     if (method == "get") return get(Params(params, {"object", "member"}));
@@ -150,49 +206,42 @@ Json_out Rpc_session::run(const std::string& method, const Json_in& params) {
     throw Rpc_error{rpc_method_not_found, "no method " + method};
 }
 
-Json_out Rpc_session::create(const Params& params) {
+std::string Rpc_session::create(const Params& params) {
     const std::string& name = params.text("class");
     const Object created = create_(name);
     if (!created) refuse("no class " + name);
-    return {{"object", hold(created)}};
+    return R"({"object":)" + std::to_string(hold(created)) + "}";
 }
 
-Json_out Rpc_session::call(const Params& params) {
+std::string Rpc_session::call(const Params& params) {
     const Object target = object(params.at("object"));
     const Member& member = find_member(target->type(), params.text("member"), Member_kind::method);
-    const Json_in* args = params.find("args");
+    const Json_value* args = params.find("args");
     std::vector<Variant> values = args ? arguments(member, *args) : std::vector<Variant>();
     const Variant result = run_method(*target, member, values);
 
-    const bool named = args && args->is_object();
-    Json_out after = named ? Json_out::object() : Json_out::array();
-    for (std::size_t at = 0; at < values.size(); ++at) {
-        if (!named) {
-            after.push_back(value(values[at]));
-        } else if (!is_missing(values[at])) {
-            after[std::string(member.parameters[at].name)] = value(values[at]);
-        }
-    }
-    return {{"value", value(result)}, {"args", std::move(after)}};
+    std::string json = R"({"value":)";
+    append(json, result);
+    return json.append(R"(,"args":)").append(arguments_after(member, args, values)).append("}");
 }
 
-Json_out Rpc_session::get(const Params& params) {
+std::string Rpc_session::get(const Params& params) {
     const Object target = object(params.at("object"));
     std::vector<Variant> none;
-    return {{"value", value(Invoke(*target, params.text("member"), Member_kind::property_get, none))}};
+    return value_result(Invoke(*target, params.text("member"), Member_kind::property_get, none));
 }
 
-Json_out Rpc_session::let(const Params& params) {
+std::string Rpc_session::let(const Params& params) {
     const Object target = object(params.at("object"));
     const Member& member = find_member(target->type(), params.text("member"), Member_kind::property_let);
     std::vector<Variant> values = {argument(member, 0, params.at("value"))};
-    return {{"value", value(Invoke(*target, member, values))}};
+    return value_result(Invoke(*target, member, values));
 }
 
-Json_out Rpc_session::release(const Params& params) {
+std::string Rpc_session::release(const Params& params) {
     object(params.at("object"));
-    objects_.erase(params.at("object").get<std::int64_t>());
-    return {{"value", nullptr}};
+    objects_.erase(*params.at("object").as<Json_number>()->whole());
+    return R"({"value":null})";
 }
 
 Variant Rpc_session::run_method(Automation_object& object, const Member& member, std::vector<Variant>& arguments) {
@@ -210,41 +259,66 @@ Variant Rpc_session::run_method(Automation_object& object, const Member& member,
     return result;
 }
 
-std::vector<Variant> Rpc_session::arguments(const Member& member, const Json_in& args) {
+std::vector<Variant> Rpc_session::arguments(const Member& member, const Json_value& args) {
     std::vector<Variant> values;
-    if (args.is_object()) {
+    if (const auto* by_name = args.as<Json_object>()) {
         values.resize(member.parameters.size());
-        for (const auto& [name, json] : args.items()) {
+        for (const auto& [name, json] : *by_name) {
             const std::size_t at = find_parameter(member, name);
             if (!is_missing(values[at])) refuse(std::string(member.name) + ": argument " + name + " is given twice");
             values[at] = argument(member, at, json);
         }
-    } else if (args.is_array()) {
-        if (args.size() > member.parameters.size()) {
-            refuse(std::string(member.name) + ": " + std::to_string(args.size()) + " arguments where at most " +
+    } else if (const auto* by_place = args.as<Json_array>()) {
+        if (by_place->size() > member.parameters.size()) {
+            refuse(std::string(member.name) + ": " + std::to_string(by_place->size()) + " arguments where at most " +
                    std::to_string(member.parameters.size()) + " are taken");
         }
-        for (const Json_in& json : args) values.push_back(argument(member, values.size(), json));
+        for (const Json_value& json : *by_place) values.push_back(argument(member, values.size(), json));
     } else {
         refuse("parameter args must be an array or an object");
     }
     return values;
 }
 
-Variant Rpc_session::argument(const Member& member, std::size_t at, const Json_in& json) {
+Variant Rpc_session::argument(const Member& member, std::size_t at, const Json_value& json) {
     const Parameter& parameter = member.parameters[at];
     return from_json(json, parameter.type, std::string(member.name) + ": " + std::string(parameter.name),
-                     [this](const Json_in& number) { return object(number); });
+                     [this](const Json_value& number) { return object(number); });
 }
 
-Json_out Rpc_session::value(const Variant& value) {
-    return to_json(value, [this](const Object& object) { return number(object); });
+/// In the form in which they were given: by place, or those that were given by name.
+std::string Rpc_session::arguments_after(const Member& member, const Json_value* args,
+                                         const std::vector<Variant>& values) {
+    const bool named = args && args->as<Json_object>();
+    std::string json;
+    for (std::size_t at = 0; at < values.size(); ++at) {
+        if (named && is_missing(values[at])) continue;
+        if (!json.empty()) json += ',';
+        if (named) {
+            append_json(json, member.parameters[at].name);
+            json += ':';
+        }
+        append(json, values[at]);
+    }
+    return named ? "{" + json + "}" : "[" + json + "]";
 }
 
-const Object& Rpc_session::object(const Json_in& number) const {
-    if (!number.is_number_integer()) refuse("an object is named by its number");
-    const auto found = objects_.find(number.get<std::int64_t>());
-    if (found == objects_.end()) refuse("no object " + number.dump());
+void Rpc_session::append(std::string& json, const Variant& value) {
+    append_json(json, value, [this](const Object& object) { return number(object); });
+}
+
+std::string Rpc_session::value_result(const Variant& value) {
+    std::string json = R"({"value":)";
+    append(json, value);
+    return json + "}";
+}
+
+const Object& Rpc_session::object(const Json_value& json) const {
+    const auto* number = json.as<Json_number>();
+    if (!number) refuse("an object is named by its number");
+    const auto whole = number->whole();
+    const auto found = whole ? objects_.find(*whole) : objects_.end();
+    if (found == objects_.end()) refuse("no object " + number->text);
     return found->second;
 }
 
@@ -256,8 +330,10 @@ std::int64_t Rpc_session::number(const Object& object) {
 }
 
 std::int64_t Rpc_session::hold(const Object& object) {
-    objects_.emplace(++last_number_, object);
-    return last_number_;
+    if (objects_.size() >= limits_.objects)
+        refuse("no more than " + std::to_string(limits_.objects) + " objects at a time: release some");
+    objects_.emplace(last_number_ + 1, object);
+    return ++last_number_;
 }
 
 }  // namespace cuvexa::automation

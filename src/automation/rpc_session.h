@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <iosfwd>
 #include <map>
 #include <optional>
 #include <string>
@@ -26,51 +27,64 @@ inline constexpr int rpc_run_time_error = -32000;
 struct Rpc_error {
     int code;
     std::string message;
-    Json_out data = nullptr;
+    std::optional<int> number = {};  ///< of a run-time error
 };
 
-/// That answer.
-Json_out error_answer(const Rpc_error& error, Json_out id);
+/// That answer; `id` is JSON as it came.
+std::string error_answer(const Rpc_error& error, std::string_view id = "null");
 
-/// A text as JSON. Throws `Rpc_error`.
-Json_in parsed_request(std::string_view text);
+/// That memory does not suffice, written without any.
+void write_without_memory(std::ostream& answers, std::string_view id = "null");
+
+/// A text as JSON, within the limits. Throws `Rpc_error`.
+Json_value parsed_request(std::string_view text, const Json_rpc_limits& limits);
+
+struct Rpc_answer {
+    std::string json;
+    int error = 0;  ///< the code, when it is one
+};
 
 /// The objects that a client made, by their numbers, and the answers to what it asks of them. Nothing that a request
 /// holds or that a member throws ends it.
 class Rpc_session {
 public:
-    explicit Rpc_session(Object_factory create, Around_call around_call = {});
+    explicit Rpc_session(Object_factory create, Around_call around_call = {}, const Json_rpc_limits& limits = {});
 
-    /// The answer to one text, a request or a batch; nothing when it holds only notifications.
-    std::optional<Json_out> answer_text(std::string_view text);
+    /// Writes the answer to one text, a request or a batch, without a line break behind it; those of a batch as they
+    /// come. False when there is none, for it holds only notifications. Whatever memory is missing, there is an answer.
+    bool answer_text(std::string_view text, std::ostream& answers);
 
-    /// The answer to one request; nothing to a notification.
-    std::optional<Json_out> answer(const Json_in& request);
+    /// The answer to one request; nothing to a notification. Throws `std::bad_alloc` when there is no memory for it.
+    std::optional<Rpc_answer> answer(const Json_value& request);
 
 private:
     class Params;
 
-    std::optional<Json_out> answer_batch(const Json_in& requests);
-    Json_out run(const std::string& method, const Json_in& params);
-    Json_out translated(const std::string& method, const Json_in& params);
+    bool write_answer(const Json_value& request, std::string_view before, std::ostream& answers);
+    bool write_answers(const Json_array& batch, std::ostream& answers);
+    std::string translated(const Json_value& request);
+    std::string run(const std::string& method, const Json_value* params);
 
-    Json_out create(const Params& params);
-    Json_out call(const Params& params);
-    Json_out get(const Params& params);
-    Json_out let(const Params& params);
-    Json_out release(const Params& params);
+    std::string create(const Params& params);
+    std::string call(const Params& params);
+    std::string get(const Params& params);
+    std::string let(const Params& params);
+    std::string release(const Params& params);
 
     Variant run_method(Automation_object& object, const Member& member, std::vector<Variant>& arguments);
-    std::vector<Variant> arguments(const Member& member, const Json_in& args);
-    Variant argument(const Member& member, std::size_t at, const Json_in& json);
-    Json_out value(const Variant& value);
+    std::vector<Variant> arguments(const Member& member, const Json_value& args);
+    Variant argument(const Member& member, std::size_t at, const Json_value& json);
+    std::string arguments_after(const Member& member, const Json_value* args, const std::vector<Variant>& values);
+    void append(std::string& json, const Variant& value);
+    std::string value_result(const Variant& value);
 
-    const Object& object(const Json_in& number) const;
+    const Object& object(const Json_value& json) const;
     std::int64_t number(const Object& object);
     std::int64_t hold(const Object& object);
 
     Object_factory create_;
     Around_call around_call_;
+    Json_rpc_limits limits_;
     std::map<std::int64_t, Object> objects_;
     std::int64_t last_number_ = 0;
 };

@@ -1,4 +1,9 @@
 // The program: its commands, and the only place that turns failures into exit codes.
+#ifndef _WIN32
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
 #include <exception>
 #include <iostream>
 
@@ -15,6 +20,16 @@ std::string for_terminal(std::string_view text) {
         if (c != '\r') lines += c;
     }
     return lines;
+}
+
+/// A file that takes the place of a closed stream would be read and written as one. What takes it here fails as a closed
+/// one does.
+void fill_closed_places() {
+#ifndef _WIN32
+    for (const int place : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (fcntl(place, F_GETFD) < 0) open("/dev/null", place == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+    }
+#endif
 }
 
 int wrong_use(const std::string& reason) {
@@ -48,6 +63,7 @@ int run(int count, char** words) {
 }  // namespace cuvexa::cli
 
 int main(int count, char** words) {
+    cuvexa::cli::fill_closed_places();
     try {
         return cuvexa::cli::run(count, words);
     } catch (const std::exception& failure) {

@@ -3,15 +3,18 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <fstream>
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <streambuf>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "automation/made_up_class.h"
 #include "automation/members.h"
+#include "automation/rpc_session.h"
 #include "cuvexa/tesoreria.h"
 #include "support/company.h"
 #include "support/places.h"
@@ -28,11 +31,12 @@ struct Json_rpc : testing::Test {
     Company company;
     std::shared_ptr<Tesoreria> instance = std::make_shared<Tesoreria>(company.module());
     Around_call around_call;
+    Json_rpc_limits limits;
 
     std::vector<std::string> answers(const std::string& lines) {
         std::istringstream requests(lines);
         std::ostringstream answered;
-        serve_json_rpc(requests, answered, factory(), around_call);
+        serve_json_rpc(requests, answered, factory(), around_call, limits);
         std::istringstream read(answered.str());
         std::vector<std::string> all;
         for (std::string line; std::getline(read, line);) all.push_back(line);
@@ -473,10 +477,15 @@ TEST_F(Json_rpc, an_empty_batch_is_invalid_and_one_of_notifications_gets_no_answ
                 testing::IsEmpty());
 }
 
-TEST_F(Json_rpc, deep_nesting_is_no_danger) {
-    EXPECT_EQ(answer(std::string(100'000, '['))["error"]["code"], parse_error);
-    EXPECT_EQ(answer("[" + std::string(100'000, '[') + std::string(100'000, ']') + "]")[0]["error"]["code"],
-              invalid_request);
+TEST_F(Json_rpc, an_id_comes_back_to_the_letter) {
+    for (const char* id : {"18446744073709551616", "-123456789012345678901234567890", "1.50", "1E2", "9007199254740993",
+                           R"("\u00f1 \"x\"")"}) {
+        const auto all = answers(R"({"jsonrpc":"2.0","method":"create","params":{"class":"clsRpDetalle"},"id":)" +
+                                 std::string(id) + "}");
+        ASSERT_EQ(all.size(), 1u);
+        const std::string expected = id[0] == '"' ? Json::parse(id).dump() : id;
+        EXPECT_EQ(all[0], R"({"jsonrpc":"2.0","result":{"object":1},"id":)" + expected + "}");
+    }
 }
 
 TEST_F(Json_rpc, blank_lines_are_passed_over_and_the_last_line_needs_no_end) {
@@ -555,6 +564,124 @@ TEST_F(Json_rpc, a_failure_of_what_stands_around_is_a_run_time_error) {
     around_call = [](const Called_method&, const std::function<bool()>&) { throw Database_error("disco lleno"); };
     EXPECT_EQ(error("call", R"({"object":1,"member":"Nuevo"})")["data"],
               Json::parse(R"({"number":440,"description":"disco lleno"})"));
+}
+
+// ---- Limits --------------------------------------------------------------------------------------------------------
+
+/// `levels` arrays or objects inside one another.
+std::string nested(std::size_t levels, const std::string& open, const std::string& close) {
+    std::string json;
+    for (std::size_t i = 0; i < levels; ++i) json += open;
+    json += "1";
+    for (std::size_t i = 0; i < levels; ++i) json += close;
+    return json;
+}
+
+TEST_F(Json_rpc, what_is_nested_too_deep_is_refused_wherever_it_stands) {
+    const std::size_t outside = 3;  // request, params, args
+    const auto with = [](const std::string& args) {
+        return R"({"jsonrpc":"2.0","id":1,"method":"call","params":{"object":1,"member":"GetSaldo","args":[)" + args +
+               "]}}";
+    };
+    for (const auto& [open, close] : {std::pair("[", "]"), std::pair(R"({"a":)", "}")}) {
+        EXPECT_EQ(answer(with(nested(128 - outside, open, close)))["error"]["code"], invalid_params);
+        for (const std::size_t levels :
+             {129 - outside, std::size_t{60'000}, std::size_t{150'000}, std::size_t{1'000'000}}) {
+            const Json refused = answer(with(nested(levels, open, close)));
+            EXPECT_EQ(refused["error"]["code"], parse_error) << levels;
+            EXPECT_EQ(refused["error"]["message"], "nested deeper than 128 levels");
+            EXPECT_EQ(refused["id"], nullptr);
+        }
+    }
+    EXPECT_EQ(answer(std::string(100'000, '['))["error"]["code"], parse_error);
+    EXPECT_EQ(answer(nested(100'000, "[", "]"))["error"]["code"], parse_error) << "a batch";
+    EXPECT_EQ(answer(R"({"jsonrpc":"2.0","method":"create","id":)" + nested(100'000, "[", "]") + "}")["error"]["code"],
+              parse_error);
+}
+
+TEST_F(Json_rpc, a_line_beyond_the_limit_is_refused_and_the_session_goes_on) {
+    const std::string request = R"({"jsonrpc":"2.0","id":9,"method":"create","params":{"class":"clsRpDetalle"}})";
+    limits.request_bytes = request.size();
+    for (const std::size_t more : {std::size_t{1}, std::size_t{16'384}, std::size_t{1'000'000}}) {
+        const auto all = answers(request + std::string(more, ' ') + "\n" + request + "\n" + request + " ");
+        ASSERT_EQ(all.size(), 3u);
+        EXPECT_EQ(Json::parse(all[0])["error"],
+                  (Json{{"code", invalid_request},
+                        {"message", "a request of more than " + std::to_string(request.size()) + " bytes"}}));
+        EXPECT_EQ(Json::parse(all[1])["result"]["object"], 1);
+        EXPECT_EQ(Json::parse(all[2])["error"]["code"], invalid_request) << "the last line, which has no end";
+    }
+}
+
+TEST_F(Json_rpc, lines_of_every_length_around_the_reading_s_pieces_are_read_whole) {
+    for (const std::size_t size : {16'381, 16'382, 16'383, 16'384, 16'385, 32'765, 32'766, 32'767, 32'768}) {
+        std::string request = R"({"jsonrpc":"2.0","id":9,"method":"create","params":{"class":"clsRpDetalle"}})";
+        request.resize(size, ' ');
+        EXPECT_EQ(answers(request).size(), 1u) << size;
+        EXPECT_EQ(answers(request + "\n").size(), 1u) << size;
+        const auto two = answers(request + "\n" + request + "\n");
+        ASSERT_EQ(two.size(), 2u) << size;
+        EXPECT_EQ(Json::parse(two[1])["result"]["object"], 2);
+    }
+}
+
+TEST_F(Json_rpc, a_line_of_too_many_values_is_refused) {
+    limits.values = 12;  // the batch, and three values in each request
+    const std::string request = R"({"jsonrpc":"2.0","id":1,"method":"create"})";
+    EXPECT_EQ(Json::parse(answers("[" + request + "," + request + "]").at(0)).size(), 2u);
+    EXPECT_EQ(Json::parse(answers("[" + request + "," + request + "," + request + ",1,2]").at(0))["error"],
+              (Json{{"code", invalid_request}, {"message", "a request of more than 12 values"}}));
+}
+
+TEST_F(Json_rpc, a_session_holds_so_many_objects_at_a_time) {
+    limits.objects = 3;
+    const auto all = answers(with_objects + with_made_up + with_objects +
+                             R"({"jsonrpc":"2.0","id":4,"method":"get","params":{"object":3,"member":"Extras"}}
+{"jsonrpc":"2.0","id":5,"method":"release","params":{"object":2}}
+)" + with_objects);
+    ASSERT_EQ(all.size(), 9u);
+    for (const std::size_t refused : {3, 4, 5, 8}) {
+        EXPECT_EQ(Json::parse(all[refused])["error"],
+                  (Json{{"code", invalid_params}, {"message", "no more than 3 objects at a time: release some"}}));
+    }
+    EXPECT_EQ(Json::parse(all[7])["result"]["object"], 4);
+}
+
+TEST_F(Json_rpc, a_session_answers_texts_one_by_one_for_other_doors) {
+    Rpc_session session(object_factory(company.module()));
+    std::ostringstream answered;
+    EXPECT_TRUE(
+        session.answer_text(R"([{"jsonrpc":"2.0","id":1,"method":"create","params":{"class":"Tesoreria"}},)"
+                            "\n"
+                            R"({"jsonrpc":"2.0","id":2,"method":"get","params":{"object":1,"member":"Error"}}])",
+                            answered));
+    EXPECT_FALSE(session.answer_text(R"({"jsonrpc":"2.0","method":"release","params":{"object":1}})", answered));
+    EXPECT_EQ(answered.str(), R"([{"jsonrpc":"2.0","result":{"object":1},"id":1},)"
+                              R"({"jsonrpc":"2.0","result":{"value":""},"id":2}])");
+}
+
+/// Gives so many bytes, then fails as a broken disk does.
+class Breaking : public std::streambuf {
+public:
+    explicit Breaking(std::string text) : text_(std::move(text)) {
+        setg(text_.data(), text_.data(), text_.data() + text_.size());
+    }
+
+protected:
+    int_type underflow() override { throw std::ios_base::failure("broken"); }
+
+private:
+    std::string text_;
+};
+
+TEST_F(Json_rpc, requests_that_cannot_be_read_leave_their_stream_bad) {
+    Breaking broken(with_objects + "{\"jsonrpc\"");
+    std::istream requests(&broken);
+    std::ostringstream answered;
+    serve_json_rpc(requests, answered, company.module());
+    EXPECT_TRUE(requests.bad());
+    const std::string answers = answered.str();
+    EXPECT_EQ(std::count(answers.begin(), answers.end(), '\n'), 2);
 }
 
 // ---- The manual ----------------------------------------------------------------------------------------------------

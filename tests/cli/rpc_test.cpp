@@ -1,7 +1,10 @@
 // cuvexa rpc: sessions, their traces, two of them on one file, one that dies.
 #include "cli/program.h"
 
+#include <sys/wait.h>
+
 #include <algorithm>
+#include <cstdlib>
 
 #include "cuvexa/database/sqlite_connection.h"
 #include "support/places.h"
@@ -102,6 +105,31 @@ TEST_F(Cli_rpc, ten_megabytes_in_a_value_are_taken_or_refused_and_the_session_go
     session.let("RpDetalle", {{"Fp_Cve_Forma_Pago", {{"Fp_Cve_Forma_Pago", "01"}}}, {"Rp_Importe", 5}});
     EXPECT_EQ(session.call("Add_Recibo_Caja_Detalle"), session.get("Error") == "");
     EXPECT_NE(capture(session, 7), "");
+}
+
+TEST_F(Cli_rpc, a_request_beyond_a_limit_does_not_end_the_session) {
+    const std::string create = R"({"jsonrpc":"2.0","id":1,"method":"create","params":{"class":"Tesoreria"}})";
+    std::string deep = R"({"jsonrpc":"2.0","id":2,"method":"create","params":)";
+    for (int level = 0; level < 60'000; ++level) deep += R"({"a":)";
+    deep += "1" + std::string(60'001, '}');
+    const std::string wide = create + std::string(400'000, ' ');
+    const auto answers =
+        json_lines(output_of("rpc --db company.db --max-request 390KB", deep + "\n" + wide + "\n" + create + "\n"));
+    ASSERT_EQ(answers.size(), 3u);
+    EXPECT_EQ(answers[0]["error"]["message"], "nested deeper than 128 levels");
+    EXPECT_EQ(answers[1]["error"]["message"], "a request of more than 399360 bytes");
+    EXPECT_EQ(answers[2]["result"]["object"], 1);
+    for (const char* wrong : {"0", "-1", "many", "5GB"})
+        EXPECT_EQ(run("rpc --db company.db --max-request " + std::string(wrong)).code, 2) << wrong;
+}
+
+TEST_F(Cli_rpc, input_that_cannot_be_read_ends_the_session_as_a_failure) {
+    for (const char* unreadable : {"</", "<&-"}) {
+        const std::string line = "cd '" + folder.string() + "' && '" + in_build("bin/cuvexa") +
+                                 "' rpc --db company.db " + unreadable + " 2>.err";
+        EXPECT_EQ(WEXITSTATUS(std::system(line.c_str())), 1) << unreadable;
+        EXPECT_EQ(read_file(folder / ".err"), "No se pudo leer la entrada\n");
+    }
 }
 
 TEST_F(Cli_rpc, two_sessions_on_one_file_never_share_a_folio) {
