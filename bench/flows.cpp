@@ -40,7 +40,7 @@ std::string receipt_of_two_lines(Tesoreria& treasury) {
         treasury.RpDetalle(line);
         require(treasury.Add_Recibo_Caja_Detalle(), treasury);
     }
-    const std::string folio = treasury.RpEncabezado().Rp_Folio;
+    std::string folio = treasury.RpEncabezado().Rp_Folio;
     require(treasury.FinReciboCaja(folio), treasury);
     return folio;
 }

@@ -62,8 +62,9 @@ public:
         CLSID clsid;
         if (FAILED(CLSIDFromProgID(prog_id, &clsid)) ||
             FAILED(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
-                                    reinterpret_cast<void**>(&object_))))
+                                    reinterpret_cast<void**>(&object_)))) {
             fail("The class cannot be created");
+        }
     }
     explicit Object(const Any& value) : object_(value.value().pdispVal) { object_->AddRef(); }
     Object(const Object&) = delete;
@@ -85,8 +86,9 @@ private:
         if (FAILED(object_->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id))) fail("A name is not known");
         // Arguments are handed over last one first, and the value of a put has a name.
         std::vector<VARIANT> reversed;
-        for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument)
+        for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument) {
             reversed.push_back(*argument->get());
+        }
         DISPID put = DISPID_PROPERTYPUT;
         const bool puts = kind == DISPATCH_PROPERTYPUT;
         DISPPARAMS parameters{reversed.data(), puts ? &put : nullptr, static_cast<UINT>(reversed.size()),

@@ -206,7 +206,7 @@ public:
 /// The two buttons of a form: the first accepts, the second cancels.
 class ButtonBar : public Control {
 public:
-    ButtonBar(Form& form, std::string name, std::string b1caption, std::string b2caption);
+    ButtonBar(Form& form, const std::string& name, std::string b1caption, std::string b2caption);
     bool takes_focus() const override { return false; }
 
     std::string caption;

@@ -60,8 +60,9 @@ private:
     }
 
     bool open(Json_value value) {
-        if (open_.size() == most_depth_)
+        if (open_.size() == most_depth_) {
             throw Json_text_error("nested deeper than " + std::to_string(most_depth_) + " levels");
+        }
         open_.push_back(add(std::move(value)));
         return true;
     }

@@ -52,7 +52,9 @@ void read(const Json_value& json, Record_place record, const std::string& place)
     const auto* object = json.as<Json_object>();
     if (!object) refuse(place, "must be an object with the members of " + std::string(record.type->name));
     const auto& fields = record.type->fields;
-    for (const auto& [name, value] : *object) {
+    for (const auto& member : *object) {
+        const std::string& name = member.first;
+        const Json_value& value = member.second;
         const auto field = std::find_if(fields.begin(), fields.end(), [&](const Field& f) { return f.name == name; });
         if (field == fields.end()) refuse(place, "has no member " + name);
         if (value.is_null()) continue;

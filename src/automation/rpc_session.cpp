@@ -330,8 +330,9 @@ std::int64_t Rpc_session::number(const Object& object) {
 }
 
 std::int64_t Rpc_session::hold(const Object& object) {
-    if (objects_.size() >= limits_.objects)
+    if (objects_.size() >= limits_.objects) {
         refuse("no more than " + std::to_string(limits_.objects) + " objects at a time: release some");
+    }
     objects_.emplace(last_number_ + 1, object);
     return ++last_number_;
 }

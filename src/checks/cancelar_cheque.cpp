@@ -96,8 +96,9 @@ bool Tesoreria::Cancelar_Cheque(const std::string& Ch_Folio) {
         if (lines.text("Es_Cve_Estado") == state::applied) op.pass_on_unless(Cancelar_Aplicacion_Cheque(Ch_Folio));
         const bool has_movement = lines.text("EstadoCheque") != state::waiting;
         for (; !lines.eof(); lines.next()) {
-            if (lines.text("Tc_Solicitar") == check_purpose::expense_to_verify)
+            if (lines.text("Tc_Solicitar") == check_purpose::expense_to_verify) {
                 cancel_expense(op, Ch_Folio, lines.text("Cxp_Folio"), by);
+            }
         }
         mark_cancelled(op, Ch_Folio, by);
         if (has_movement) op.pass_on_unless(Cancelar_Documento_Bancos(document::check, Ch_Folio));

@@ -26,8 +26,9 @@ std::string company_of(Operation& op, const std::string& folio) {
 bool Tesoreria::Finalizar_Cheque(const std::string& Ch_Folio) {
     return operation(module_, error_, "Cuvexa.dll - Finalizar_Cheque()", [&](Operation& op) {
         const auto accounting = module_.suite().new_accounting();
-        if (accounting->IsPostingEnabled(document::check))
+        if (accounting->IsPostingEnabled(document::check)) {
             post(op, *accounting, document::check, Ch_Folio, company_of(op, Ch_Folio));
+        }
         op.relay_unless(op.data().RegisterDocument(document::check, Ch_Folio), op.data());
     });
 }

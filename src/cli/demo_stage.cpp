@@ -181,8 +181,9 @@ void Stage::require_first_balances() {
     const auto now = read_balances();
     for (std::size_t i = 0; i < now.size() && i < first_balances_.size(); ++i) {
         const double difference = now[i].amount - first_balances_[i].amount;
-        if (difference > 0.005 || difference < -0.005)
+        if (difference > 0.005 || difference < -0.005) {
             throw Refused("El saldo no volvió a ser el del principio: " + now[i].key);
+        }
     }
 }
 

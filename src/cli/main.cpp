@@ -47,8 +47,9 @@ int run(int count, char** words) {
     program.set_version_flag("--version", "cuvexa " CUVEXA_VERSION);
     program.require_subcommand(1);
     for (const auto add :
-         {add_init, add_upgrade, add_demo, add_rpc, add_show, add_parameter, add_suite, add_audit, add_dialog})
+         {add_init, add_upgrade, add_demo, add_rpc, add_show, add_parameter, add_suite, add_audit, add_dialog}) {
         add(program);
+    }
     try {
         program.parse(count, words);
     } catch (const CLI::ParseError& error) {

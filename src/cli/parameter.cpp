@@ -22,8 +22,9 @@ struct Parameter_options {
 void list(const Parameter_options& options) {
     const Company company(options.company, Access::read);
     std::vector<Row> rows;
-    for (const System_parameter& parameter : parameters(company.connection()))
+    for (const System_parameter& parameter : parameters(company.connection())) {
         rows.push_back({parameter.name, parameter.value});
+    }
     if (options.json) {
         print_json(std::cout, columns, rows);
     } else {

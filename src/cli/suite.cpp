@@ -122,8 +122,9 @@ void administer_series(const Suite_command_options& options) {
     const Company company(options.company, changes ? Access::write : Access::read);
     Connection& connection = company.connection();
     if (options.next > 0) set_next_folio(connection, options.code, options.branch, options.next);
-    if (options.close || options.reopen)
+    if (options.close || options.reopen) {
         set_folio_series_open(connection, options.code, options.branch, options.reopen);
+    }
     print_table(std::cout, series_columns, {series_row(folio_series_of(connection, options.code, options.branch))});
 }
 

@@ -15,8 +15,9 @@ struct Upgrade_options {
 };
 
 void print_statements(const Upgrade& upgrade) {
-    for (const Schema_upgrade& step : schema_upgrades())
+    for (const Schema_upgrade& step : schema_upgrades()) {
         if (step.version > upgrade.from && step.version <= upgrade.to) std::cout << '\n' << step.sql;
+    }
 }
 
 void upgrade(const Upgrade_options& options) {

@@ -4,8 +4,9 @@
 
 namespace cuvexa::com {
 void Call_arguments::expect(std::size_t least, std::size_t most) const {
-    if (given_ && given_->cNamedArgs > 0 && given_->rgdispidNamedArgs[0] != DISPID_PROPERTYPUT)
+    if (given_ && given_->cNamedArgs > 0 && given_->rgdispidNamedArgs[0] != DISPID_PROPERTYPUT) {
         check(DISP_E_NONAMEDARGS);
+    }
     if (count() < least || count() > most) check(DISP_E_BADPARAMCOUNT);
 }
 
@@ -16,8 +17,9 @@ VARIANT& Call_arguments::required(std::size_t place) const {
 
 DISPID Named_object::identifier(std::wstring_view name) const {
     const auto names = member_names();
-    for (std::size_t place = 0; place < names.size(); ++place)
+    for (std::size_t place = 0; place < names.size(); ++place) {
         if (same_name(wide(names[place]), name)) return static_cast<DISPID>(place + 1);
+    }
     return DISPID_UNKNOWN;
 }
 

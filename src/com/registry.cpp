@@ -25,12 +25,14 @@ std::optional<std::wstring> Key::text(const std::wstring& name) const {
     if (!key_) return std::nullopt;
     DWORD bytes = 0;
     constexpr DWORD kinds = RRF_RT_REG_SZ;  // one with variables in it comes expanded
-    if (RegGetValueW(key_, nullptr, name.c_str(), kinds, nullptr, nullptr, &bytes) != ERROR_SUCCESS)
+    if (RegGetValueW(key_, nullptr, name.c_str(), kinds, nullptr, nullptr, &bytes) != ERROR_SUCCESS) {
         return std::nullopt;
+    }
     std::wstring value(bytes / sizeof(wchar_t) + 1, L'\0');
     bytes = static_cast<DWORD>(value.size() * sizeof(wchar_t));
-    if (RegGetValueW(key_, nullptr, name.c_str(), kinds, nullptr, value.data(), &bytes) != ERROR_SUCCESS)
+    if (RegGetValueW(key_, nullptr, name.c_str(), kinds, nullptr, value.data(), &bytes) != ERROR_SUCCESS) {
         return std::nullopt;
+    }
     value.resize(value.find(L'\0'));
     if (value.empty()) return std::nullopt;
     return value;
@@ -47,8 +49,9 @@ std::vector<std::wstring> Key::keys() const {
     wchar_t name[256];
     for (DWORD length = 256; key_ && RegEnumKeyExW(key_, static_cast<DWORD>(names.size()), name, &length, nullptr,
                                                    nullptr, nullptr, nullptr) == ERROR_SUCCESS;
-         length = 256)
+         length = 256) {
         names.emplace_back(name, length);
+    }
     return names;
 }
 

@@ -27,8 +27,9 @@ constexpr std::size_t inherited_functions = 7;
 Type_library_file::Type_library_file(const std::wstring& path) : path_(path) {
     std::ifstream file(std::filesystem::path(path), std::ios::binary);
     bytes_.assign(std::istreambuf_iterator<char>(file), {});
-    if (bytes_.size() < header_size || std::memcmp(bytes_.data(), "MSFT", 4) != 0)
+    if (bytes_.size() < header_size || std::memcmp(bytes_.data(), "MSFT", 4) != 0) {
         throw std::runtime_error("not a type library");
+    }
 }
 
 template <class Number>

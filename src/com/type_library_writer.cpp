@@ -119,8 +119,9 @@ ELEMDESC Type_library_writer::parameter(ICreateTypeInfo& info, const Described_p
 void Type_library_writer::add_member(ICreateTypeInfo& info, UINT at, const Described_member& member) {
     std::vector<ELEMDESC> elements;
     std::deque<PARAMDESCEX> extras;
-    for (const Described_parameter& described : member.parameters)
+    for (const Described_parameter& described : member.parameters) {
         elements.push_back(parameter(info, described, extras.emplace_back()));
+    }
     if (member.result.number != VT_EMPTY) {
         ELEMDESC element{};
         element.tdesc = pointer_to(described(info, member.result));

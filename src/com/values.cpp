@@ -93,9 +93,10 @@ void give_back(VARIANT& argument, const Any& value, LCID locale) {
         return check(VariantCopy(&behind, const_cast<VARIANT*>(value.get())));
     }
     const Type_facts* const kept = find_facts(argument.vt & ~VT_BYREF);
-    if (!kept || !stands_alone(*kept))
+    if (!kept || !stands_alone(*kept)) {
         throw Result_error(DISP_E_TYPEMISMATCH,
                            "an argument by reference has a type that nothing can be given back to");
+    }
     Any fitting = converted(*value.get(), kept->number, locale);
     Any old;  // goes with what the caller kept
     std::memcpy(&old->llVal, argument.byref, kept->bytes());

@@ -39,8 +39,9 @@ bool is_system_record(const VARIANT& value) {
 /// How the system handles a record of this library.
 Pointer<IRecordInfo> record_info(const Record_type& type) {
     const auto described = own_type(record_id(type));
-    if (!described)
+    if (!described) {
         throw Result_error(TYPE_E_ELEMENTNOTFOUND, "no description of the record " + std::string(type.name));
+    }
     Pointer<IRecordInfo> info;
     check(GetRecordInfoFromTypeInfo(described.get(), info.receive()));
     return info;
@@ -49,8 +50,10 @@ Pointer<IRecordInfo> record_info(const Record_type& type) {
 /// The memory of a system's record of that type.
 void* record_memory(const VARIANT& value, const Record_type& type) {
     GUID id;
-    if (!value.pRecInfo || !value.pvRecord || FAILED(value.pRecInfo->GetGuid(&id)) || !IsEqualGUID(id, record_id(type)))
+    if (!value.pRecInfo || !value.pvRecord || FAILED(value.pRecInfo->GetGuid(&id)) ||
+        !IsEqualGUID(id, record_id(type))) {
         refuse("the record must be a " + std::string(type.name));
+    }
     return value.pvRecord;
 }
 
@@ -137,8 +140,9 @@ Any result_of(Variant& value, const Value_type& type) {
 }
 
 void read_properties(const Pointer<IDispatch>& object, Record_place record, LCID locale) {
-    if (const Record_place* own = script_record_behind(object.get()); own && own->type != record.type)
+    if (const Record_place* own = script_record_behind(object.get()); own && own->type != record.type) {
         refuse("the record must be a " + std::string(record.type->name));
+    }
     Late_object source(object);
     bool any_known = false;
     for (const Field& field : record.type->fields) {
@@ -153,8 +157,9 @@ void read_properties(const Pointer<IDispatch>& object, Record_place record, LCID
         if (value->vt == VT_EMPTY) continue;
         assign(place, argument(*value.get(), field.type, locale));
     }
-    if (!any_known)
+    if (!any_known) {
         refuse("an object with the members of the record " + std::string(record.type->name) + " is expected");
+    }
 }
 
 void write_properties(const Pointer<IDispatch>& object, Record_place record) {

@@ -59,8 +59,9 @@ public:
             if (field.type.type == Type::record) add(*field.type.record);
         }
         out_ << "struct " << record.name << " {\n";
-        for (const Field& field : record.fields)
+        for (const Field& field : record.fields) {
             out_ << "    alignas(4) " << name_of(field.type) << " " << field.name << ";\n";
+        }
         out_ << "};\n";
         for (std::size_t at = 0; at < record.fields.size(); ++at) {
             out_ << "static_assert(offsetof(" << record.name << ", " << record.fields[at].name << ") == ";

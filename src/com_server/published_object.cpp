@@ -156,8 +156,9 @@ const Member* find_any(const Automation_class& type, std::string_view name) {
 
 /// The member that a call means. Script languages leave open whether they read a property or call a method.
 const Member& meant(const Automation_class& type, DISPID id, WORD kind) {
-    if (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF))
+    if (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) {
         return find_member(type, id, Member_kind::property_let);
+    }
     if ((kind & DISPATCH_METHOD) && (kind & DISPATCH_PROPERTYGET)) {
         const bool method = std::any_of(type.members.begin(), type.members.end(), [&](const Member& member) {
             return member.identifier == id && member.kind == Member_kind::method;
@@ -212,9 +213,10 @@ HRESULT Published::invoke(DISPID id, LCID locale, WORD kind, DISPPARAMS& paramet
         // Which one it is, should it be refused.
         if (wrong && places[at]) *wrong = static_cast<UINT>(places[at] - parameters.rgvarg);
         if (!places[at] || com::is_missing(*places[at])) {
-            if (!member.parameters[at].optional)
+            if (!member.parameters[at].optional) {
                 throw Result_error(DISP_E_PARAMNOTOPTIONAL,
                                    "argument " + std::string(member.parameters[at].name) + " is not optional");
+            }
             arguments.emplace_back();
         } else {
             arguments.push_back(argument(*places[at], member.parameters[at].type, locale));
@@ -224,8 +226,9 @@ HRESULT Published::invoke(DISPID id, LCID locale, WORD kind, DISPPARAMS& paramet
     const std::vector<Variant> before = arguments;
     Variant value = by_table([&] { return Invoke(*object_, member, arguments); });
     for (std::size_t at = 0; at < places.size(); ++at) {
-        if (places[at] && member.parameters[at].by_reference && arguments[at] != before[at])
+        if (places[at] && member.parameters[at].by_reference && arguments[at] != before[at]) {
             give_back(arguments[at], member.parameters[at].type, *places[at], locale);
+        }
     }
     if (result) *result = result_of(value, member.result).release();
     return S_OK;
@@ -248,17 +251,20 @@ HRESULT Published::call(std::size_t at, void** given) {
         const Member& member = type().members[at];
         const std::size_t count = member.parameters.size();
         void* result = member.result.type == Type::none ? nullptr : given[count];
-        if (member.result.type != Type::none && !result)
+        if (member.result.type != Type::none && !result) {
             throw Result_error(E_POINTER, "the place of the result is null");
+        }
         std::vector<Variant> arguments;
-        for (std::size_t place = 0; place < count; ++place)
+        for (std::size_t place = 0; place < count; ++place) {
             arguments.push_back(argument_at(member.parameters[place], given[place]));
+        }
         const std::vector<Variant> before = arguments;
         Variant value = by_table([&] { return Invoke(*object_, member, arguments); });
         for (std::size_t place = 0; place < count; ++place) {
             const Parameter& parameter = member.parameters[place];
-            if (parameter.by_reference && arguments[place] != before[place])
+            if (parameter.by_reference && arguments[place] != before[place]) {
                 write_value(parameter.type, arguments[place], given[place], Before::a_value);
+            }
         }
         if (result) write_value(member.result, value, result, Before::nothing);
         return S_OK;
@@ -343,8 +349,9 @@ Pointer<IDispatch> published(Object object, std::shared_ptr<void> keeps) {
 Object object_behind(IUnknown* client_object) {
     if (!client_object) return nullptr;
     Pointer<IUnknown> own;
-    if (FAILED(client_object->QueryInterface(own_iid<Published>(), own.receive_void())))
+    if (FAILED(client_object->QueryInterface(own_iid<Published>(), own.receive_void()))) {
         return std::make_shared<Foreign_object>();
+    }
     return reinterpret_cast<Face<Published>*>(own.get())->object->object();
 }
 

@@ -76,8 +76,9 @@ private:
             return {};
         }
         const auto at = static_cast<std::size_t>(id - first_field);
-        if (id < first_field || at >= place_.type->fields.size())
+        if (id < first_field || at >= place_.type->fields.size()) {
             throw Result_error(DISP_E_MEMBERNOTFOUND, "no such member");
+        }
         const Field& field = place_.type->fields[at];
         if (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) {
             if (parameters.cArgs != 1) throw Result_error(DISP_E_BADPARAMCOUNT, "wrong number of arguments");
@@ -90,8 +91,9 @@ private:
 
     Any get(const Field& field) {
         const Place place = field.place(place_.record);
-        if (const auto* nested = std::get_if<Record_place>(&place))
+        if (const auto* nested = std::get_if<Record_place>(&place)) {
             return any(Pointer<IDispatch>::owning(new Script_record(owner_, *nested)));
+        }
         Variant value = value_at(place);
         return result_of(value, field.type);
     }

@@ -58,15 +58,19 @@ void write_type_library(SYSKIND system, const std::wstring& path) {
     const std::size_t pointer_size = system == SYS_WIN64 ? 8 : 4;
     Type_library_writer library({L"Cuvexa", library_id, library_major, library_minor}, system, path);
     for (const Record_type& record : record_types) library.declare(record.name, TKIND_RECORD, record_id(record));
-    for (const Automation_class& type : automation_classes())
+    for (const Automation_class& type : automation_classes()) {
         library.declare(type.interface_name, TKIND_INTERFACE, ids_of(type.name).interface_id);
-    for (const Record_type& record : record_types)
+    }
+    for (const Record_type& record : record_types) {
         library.describe_record(record.name, described(record, pointer_size), size_of_record(record, pointer_size),
                                 record_alignment);
-    for (const Automation_class& type : automation_classes())
+    }
+    for (const Automation_class& type : automation_classes()) {
         library.describe_interface(type.interface_name, described(type));
-    for (const Automation_class& type : automation_classes())
+    }
+    for (const Automation_class& type : automation_classes()) {
         library.add_class(type.name, ids_of(type.name).class_id, type.interface_name);
+    }
     library.save();
 }
 

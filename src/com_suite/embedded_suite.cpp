@@ -70,10 +70,12 @@ Embedded_settings embedded_settings() {
     company.trace = environment(L"CUVEXA_TRACE");
     if (const std::string name = environment(L"CUVEXA_SYNCHRONOUS"); !name.empty()) company.synchronous = name;
     if (const std::string wait = environment(L"CUVEXA_WAIT"); !wait.empty()) company.wait_s = seconds(wait);
-    if (const std::string date = environment(L"CUVEXA_SERVER_DATE"); !date.empty())
+    if (const std::string date = environment(L"CUVEXA_SERVER_DATE"); !date.empty()) {
         settings.server_date = fixed_date(date);
-    for (const std::string& user : {windows_user(), environment(L"CUVEXA_USER")})
+    }
+    for (const std::string& user : {windows_user(), environment(L"CUVEXA_USER")}) {
         if (!user.empty()) settings.user = user;
+    }
     return settings;
 }
 

@@ -80,8 +80,9 @@ private:
         } else {
             column = static_cast<std::size_t>(integer_in(name_or_index));  // a negative one is beyond the last
         }
-        if (column >= names.size())
+        if (column >= names.size()) {
             throw Automation_error(error_item_not_found, "No existe la columna: " + text_in(name_or_index));
+        }
         return column;
     }
 

@@ -51,8 +51,9 @@ public:
 private:
     void refuse_trace_over_database(const std::string& trace) const {
         std::error_code ignored;
-        if (std::filesystem::equivalent(path(trace), path(engine_.file), ignored))
+        if (std::filesystem::equivalent(path(trace), path(engine_.file), ignored)) {
             throw Company_error("El rastro no puede escribirse en la base de datos: " + trace);
+        }
     }
 
     Opened engine_;

@@ -55,8 +55,9 @@ void require_this_version(Connection& connection, const std::string& name) {
 }
 
 void run_upgrades(Connection& connection) {
-    for (const Schema_upgrade& upgrade : schema_upgrades())
+    for (const Schema_upgrade& upgrade : schema_upgrades()) {
         if (is_due(upgrade, connection)) run_script(connection, upgrade.sql);
+    }
 }
 
 }  // namespace cuvexa::company

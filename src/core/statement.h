@@ -102,8 +102,9 @@ class Holes {
 public:
     template <std::size_t N>
     consteval Holes(const char (&literal)[N]) : literal_(literal, N - 1) {
-        if (detail::each_hole(literal_, [](std::size_t) {}) != sizeof...(Arguments))
+        if (detail::each_hole(literal_, [](std::size_t) {}) != sizeof...(Arguments)) {
             throw "the number of holes differs from the number of arguments";
+        }
     }
     constexpr std::string_view literal() const { return literal_; }
 

@@ -17,11 +17,13 @@ constexpr std::size_t utf8_length(std::string_view text, std::size_t at) noexcep
     if (first < 0x80) return 1;
     if (first >= 0xC2 && first <= 0xDF && follows(1)) return 2;
     if (first >= 0xE0 && first <= 0xEF && follows(1) && follows(2) && !(first == 0xE0 && second < 0xA0) &&
-        !(first == 0xED && second > 0x9F))
+        !(first == 0xED && second > 0x9F)) {
         return 3;
+    }
     if (first >= 0xF0 && first <= 0xF4 && follows(1) && follows(2) && follows(3) && !(first == 0xF0 && second < 0x90) &&
-        !(first == 0xF4 && second > 0x8F))
+        !(first == 0xF4 && second > 0x8F)) {
         return 4;
+    }
     return 0;
 }
 

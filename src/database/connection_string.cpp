@@ -15,10 +15,11 @@ std::size_t end_of_value(std::string_view text, std::size_t at) {
     if (at < text.size() && text[at] == '{') {
         for (++at; at < text.size(); ++at) {
             if (text[at] != '}') continue;
-            if (at + 1 < text.size() && text[at + 1] == '}')
+            if (at + 1 < text.size() && text[at + 1] == '}') {
                 ++at;
-            else
+            } else {
                 break;
+            }
         }
     }
     return std::min(text.find(';', at), text.size());

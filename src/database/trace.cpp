@@ -49,10 +49,11 @@ std::string json_text(std::string_view text) {
     std::string out = "\"";
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t length = utf8_length(text, at);
-        if (length == 1)
+        if (length == 1) {
             append_escaped(out, text[at]);
-        else
+        } else {
             out += length == 0 ? std::string_view("\xEF\xBF\xBD") : text.substr(at, length);
+        }
         at += length == 0 ? 1 : length;
     }
     out += '"';

@@ -37,10 +37,11 @@ inline std::string utf8_from(std::u16string_view wide) {
         char32_t c = wide[at];
         const bool high = c >= 0xD800 && c < 0xDC00;
         const bool pair = high && at + 1 < wide.size() && wide[at + 1] >= 0xDC00 && wide[at + 1] < 0xE000;
-        if (pair)
+        if (pair) {
             c = ((c - 0xD7C0) << 10) | (wide[++at] & 0x3FFu);
-        else if (c >= 0xD800 && c < 0xE000)
+        } else if (c >= 0xD800 && c < 0xE000) {
             c = 0xFFFD;
+        }
         if (c < 0x80) {
             text += static_cast<char>(c);
             continue;

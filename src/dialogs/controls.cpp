@@ -39,7 +39,7 @@ void Check_box::Value(int value) {
     if (Click) Click();
 }
 
-ButtonBar::ButtonBar(Form& form, std::string name, std::string b1caption, std::string b2caption)
+ButtonBar::ButtonBar(Form& form, const std::string& name, std::string b1caption, std::string b2caption)
     : Control(form, name), b1(form, name + ".b1"), b2(form, name + ".b2") {
     b1.caption = std::move(b1caption);
     b1.shortcut = "F4";

@@ -173,7 +173,7 @@ std::string Accounting::account_or(const std::string& account, std::string_view 
     if (!account.empty()) return account;
     const Rows rows =
         context_->query("SELECT {} FROM Configuracion_Contable WHERE Ct_Codigo = '{}'", Raw{configured_column}, code);
-    const std::string configured = rows.eof() ? std::string() : rows.text(configured_column);
+    std::string configured = rows.eof() ? std::string() : rows.text(configured_column);
     refuse_if(configured.empty(),
               "No hay cuenta contable para {}; asígnela en el catálogo o en la configuración contable del documento",
               code);

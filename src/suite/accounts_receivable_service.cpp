@@ -138,8 +138,9 @@ bool Receivables::RegisterPayment(const Receivable_payment& payment) {
                                                      .concept_text = payment.concept_text,
                                                      .payment_method = payment.payment_method,
                                                      .affects_balance = payment.update_balance});
-        if (payment.register_document)
+        if (payment.register_document) {
             context_->register_document(document::receivable_payment, account.folio + ":" + id);
+        }
     });
 }
 

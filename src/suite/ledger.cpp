@@ -42,7 +42,7 @@ std::string Ledger::open(const New_account& account) {
     refuse_if(context_.look_up("Mn_Descripcion", "Mn_Cve_Moneda", account.currency, "Moneda").empty(),
               "La moneda: {}, no existe o está dada de baja; elija otra", account.currency);
 
-    const std::string folio = context_.take_folio(account.branch, std::string(names_.code));
+    std::string folio = context_.take_folio(account.branch, std::string(names_.code));
     const std::string& document = account.source_document.empty() ? folio : account.source_document;
     const Raw prefix{names_.prefix};
     const std::string now = context_.stamp();

@@ -35,7 +35,7 @@ void Receivable_ledger::cancel_payment(const std::string& folio, const std::stri
 
 std::string Receivable_ledger::open_advance(const New_account& advance) {
     refuse_if(!(advance.amount > 0), "El importe del anticipo debe ser mayor que cero; indique un importe");
-    const std::string folio = context_.take_folio(advance.branch, std::string(advance_code));
+    std::string folio = context_.take_folio(advance.branch, std::string(advance_code));
     const std::string now = context_.stamp();
 
     New_account receivable = advance;

@@ -65,8 +65,9 @@ TEST(Documentation, lists_every_member_in_the_published_order) {
 TEST(Documentation, names_every_record) {
     std::ifstream file(tests::in_source("docs/automation.md"));
     const std::string text(std::istreambuf_iterator<char>(file), {});
-    for (const Record_type& record : record_types)
+    for (const Record_type& record : record_types) {
         EXPECT_NE(text.find("`" + std::string(record.name) + "`"), std::string::npos) << record.name;
+    }
 }
 
 }  // namespace

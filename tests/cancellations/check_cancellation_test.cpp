@@ -276,8 +276,9 @@ TEST_P(Application_failure, leaves_what_the_statements_before_it_wrote) {
         {returned[2], returned[3]},
         {returned[1]}};
     std::vector<std::string> expected;
-    for (std::size_t i = 0; i + 1 < GetParam(); ++i)
+    for (std::size_t i = 0; i + 1 < GetParam(); ++i) {
         expected.insert(expected.end(), written[i].begin(), written[i].end());
+    }
     on.failing_statement = GetParam();
     EXPECT_THAT(left_by(application_tag + obstructed::statement_failure, [this] { return undo(); }),
                 ::testing::UnorderedElementsAreArray(expected));

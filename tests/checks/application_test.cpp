@@ -22,8 +22,9 @@ protected:
         header.Tc_Cve_Tipo_Cheque = type;
         header.Ch_Solicitar_Valor = beneficiary;
         const std::string folio = company.capture_check(lines, header);
-        if (!company.treasury().Crear_Cheque_Pago_Proveedor(folio))
+        if (!company.treasury().Crear_Cheque_Pago_Proveedor(folio)) {
             throw std::runtime_error(company.treasury().Error());
+        }
         company.mark();
         return folio;
     }

@@ -166,8 +166,9 @@ TEST_P(Check_properties, hold_after_every_operation_whatever_its_outcome) {
     for (int i = 0; i < 150; ++i) {
         checks.step();
         for (auto [rule, broken] : rules) {
-            if (const auto list = broken.find("HALF_UNDONE"); list != std::string::npos)
+            if (const auto list = broken.find("HALF_UNDONE"); list != std::string::npos) {
                 broken.replace(list, std::string_view("HALF_UNDONE").size(), checks.half_undone);
+            }
             ASSERT_THAT(checks.company.rows(broken), IsEmpty())
                 << rule << "; seed " << seed << ", after " << ::testing::PrintToString(checks.story);
         }

@@ -119,8 +119,9 @@ TEST_F(Cli_rpc, a_request_beyond_a_limit_does_not_end_the_session) {
     EXPECT_EQ(answers[0]["error"]["message"], "nested deeper than 128 levels");
     EXPECT_EQ(answers[1]["error"]["message"], "a request of more than 399360 bytes");
     EXPECT_EQ(answers[2]["result"]["object"], 1);
-    for (const char* wrong : {"0", "-1", "many", "5GB"})
+    for (const char* wrong : {"0", "-1", "many", "5GB"}) {
         EXPECT_EQ(run("rpc --db company.db --max-request " + std::string(wrong)).code, 2) << wrong;
+    }
 }
 
 TEST_F(Cli_rpc, input_that_cannot_be_read_ends_the_session_as_a_failure) {

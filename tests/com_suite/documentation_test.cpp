@@ -97,8 +97,9 @@ std::string shown_result() {
 template <class... Parameter>
 std::string shown_parameters(std::type_identity<std::tuple<Parameter...>>) {
     std::string text;
-    for (const std::string& parameter : Lines{shown_parameter<Parameter>()...})
+    for (const std::string& parameter : Lines{shown_parameter<Parameter>()...}) {
         text += (text.empty() ? "" : ", ") + parameter;
+    }
     return text;
 }
 
@@ -106,8 +107,9 @@ template <class... Parameter>
 std::string record_among(std::type_identity<std::tuple<Parameter...>>) {
     std::string text;
     for (const char* const record :
-         {static_cast<const char*>(nullptr), shown_record<std::remove_cvref_t<Parameter>>...})
+         {static_cast<const char*>(nullptr), shown_record<std::remove_cvref_t<Parameter>>...}) {
         if (record) text += std::string("; a *") + record + "*";
+    }
     return text;
 }
 
@@ -139,8 +141,9 @@ std::string shown_properties() {
     std::string row = std::string("| ") + shown_record<Record> + " | ";
     const Lines properties_shown =
         std::apply([&](const auto&... property) { return Lines{shown(property)...}; }, properties<Record>);
-    for (const std::string& property : properties_shown)
+    for (const std::string& property : properties_shown) {
         row += property + (&property == &properties_shown.back() ? " |" : ", ");
+    }
     return row;
 }
 

@@ -101,8 +101,9 @@ TEST_F(Companies, are_made_without_leaving_anything_beside_them) {
 TEST_F(Companies, are_not_made_over_what_stands_there) {
     write("empresa.db", "de alguien");
     fs::create_symlink("nada", file("enlace.db"));
-    for (const std::string name : {"empresa.db", "enlace.db"})
+    for (const std::string name : {"empresa.db", "enlace.db"}) {
         EXPECT_EQ(refusal_to_make({.database = file(name)}), "Ya existe y no se toca: " + file(name));
+    }
     EXPECT_EQ(text_of(file("empresa.db")), "de alguien");
 }
 

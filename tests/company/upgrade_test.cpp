@@ -183,8 +183,9 @@ TEST_P(Upgrades, that_meet_an_obstacle_change_nothing) {
     sql("CREATE INDEX Ix_Peticion_Servicio_Fecha_Alta ON Banco (Bn_Saldo)");
     const Snapshot before = rows();
     const auto made_of = structure_now();
-    for (const Upgrade_mode mode : {Upgrade_mode::try_out, Upgrade_mode::keep})
+    for (const Upgrade_mode mode : {Upgrade_mode::try_out, Upgrade_mode::keep}) {
         EXPECT_EQ(refusal_to_upgrade(mode), "index Ix_Peticion_Servicio_Fecha_Alta already exists");
+    }
     EXPECT_EQ(rows(), before);
     EXPECT_EQ(structure_now(), made_of);
 }

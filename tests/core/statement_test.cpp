@@ -68,8 +68,9 @@ TEST(Statement, a_value_that_would_end_its_quotes_is_refused_by_name) {
 }
 
 TEST(Statement, a_value_whose_apostrophes_are_doubled_goes_in_as_it_stands) {
-    for (const std::string value : {"", "plain", "O''Higgins", "''", "''''", "x'' OR ''1''=''1", "{}", "a{}b''"})
+    for (const std::string value : {"", "plain", "O''Higgins", "''", "''''", "x'' OR ''1''=''1", "{}", "a{}b''"}) {
         EXPECT_EQ(in_quotes(value), "SELECT '" + value + "'");
+    }
 }
 
 TEST(Statement, a_long_value_is_shown_by_its_beginning_between_characters) {

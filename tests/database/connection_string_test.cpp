@@ -28,8 +28,9 @@ TEST(Connection_string, the_password_is_not_shown_whatever_stands_in_it) {
 }
 
 TEST(Connection_string, a_guarded_value_reads_back) {
-    for (const char* const value : {"plain", "with;mark", "}", "{x}", "a}}b", "a b"})
+    for (const char* const value : {"plain", "with;mark", "}", "{x}", "a}}b", "a b"}) {
         EXPECT_EQ(plain_value(guarded_value(value)), value);
+    }
     EXPECT_EQ(guarded_value("a;b}"), "{a;b}}}");
 }
 

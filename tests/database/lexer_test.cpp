@@ -67,14 +67,16 @@ TEST(Lexer, what_an_engine_may_take_for_a_blank_is_refused_outside_of_texts) {
         EXPECT_THAT(refusal("SELECT a" + std::string(character)), HasSubstr("fuera de un valor, el carácter"));
         EXPECT_EQ(refusal("SELECT 'a" + std::string(character) + "', [b" + std::string(character) + "]"), "");
     }
-    for (const char* control : {"\x01", "\x1B", "\x1F"})
+    for (const char* control : {"\x01", "\x1B", "\x1F"}) {
         EXPECT_THAT(refusal("SELECT 1 " + std::string(control) + "DELETE"), HasSubstr("carácter de control"));
+    }
     EXPECT_EQ(refusal("SELECT Año, ÉPOCA, ª FROM Šk"), "");
 }
 
 TEST(Lexer, a_text_with_a_prefix_that_one_engine_knows_is_refused) {
-    for (const char* text : {"SELECT E'a\\'b'", "SELECT e'x'", "SELECT B'1'", "SELECT x'41'", "SELECT U&'\\0041'"})
+    for (const char* text : {"SELECT E'a\\'b'", "SELECT e'x'", "SELECT B'1'", "SELECT x'41'", "SELECT U&'\\0041'"}) {
         EXPECT_THAT(refusal(text), HasSubstr("texto con prefijo")) << text;
+    }
     EXPECT_EQ(refusal("SELECT N'a', LIKE'x', E + 'a', U & 1"), "");
 }
 
@@ -106,8 +108,9 @@ TEST(Lexer, what_is_left_open_is_refused) {
 }
 
 TEST(Lexer, a_parameter_mark_is_refused_because_nothing_would_fill_it) {
-    for (const char* text : {"SELECT ?", "SELECT @a", "SELECT :a", "SELECT $a"})
+    for (const char* text : {"SELECT ?", "SELECT @a", "SELECT :a", "SELECT $a"}) {
         EXPECT_THAT(refusal(text), HasSubstr("parámetro sin valor")) << text;
+    }
     EXPECT_EQ(refusal("SELECT '?@:$'"), "");
 }
 

@@ -143,8 +143,9 @@ TEST_F(Sqlite, a_list_of_many_literals_is_taken) {
 
 TEST_F(Sqlite, statements_that_differ_in_literals_only_are_translated_once) {
     const auto before = sqlite::Engine::of(db).translations();
-    for (int i = 0; i < 50; ++i)
+    for (int i = 0; i < 50; ++i) {
         db.execute("INSERT INTO T(Id, Texto) VALUES (" + std::to_string(i) + ", 'n" + std::to_string(i) + "')");
+    }
     EXPECT_EQ(sqlite::Engine::of(db).translations(), before + 1);
     EXPECT_THAT(v("SELECT COUNT(*) AS v FROM T WHERE Texto = 'n' + CAST(Id AS varchar(5))"), ElementsAre("50"));
 }
@@ -167,9 +168,10 @@ TEST_F(Sqlite, the_position_of_a_column_is_no_literal_that_may_vary) {
 }
 
 TEST_F(Sqlite, an_expression_with_literals_groups_as_it_is_selected) {
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < 4; ++i) {
         db.execute("INSERT INTO T(Id, Texto, Numero) VALUES (" + std::to_string(i) + ", 'x', " + std::to_string(i % 2) +
                    ")");
+    }
     EXPECT_THAT(v("SELECT CASE WHEN Numero = 1 THEN 'uno' ELSE 'otro' END AS v, COUNT(*) AS n FROM T "
                   "GROUP BY CASE WHEN Numero = 1 THEN 'uno' ELSE 'otro' END ORDER BY v"),
                 ElementsAre("otro", "uno"));

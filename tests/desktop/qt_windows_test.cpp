@@ -189,8 +189,9 @@ TEST(Qt_windows, a_list_without_rows_says_so_and_enter_takes_nothing) {
     screen.deposit({key(Qt::Key_F2), type("zzz"), key(Qt::Key_Return), sees([](QWidget& top) {
                         EXPECT_EQ(top.objectName(), "lista");
                         bool said = false;
-                        for (const auto* label : top.findChildren<QLabel*>())
+                        for (const auto* label : top.findChildren<QLabel*>()) {
                             said |= label->text().contains("Sin coincidencias");
+                        }
                         EXPECT_TRUE(said);
                     }),
                     key(Qt::Key_Escape), focus_is(account), text_is(account, ""), key(Qt::Key_Escape)});

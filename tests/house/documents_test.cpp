@@ -48,8 +48,9 @@ std::vector<fs::path> documents() {
     const fs::path root = in_source("");
     std::vector<fs::path> found;
     for (const fs::path& folder : {root, root / "docs"}) {
-        for (const auto& entry : fs::directory_iterator(folder))
+        for (const auto& entry : fs::directory_iterator(folder)) {
             if (entry.path().extension() == ".md") found.push_back(entry.path());
+        }
     }
     return found;
 }
@@ -88,8 +89,9 @@ std::set<std::string> rooms() {
     const fs::path root = in_source("");
     std::set<std::string> found;
     for (const auto& entry : fs::recursive_directory_iterator(root / "src")) {
-        if (entry.path().extension() == ".cpp" || entry.path().extension() == ".h")
+        if (entry.path().extension() == ".cpp" || entry.path().extension() == ".h") {
             found.insert(fs::relative(entry.path().parent_path(), root).generic_string() + "/");
+        }
     }
     return found;
 }

@@ -53,8 +53,9 @@ std::string objection(const std::string& path, std::string_view content) {
     const std::string extension = name.extension().string();
     if (begins_with_a_dash(path)) return "a name that a program takes for an option";
     if (content.size() > largest) return "larger than 256 KB";
-    if (is_picture(path))
+    if (is_picture(path)) {
         return content.starts_with("\x89PNG\r\n\x1a\n") ? "" : "not the picture that its name promises";
+    }
     if (!is_text(content)) return "neither text nor a picture";
     if (names_of_settings.contains(name.string()) || kinds_of_text.contains(extension)) return "";
     if (extension.empty() && content.starts_with("#!")) return "";
@@ -85,10 +86,11 @@ std::vector<std::string> files_below(const fs::path& root) {
     std::vector<std::string> found;
     for (auto at = fs::recursive_directory_iterator(root); at != fs::recursive_directory_iterator(); ++at) {
         const fs::path path = fs::relative(at->path(), root);
-        if (path == "build" || path == ".git")
+        if (path == "build" || path == ".git") {
             at.disable_recursion_pending();
-        else if (at->is_regular_file())
+        } else if (at->is_regular_file()) {
             found.push_back(path.generic_string());
+        }
     }
     return found;
 }

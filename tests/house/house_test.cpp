@@ -94,8 +94,9 @@ std::string text_of(const std::string& path) {
 std::vector<std::string> includes_of(const Source& source) {
     static const std::regex line(R"(^[ \t]*#[ \t]*include[ \t]*([<"][^>"]+[>"]))", std::regex::multiline);
     std::vector<std::string> found;
-    for (std::sregex_iterator at(source.text.begin(), source.text.end(), line), end; at != end; ++at)
+    for (std::sregex_iterator at(source.text.begin(), source.text.end(), line), end; at != end; ++at) {
         found.push_back((*at)[1]);
+    }
     return found;
 }
 
@@ -113,8 +114,9 @@ const std::set<std::string> values_of_the_kit = {"cuvexa/date.h", "cuvexa/errors
 
 bool may_include_room(const std::string& room, const std::string& other) {
     if (room == other) return true;
-    if (const auto seen = rooms_of_windows.find(room); seen != rooms_of_windows.end())
+    if (const auto seen = rooms_of_windows.find(room); seen != rooms_of_windows.end()) {
         return seen->second.contains(other);
+    }
     return !rooms_of_windows.contains(other) && depth_of(other) >= 0 && depth_of(other) < depth_of(room);
 }
 
@@ -144,8 +146,9 @@ bool may_include_others(const std::string& room, const std::string& include) {
 /// Why a room may not include that; empty when it may.
 std::string objection(const std::string& room, const std::string& include) {
     const std::string name = include.substr(1, include.size() - 2);
-    if (include.front() == '<')
+    if (include.front() == '<') {
         return is_standard_header(name) || may_include_others(room, include) ? "" : "a header of others";
+    }
     if (name.find('/') == std::string::npos) return "";  // of its own folder
     const std::string other = room_of(name);
     if (room == "com" && other == "include/cuvexa" && !values_of_the_kit.contains(name)) return "more than values";
@@ -394,11 +397,13 @@ TEST(House, codes_have_names) {
     std::vector<std::string> bare;
     for (const Source& source : product()) {
         if (source.room != "core" && source.room != "suite" && !subsystems.contains(source.room)) continue;
-        if (source.path == "src/core/codes.h" || source.path == "src/suite/folio_series.cpp")
+        if (source.path == "src/core/codes.h" || source.path == "src/suite/folio_series.cpp") {
             continue;  // names; prefixes
+        }
         const std::string text = without_comments(source.text);
-        for (std::sregex_iterator at(text.begin(), text.end(), code), end; at != end; ++at)
+        for (std::sregex_iterator at(text.begin(), text.end(), code), end; at != end; ++at) {
             bare.push_back(source.path + ": " + at->str());
+        }
     }
     EXPECT_THAT(bare, IsEmpty()) << "core/codes.h names them";
 }
@@ -419,8 +424,9 @@ TEST(House, subsystems_leave_numbers_to_the_one_conversion_and_never_format_by_l
         R"(\b(ostringstream|stringstream|setprecision|snprintf|sprintf|stod|strtod|atof|localeconv)\b)");
     std::vector<std::string> found;
     for (const Source& source : product()) {
-        if (subsystems.contains(source.room) && std::regex_search(source.text, conversion))
+        if (subsystems.contains(source.room) && std::regex_search(source.text, conversion)) {
             found.push_back(source.path);
+        }
     }
     EXPECT_THAT(found, IsEmpty());
 }
@@ -429,8 +435,9 @@ TEST(House, no_operation_opens_a_transaction) {
     static const std::regex transaction(R"((BEGIN|COMMIT|ROLLBACK) TRAN)", std::regex::icase);
     std::vector<std::string> found;
     for (const Source& source : product()) {
-        if (subsystems.contains(source.room) && std::regex_search(source.text, transaction))
+        if (subsystems.contains(source.room) && std::regex_search(source.text, transaction)) {
             found.push_back(source.path);
+        }
     }
     EXPECT_THAT(found, IsEmpty());
 }

@@ -38,8 +38,9 @@ Arrows arrows_of_the_page() {
         if (std::regex_search(line, found, heading)) table = found[1];
         if (!std::regex_search(line, found, arrow)) continue;
         std::string member;
-        for (std::istringstream members(found[3]); std::getline(members >> std::ws, member, ',');)
+        for (std::istringstream members(found[3]); std::getline(members >> std::ws, member, ',');) {
             arrows.insert(table + ": " + found.str(1) + " --> " + found.str(2) + " : " + member);
+        }
     }
     return arrows;
 }
@@ -92,16 +93,19 @@ public:
     void during(const std::string& member, const std::function<bool(Tesoreria&)>& step) {
         note("DELETE FROM Cambio_Estado");
         ASSERT_TRUE(step(treasury())) << member << ": " << treasury().Error();
-        for (const std::string& change : rows("SELECT DISTINCT Tabla || ': ' || De || ' --> ' || A FROM Cambio_Estado"))
+        for (const std::string& change :
+             rows("SELECT DISTINCT Tabla || ': ' || De || ' --> ' || A FROM Cambio_Estado")) {
             seen.insert(change + " : " + member);
+        }
     }
 
     Arrows seen;
 
 private:
     void note(const std::string& statement) {
-        if (sqlite3_exec(embedded(), statement.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+        if (sqlite3_exec(embedded(), statement.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
             throw std::runtime_error(statement + ": " + sqlite3_errmsg(embedded()));
+        }
     }
 };
 
@@ -408,8 +412,9 @@ std::set<std::string> states_in_statements() {
         std::stringstream text;
         text << std::ifstream(entry.path(), std::ios::binary).rdbuf();
         for (const std::string& list :
-             all_matches(text.str(), "Es_Cve_Estado *(?:=|<>|IN|NOT IN) *\\(?((?:'\\w+'[, ]*)+)"))
+             all_matches(text.str(), "Es_Cve_Estado *(?:=|<>|IN|NOT IN) *\\(?((?:'\\w+'[, ]*)+)")) {
             states.merge(all_matches(list, "'(\\w+)'"));
+        }
     }
     return states;
 }

@@ -516,8 +516,9 @@ TEST_P(Round_trips, every_cancellation_gives_back_what_its_document_moved) {
     RecordProperty("seed", static_cast<int>(seed));
     const Sequence sequence = random_sequence(seed);
     if (!failure_of(sequence, posting)) {
-        if (const char* folder = std::getenv("CUVEXA_SCRIPTS"))
+        if (const char* folder = std::getenv("CUVEXA_SCRIPTS")) {
             keep_script(sequence, posting, std::string(folder) + "/seed_" + std::to_string(seed) + ".jsonl");
+        }
         return;
     }
 

@@ -25,8 +25,9 @@ protected:
     }
     std::string line_ids() {
         std::string ids;
-        for (const std::string& id : company.rows("SELECT Rp_Id FROM Recibo_Pago ORDER BY Rp_Folio, Rp_Id"))
+        for (const std::string& id : company.rows("SELECT Rp_Id FROM Recibo_Pago ORDER BY Rp_Folio, Rp_Id")) {
             ids += id + " ";
+        }
         return ids;
     }
 

@@ -108,10 +108,11 @@ TEST_F(Company_on_a_server, of_an_earlier_version_is_upgraded_whole_or_not_at_al
 TEST_F(Company_on_a_server, takes_the_password_of_the_options_or_of_the_environment) {
     std::string without, password;
     for (const auto& [key, text] : database::connection_attributes(options.database)) {
-        if (database::is_password_key(key))
+        if (database::is_password_key(key)) {
             password = database::plain_value(text);
-        else
+        } else {
             without.append(key).append("=").append(text).append(";");
+        }
     }
     const auto let_in = [&](const std::string& given) {
         return refusal({.database = without, .password = given}).starts_with("No es una base de datos de Cuvexa: ");

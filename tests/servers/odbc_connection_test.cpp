@@ -266,8 +266,9 @@ TEST_F(Odbc, a_lost_connection_is_told_and_another_session_works) {
 
 TEST_F(Odbc, no_failure_shows_the_password) {
     std::string wrong;
-    for (const auto& [key, text] : database::connection_attributes(connection_string))
+    for (const auto& [key, text] : database::connection_attributes(connection_string)) {
         wrong.append(key).append("=").append(database::is_password_key(key) ? "secreto-77" : text).append(";");
+    }
     try {
         const Odbc_connection refused(wrong);
         FAIL() << "it was let in";
@@ -280,10 +281,11 @@ TEST_F(Odbc, no_failure_shows_the_password) {
 TEST_F(Odbc, the_password_may_be_given_apart) {
     std::string without, password;
     for (const auto& [key, text] : database::connection_attributes(connection_string)) {
-        if (database::is_password_key(key))
+        if (database::is_password_key(key)) {
             password = database::plain_value(text);
-        else
+        } else {
             without.append(key).append("=").append(text).append(";");
+        }
     }
     Odbc_options options;
     options.password = password;

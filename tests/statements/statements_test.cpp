@@ -71,8 +71,9 @@ const std::vector<File_trace>& traces() {
         for (const File& file : files()) {
             SCOPED_TRACE(file.name);
             run.push_back({file.name, file.cases.member, {}});
-            for (const Case& of_case : file.cases.cases)
+            for (const Case& of_case : file.cases.cases) {
                 run.back().cases.push_back(trace_of(of_case, file.name.starts_with(suite_folder)));
+            }
         }
         return run;
     }();

@@ -291,8 +291,9 @@ TEST_F(Ledgers, payments_are_numbered_and_move_the_balance) {
 
 TEST_F(Ledgers, a_payment_takes_the_highest_number_and_one) {
     const auto service = suite.new_accounts_receivable();
-    for (const char* const id : {"0003", "0001"})
+    for (const char* const id : {"0003", "0001"}) {
         sql(std::string("INSERT INTO Pago_Cxc (Cxc_Folio, Pc_ID) VALUES ('CXC-MTY-00000001', '") + id + "')");
+    }
     ASSERT_TRUE(service->RegisterPayment(cash_payment("CXC-MTY-00000001", 10))) << service->LastError();
     sql("UPDATE Pago_Cxc SET Pc_ID = '9999' WHERE Pc_ID = '0004'");
     ASSERT_TRUE(service->RegisterPayment(cash_payment("CXC-MTY-00000001", 10))) << service->LastError();

@@ -88,8 +88,9 @@ private:
         sqlite3_stmt* statement = nullptr;
         sqlite3_prepare_v2(handle(), table.insert.c_str(), -1, &statement, nullptr);
         for (const auto rows = connection.execute(table.select); !rows->eof(); rows->move_next()) {
-            for (std::size_t i = 0; i < table.columns.size(); ++i)
+            for (std::size_t i = 0; i < table.columns.size(); ++i) {
                 bind(statement, static_cast<int>(i + 1), rows->field(table.columns[i]));
+            }
             if (sqlite3_step(statement) != SQLITE_DONE) throw std::runtime_error(sqlite3_errmsg(handle()));
             sqlite3_reset(statement);
         }
@@ -111,8 +112,9 @@ private:
     }
 
     void run(const std::string& text) {
-        if (sqlite3_exec(handle(), text.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+        if (sqlite3_exec(handle(), text.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
             throw std::runtime_error(text + ": " + sqlite3_errmsg(handle()));
+        }
     }
 
     Sqlite_connection rows_;
@@ -153,8 +155,9 @@ private:
     /// Built once per program; each database starts as a copy of it.
     static sqlite3* template_of(std::string_view script) {
         static std::vector<std::pair<const char*, std::unique_ptr<Sqlite_connection>>> made;
-        for (const auto& [text, database] : made)
+        for (const auto& [text, database] : made) {
             if (text == script.data()) return sqlite::handle_of(*database);
+        }
         auto database =
             std::make_unique<Sqlite_connection>(":memory:", Sqlite_options{.synchronous = Synchronous::off});
         run_script(*database, schema_sql());

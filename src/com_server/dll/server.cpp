@@ -60,8 +60,9 @@ std::span<const Class_entry> classes() {
             list.add(clsid, "Cuvexa." + std::string(name), description, make, &library_id, L"1.0");
         };
         constexpr auto objects = object_makers(std::make_index_sequence<std::size(class_ids)>());
-        for (std::size_t at = 0; at < objects.size(); ++at)
+        for (std::size_t at = 0; at < objects.size(); ++at) {
             add(class_ids[at].class_id, class_ids[at].name, "Cuvexa - " + std::string(class_ids[at].name), objects[at]);
+        }
         constexpr auto records = record_makers(std::make_index_sequence<std::size(record_types)>());
         for (std::size_t at = 0; at < records.size(); ++at) {
             const Record_type& type = record_types[at];
@@ -93,8 +94,9 @@ HRESULT register_type_library(std::wstring path) {
 /// Whether the registered library is the one inside this module.
 bool is_registered_library() {
     String path;
-    if (FAILED(QueryPathOfRegTypeLib(library_id, library_major, library_minor, LOCALE_NEUTRAL, path.receive())))
+    if (FAILED(QueryPathOfRegTypeLib(library_id, library_major, library_minor, LOCALE_NEUTRAL, path.receive()))) {
         return false;
+    }
     const std::string registered = path.text().c_str();  // the system counts the null character in
     return same_name(wide(registered), wide(path_of(this_module())));
 }

@@ -62,8 +62,9 @@ private:
     bool continues_definition(std::string_view word, std::string_view previous, std::size_t position) const {
         if (same_text(previous, "ON") && is_one_of(word, std::array{"DELETE"sv, "UPDATE"sv})) return true;
         if (same_text(word, "IF") && is_one_of(previous, std::array{"TABLE"sv, "INDEX"sv, "VIEW"sv})) return true;
-        if (same_text(first_, "ALTER") && position == 3 && is_one_of(word, std::array{"ADD"sv, "ALTER"sv, "DROP"sv}))
+        if (same_text(first_, "ALTER") && position == 3 && is_one_of(word, std::array{"ADD"sv, "ALTER"sv, "DROP"sv})) {
             return true;
+        }
         return !is_one_of(word, begin_a_statement);
     }
 
@@ -84,8 +85,9 @@ void refuse_batch(std::string_view text, const std::vector<Token>& tokens) {
         if (tokens[i].kind != Token_kind::word || depth > 0) continue;
         const std::string_view word = tokens[i].in(text);
         const std::string_view previous = tokens[i - 1].in(text);
-        if (previous == "." || statement.goes_on_with(word, previous, i))
+        if (previous == "." || statement.goes_on_with(word, previous, i)) {
             continue;  // a column may be called as it likes
+        }
         throw Database_error("Solo se admite una instrucción a la vez: otra empieza en " + std::string(word) +
                              "; la instrucción no se envió a la base de datos");
     }

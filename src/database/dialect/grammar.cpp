@@ -36,8 +36,9 @@ Clause clause_at(const Node& node, Clause clause) {
     if (node.is_any_word({"FROM", "JOIN"})) return Clause::from;
     if (node.is_any_word({"INTO", "INSERT"})) return Clause::into;
     if (node.is_any_word({"GROUP", "ORDER"})) return Clause::order;
-    if (node.is_any_word({"SELECT", "VALUES", "WHERE", "ON", "SET", "HAVING", "OUTPUT", "LIMIT", "UNION"}))
+    if (node.is_any_word({"SELECT", "VALUES", "WHERE", "ON", "SET", "HAVING", "OUTPUT", "LIMIT", "UNION"})) {
         return Clause::other;
+    }
     return clause;
 }
 

@@ -20,10 +20,12 @@ constexpr std::array<Class, 256> make_classes() {
     for (int c = 'A'; c <= 'Z'; ++c) classes[c] = Class::letter;
     for (int c = '0'; c <= '9'; ++c) classes[c] = Class::digit;
     for (const char c : {' ', '\t', '\r', '\n', '\f', '\v'}) classes[static_cast<unsigned char>(c)] = Class::blank;
-    for (const char c : {'+', '*', '%', '&', '^', '~', ',', '='})
+    for (const char c : {'+', '*', '%', '&', '^', '~', ',', '='}) {
         classes[static_cast<unsigned char>(c)] = Class::symbol;
-    for (const char c : {'-', '/', '<', '>', '!', '|', '.', '(', ')', '[', '"', ';', '?', '@', ':', '$'})
+    }
+    for (const char c : {'-', '/', '<', '>', '!', '|', '.', '(', ')', '[', '"', ';', '?', '@', ':', '$'}) {
         classes[static_cast<unsigned char>(c)] = Class::special;
+    }
     classes['_'] = classes['#'] = Class::letter;
     classes['\''] = Class::quote;
     classes[0] = Class::nul;
@@ -74,15 +76,17 @@ private:
             case Class::nul:
                 refuse("El texto de la instrucción contiene un carácter nulo");
             case Class::unknown:
-                if (static_cast<unsigned char>(text_[at_]) < ' ')
+                if (static_cast<unsigned char>(text_[at_]) < ' ') {
                     refuse("El texto de la instrucción contiene un carácter de control");
+                }
                 return add(Token_kind::unknown, at_ + 1);
         }
     }
 
     void read_word() {
-        if ((text_[at_] == 'N' || text_[at_] == 'n') && look(at_ + 1) == Class::quote)
+        if ((text_[at_] == 'N' || text_[at_] == 'n') && look(at_ + 1) == Class::quote) {
             return add(Token_kind::text, end_of_quoted(at_ + 1, '\''));
+        }
         const std::size_t end = end_of_word(at_);
         if (marks_text(end)) refuse("El texto de la instrucción contiene un texto con prefijo (E, B, X o U&)");
         add(Token_kind::word, end);
@@ -99,12 +103,13 @@ private:
     std::size_t end_of_word(std::size_t at) const {
         for (;;) {
             const Class c = look(at);
-            if (c == Class::high)
+            if (c == Class::high) {
                 at = end_of_letter(at);
-            else if (c == Class::letter || c == Class::digit || character(at) == '$' || character(at) == '@')
+            } else if (c == Class::letter || c == Class::digit || character(at) == '$' || character(at) == '@') {
                 ++at;
-            else
+            } else {
                 return at;
+            }
         }
     }
 
@@ -117,8 +122,9 @@ private:
             while (look(end) == Class::digit) ++end;
         }
         if (character(end) == 'e' || character(end) == 'E') end = end_of_exponent(end);
-        if (character(end) == '.' || end_of_word(end) != end)
+        if (character(end) == '.' || end_of_word(end) != end) {
             refuse("El texto de la instrucción contiene un número mal escrito");
+        }
         add(Token_kind::number, end);
     }
 
@@ -164,9 +170,11 @@ private:
     }
 
     void read_end() {
-        for (++at_; at_ < text_.size(); ++at_)
-            if (look(at_) != Class::blank)
+        for (++at_; at_ < text_.size(); ++at_) {
+            if (look(at_) != Class::blank) {
                 refuse("El texto de la instrucción contiene una segunda instrucción después de «;»");
+            }
+        }
     }
 
     // Past the closing mark; a doubled mark stands for itself.

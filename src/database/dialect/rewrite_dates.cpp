@@ -16,8 +16,9 @@ public:
     void fill(Nodes& nodes) const {
         fill_insert(nodes);
         for (std::size_t i = 0; i < nodes.size(); ++i) {
-            if (i > 0 && nodes[i].is_group() && nodes[i - 1].is_any_word({"ISNULL", "COALESCE", "NULLIF"}))
+            if (i > 0 && nodes[i].is_group() && nodes[i - 1].is_any_word({"ISNULL", "COALESCE", "NULLIF"})) {
                 fill_arguments(nodes[i].children);
+            }
             if (i > 1 && is_comparison_sign(nodes[i - 1])) fill_pair(nodes, i);
             fill(nodes[i].children);
         }
@@ -54,10 +55,12 @@ private:
     void fill_arguments(Nodes& arguments) const {
         const std::vector<Nodes> parts = split_at_commas(arguments);
         if (std::none_of(parts.begin(), parts.end(),
-                         [&](const Nodes& part) { return !part.empty() && is_date(part.back()); }))
+                         [&](const Nodes& part) { return !part.empty() && is_date(part.back()); })) {
             return;
-        for (Node& node : arguments)
+        }
+        for (Node& node : arguments) {
             if (is_empty_text(node)) fill_text(node);
+        }
     }
 
     // INSERT INTO T (a, b) VALUES ('', ''), INSERT INTO T (a, b) SELECT '', ''

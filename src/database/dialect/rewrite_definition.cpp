@@ -14,10 +14,11 @@ public:
         nodes = without_storage(std::move(nodes));
         const bool table = nodes.size() > 1 && nodes[1].is_word("TABLE");
         if (!table) return without_table_of_index(std::move(nodes));
-        if (nodes.front().is_word("CREATE") && nodes.back().is_group())
+        if (nodes.front().is_word("CREATE") && nodes.back().is_group()) {
             nodes.back().children = columns(nodes.back().children);
-        else if (nodes.front().is_word("ALTER"))
+        } else if (nodes.front().is_word("ALTER")) {
             rewrite_added_column(nodes);
+        }
         return nodes;
     }
 
@@ -60,8 +61,9 @@ private:
     }
 
     Nodes column(Nodes part) const {
-        if (part.size() < 2 || part.front().is_any_word({"CONSTRAINT", "PRIMARY", "UNIQUE", "FOREIGN", "CHECK"}))
+        if (part.size() < 2 || part.front().is_any_word({"CONSTRAINT", "PRIMARY", "UNIQUE", "FOREIGN", "CHECK"})) {
             return part;
+        }
         if (const Type_rule* const type = part[1].is_name() ? dialect_.type(plain_name(part[1])) : nullptr) {
             if (part.size() > 2 && part[2].is_group()) cut(part, 2, 3);
             part[1] = word(type->column);

@@ -78,8 +78,9 @@ private:
     void add(Nodes& done, Node node, Clause clause) const {
         if (node.kind == Node::Kind::case_when) return done.push_back(case_when(std::move(node)));
         if (!node.is_group()) return done.push_back(std::move(node));
-        if (starts_query(node.children))
+        if (starts_query(node.children)) {
             return done.push_back(sub_select(std::move(node), stands_for_rows(done, clause)));
+        }
         if (!is_call(done, clause)) return done.push_back(parentheses(std::move(node), clause));
         Node name = std::move(done.back());
         done.back() = call(std::move(name), std::move(node));

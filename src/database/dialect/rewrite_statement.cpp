@@ -32,8 +32,9 @@ bool drop_row_name(Nodes& list, std::string_view row) {
 
 void complete_words(Nodes& statement) {
     if (statement.size() < 2) return;
-    if (statement[0].is_word("INSERT") && !statement[1].is_any_word({"INTO", "OR"}))
+    if (statement[0].is_word("INSERT") && !statement[1].is_any_word({"INTO", "OR"})) {
         insert_at(statement, 1, word("INTO"));
+    }
     if (statement[0].is_word("DELETE") && !statement[1].is_word("FROM")) insert_at(statement, 1, word("FROM"));
 }
 
@@ -53,8 +54,9 @@ void open_select(Nodes& insert) {
     Node& last = insert.back();
     if (find_word(insert, {"SELECT"}) < insert.size()) return;
     if (insert.front().is_word("INSERT") && last.is_group() && !last.children.empty() &&
-        last.children.front().is_word("SELECT"))
+        last.children.front().is_word("SELECT")) {
         last.kind = Node::Kind::span;
+    }
 }
 
 void move_output(Nodes& statement) {

@@ -16,8 +16,9 @@ bool has(const Nodes& nodes, std::initializer_list<std::string_view> words) {
 bool calls_aggregate(const Nodes& nodes) {
     for (std::size_t i = 0; i < nodes.size(); ++i) {
         if (nodes[i].is_any_word({"SUM", "MAX", "MIN", "COUNT", "AVG"}) && i + 1 < nodes.size() &&
-            nodes[i + 1].is_group())
+            nodes[i + 1].is_group()) {
             return true;
+        }
         if (!starts_query(nodes[i].children) && calls_aggregate(nodes[i].children)) return true;
     }
     return false;
@@ -27,8 +28,9 @@ bool calls_aggregate(const Nodes& nodes) {
 bool is_plain_value(const Nodes& nodes) {
     const auto is_comma = [](const Node& node) { return node.is_symbol(","); };
     if (nodes.empty() || std::any_of(nodes.begin(), nodes.end(), is_comma) || nodes.back().is_symbol("*")) return false;
-    for (std::size_t i = 1; i < nodes.size(); ++i)
+    for (std::size_t i = 1; i < nodes.size(); ++i) {
         if (!is_sign(nodes[i - 1]) && !is_sign(nodes[i]) && !nodes[i].is_symbol(".")) return false;
+    }
     return true;
 }
 

@@ -80,9 +80,11 @@ void join_texts(Nodes& nodes, const Dialect& dialect) {
 // Where texts compare by their type, a literal takes that of the other side.
 void collate_compared_literals(Nodes& nodes, const Dialect& dialect) {
     if (dialect.text_collation.empty()) return;
-    for (std::size_t i = 0; i + 1 < nodes.size(); ++i)
-        if (nodes[i].is_text_literal() && is_comparison(nodes[i + 1]) && (i == 0 || separates(nodes[i - 1])))
+    for (std::size_t i = 0; i + 1 < nodes.size(); ++i) {
+        if (nodes[i].is_text_literal() && is_comparison(nodes[i + 1]) && (i == 0 || separates(nodes[i - 1]))) {
             nodes[i] = without_case(std::move(nodes[i]), dialect);
+        }
+    }
 }
 
 }  // namespace cuvexa::dialect

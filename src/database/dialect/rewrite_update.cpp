@@ -71,10 +71,12 @@ std::string_view alias_of(const Joined_table& table) {
 
 // An alias goes before a table of that name, as it does for SQL Server.
 std::optional<std::size_t> find_target(const std::vector<Joined_table>& from, std::string_view target) {
-    for (std::size_t i = 0; i < from.size(); ++i)
+    for (std::size_t i = 0; i < from.size(); ++i) {
         if (same_text(alias_of(from[i]), target)) return i;
-    for (std::size_t i = 0; i < from.size(); ++i)
+    }
+    for (std::size_t i = 0; i < from.size(); ++i) {
         if (!from[i].table.empty() && names(from[i].table.front(), target)) return i;
+    }
     return std::nullopt;
 }
 

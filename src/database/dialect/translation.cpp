@@ -68,18 +68,20 @@ std::string folded_name(std::string_view name) {
 }
 
 void add_text(std::string& result, const Translation::Piece& piece) {
-    if (piece.folded_name)
+    if (piece.folded_name) {
         result += folded_name(piece.text);
-    else
+    } else {
         result += piece.literal >= 0 ? engine_literal(piece.text) : piece.text;
+    }
 }
 
 }  // namespace
 
 std::vector<std::size_t> Translation::pinned() const {
     std::vector<std::size_t> result;
-    for (const Piece& piece : pieces_)
+    for (const Piece& piece : pieces_) {
         if (piece.pinned) result.push_back(static_cast<std::size_t>(piece.literal));
+    }
     return result;
 }
 
@@ -96,10 +98,11 @@ std::string Translation::with_parameters() const {
     std::string result;
     for (const Piece& piece : pieces_) {
         if (!result.empty()) result += ' ';
-        if (piece.literal < 0 || piece.pinned)
+        if (piece.literal < 0 || piece.pinned) {
             add_text(result, piece);
-        else
+        } else {
             (result += '?') += std::to_string(piece.literal + 1);
+        }
     }
     return result;
 }
@@ -112,8 +115,9 @@ Translation translate(std::string_view text, const std::vector<Token>& tokens, c
         add_pieces(flat_nodes(text, tokens), dialect.folds_names, pieces);
         return {std::move(pieces), true};
     }
-    for (const Statement_rule& rule : dialect.statements)
+    for (const Statement_rule& rule : dialect.statements) {
         if (is_statement(*nodes, rule.statement)) return {{{rule.replacement}}, true};
+    }
     const bool definition = is_definition(*nodes);
     if (!dates.empty() && !definition) fill_empty_dates(*nodes, dates);
     add_pieces(

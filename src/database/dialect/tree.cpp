@@ -47,14 +47,16 @@ private:
         ++at_;
         Node node;
         node.kind = kind;
-        if (depth >= deepest)
+        if (depth >= deepest) {
             ok_ = false;
-        else
+        } else {
             node.children = read(until, depth + 1);
-        if (ok_ && at_ < tokens_.size())
+        }
+        if (ok_ && at_ < tokens_.size()) {
             ++at_;
-        else
+        } else {
             ok_ = false;
+        }
         return node;
     }
 
@@ -67,12 +69,13 @@ private:
                 return nodes;
             }
             if (until == Until::case_end && next_is_word("END")) return nodes;
-            if (kind == Token_kind::open)
+            if (kind == Token_kind::open) {
                 nodes.push_back(nested(Node::Kind::group, Until::close, depth));
-            else if (next_is_word("CASE"))
+            } else if (next_is_word("CASE")) {
                 nodes.push_back(nested(Node::Kind::case_when, Until::case_end, depth));
-            else
+            } else {
                 nodes.push_back(leaf());
+            }
         }
         if (until != Until::end) ok_ = false;
         return nodes;
@@ -136,10 +139,11 @@ std::vector<Nodes> split_at_commas(const Nodes& nodes) {
     if (nodes.empty()) return parts;
     parts.emplace_back();
     for (const Node& node : nodes) {
-        if (node.is_symbol(","))
+        if (node.is_symbol(",")) {
             parts.emplace_back();
-        else
+        } else {
             parts.back().push_back(node);
+        }
     }
     return parts;
 }

@@ -17,8 +17,9 @@ std::string trimmed_end(std::string text) {
 }  // namespace
 
 Handle::Handle(SQLSMALLINT kind, SQLHANDLE parent) : kind_(kind) {
-    if (!SQL_SUCCEEDED(SQLAllocHandle(kind, parent, &handle_)))
+    if (!SQL_SUCCEEDED(SQLAllocHandle(kind, parent, &handle_))) {
         throw Database_error("No hay memoria para la conexión con el servidor de base de datos");
+    }
 }
 
 std::vector<Diagnostic> diagnostics(const Handle& handle) {
@@ -29,8 +30,9 @@ std::vector<Diagnostic> diagnostics(const Handle& handle) {
         SQLINTEGER native = 0;
         SQLSMALLINT length = 0;
         if (!SQL_SUCCEEDED(SQLGetDiagRecW(handle.kind(), handle, record, state.data(), &native, wide(message),
-                                          static_cast<SQLSMALLINT>(message.size()), &length)))
+                                          static_cast<SQLSMALLINT>(message.size()), &length))) {
             break;
+        }
         const auto taken =
             std::min<std::size_t>(static_cast<std::size_t>(std::max<SQLSMALLINT>(length, 0)), message.size() - 1);
         records.push_back({std::string(state.begin(), state.end() - 1), native,

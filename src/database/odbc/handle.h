@@ -33,7 +33,7 @@ inline SQLWCHAR* wide(std::u16string& text) noexcept {
 }
 
 inline SQLPOINTER number_attribute(std::uintptr_t value) noexcept {
-    return reinterpret_cast<SQLPOINTER>(value);
+    return reinterpret_cast<SQLPOINTER>(value);  // NOLINT(performance-no-int-to-ptr): ODBC takes numbers so
 }
 
 /// One record of what a handle says about the last call.

@@ -37,9 +37,10 @@ std::uint64_t Odbc_connection::conflicts() const noexcept {
 void Odbc_connection::prepare_database() {
     odbc::Session& session = parts_->session;
     if (!session.server().preparation.empty()) session.run(session.server().preparation);
-    if (session.run(session.server().letters_are_equal)->eof())
+    if (session.run(session.server().letters_are_equal)->eof()) {
         throw Database_error(
             "La base de datos distingue mayúsculas de minúsculas; créela con una intercalación que no las distinga");
+    }
 }
 
 Date_style Odbc_connection::date_style() const noexcept {

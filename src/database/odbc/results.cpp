@@ -44,8 +44,9 @@ private:
         SQLSMALLINT length = 0, type = 0, digits = 0, nullable = 0;
         SQLULEN size = 0;
         if (!SQL_SUCCEEDED(SQLDescribeColW(statement_, column, wide(name), static_cast<SQLSMALLINT>(name.size()),
-                                           &length, &type, &size, &digits, &nullable)))
+                                           &length, &type, &size, &digits, &nullable))) {
             fail_();
+        }
         types_.push_back(type);
         return database::utf8_from(std::u16string_view(name).substr(0, static_cast<std::size_t>(length)));
     }
@@ -79,10 +80,11 @@ private:
         SQLLEN length = 0;
         if (!SQL_SUCCEEDED(SQLGetData(statement_, column, type, &cell, sizeof cell, &length))) fail_();
         if (length == SQL_NULL_DATA) return rows.add_null();
-        if constexpr (std::is_same_v<Cell, SQL_TIMESTAMP_STRUCT>)
+        if constexpr (std::is_same_v<Cell, SQL_TIMESTAMP_STRUCT>) {
             rows.add(date_from(cell));
-        else
+        } else {
             rows.add(cell);
+        }
     }
 
     // In pieces, until the driver has no more.

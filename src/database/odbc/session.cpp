@@ -27,8 +27,9 @@ Session::Session(const std::string& connection_string, const Odbc_options& optio
     server_ = &database::server_called(name_);
     if (!server_->ends_statements()) statement_timeout_s_ = options.statement_timeout_s;
     for (const std::string& statement :
-         server_->session_statements({options.lock_timeout_ms, options.statement_timeout_s}))
+         server_->session_statements({options.lock_timeout_ms, options.statement_timeout_s})) {
         run(statement);
+    }
 }
 
 Session::~Session() {
@@ -81,17 +82,20 @@ bool Session::is_conflict(const std::vector<Diagnostic>& records) const {
 }
 
 bool Session::is_lost(const std::vector<Diagnostic>& records) const {
-    for (const Diagnostic& record : records)
+    for (const Diagnostic& record : records) {
         if (server_->says_lost(record.state)) return true;
+    }
     SQLUINTEGER dead = SQL_CD_FALSE;
     SQLGetConnectAttrW(*database_, SQL_ATTR_CONNECTION_DEAD, &dead, sizeof dead, nullptr);
     return dead == SQL_CD_TRUE;
 }
 
 std::string Session::without_secrets(std::string text) const {
-    for (const std::string& secret : secrets_)
-        for (std::size_t at = text.find(secret); at != std::string::npos; at = text.find(secret, at + 3))
+    for (const std::string& secret : secrets_) {
+        for (std::size_t at = text.find(secret); at != std::string::npos; at = text.find(secret, at + 3)) {
             text.replace(at, secret.size(), "***");
+        }
+    }
     return text;
 }
 

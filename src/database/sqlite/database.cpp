@@ -38,8 +38,9 @@ std::string description(sqlite3* database, int code) {
 }
 
 void run(sqlite3* database, const std::string& text) {
-    if (const int code = sqlite3_exec(database, text.c_str(), nullptr, nullptr, nullptr); code != SQLITE_OK)
+    if (const int code = sqlite3_exec(database, text.c_str(), nullptr, nullptr, nullptr); code != SQLITE_OK) {
         fail(database, code);
+    }
 }
 
 std::string pragma(sqlite3* database, const char* text) {

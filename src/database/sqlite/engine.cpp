@@ -20,11 +20,11 @@ using dialect::Token;
 using dialect::Translation;
 
 // A shape longer than this is run and forgotten, so that what is kept stays small whatever the texts.
-constexpr std::size_t longest_kept_shape = 16 * 1024;
+constexpr std::size_t longest_kept_shape = std::size_t{16} * 1024;
 // The engine compares the parameters of a statement in pairs; a long list costs less with its literals in place.
 constexpr std::size_t most_parameters = 250;
 
-constexpr std::size_t largest_idle_buffer = 256 * 1024;
+constexpr std::size_t largest_idle_buffer = std::size_t{256} * 1024;
 
 [[noreturn]] void refuse_empty() {
     throw Database_error("La instrucción está vacía");
@@ -38,8 +38,9 @@ void bind_number(sqlite3_stmt* statement, int parameter, std::string_view text) 
         return;
     }
     double real = 0;
-    if (std::from_chars(text.data(), end, real).ec == std::errc::result_out_of_range)
+    if (std::from_chars(text.data(), end, real).ec == std::errc::result_out_of_range) {
         real = std::strtod(std::string(text).c_str(), nullptr);
+    }
     sqlite3_bind_double(statement, parameter, real);
 }
 
@@ -125,11 +126,13 @@ Kept_statement Engine::prepare(std::string_view text) {
     const Translation translation = dialect::translate(text, tokens_, dialect::sqlite);
     Kept_statement result;
     result.shape = shape_.marked();
-    if (translation.takes_parameters() && shape_.literals() <= most_parameters)
+    if (translation.takes_parameters() && shape_.literals() <= most_parameters) {
         result.statement = try_prepare(translation.with_parameters());
+    }
     if (result.statement) {
-        for (const std::size_t literal : translation.pinned())
+        for (const std::size_t literal : translation.pinned()) {
             result.pinned.emplace_back(literal, shape_.literal(literal));
+        }
         result.parameters = sqlite3_bind_parameter_count(result.statement.get());
     } else {
         // With its literals in place the statement may be accepted after all; if not, the engine names them.
@@ -171,10 +174,11 @@ void Engine::bind(const Kept_statement& kept) {
     const std::size_t count = std::min(shape_.literals(), static_cast<std::size_t>(std::max(kept.parameters, 0)));
     for (std::size_t i = 0; i < count; ++i) {
         const int parameter = static_cast<int>(i + 1);
-        if (shape_.is_number(i))
+        if (shape_.is_number(i)) {
             bind_number(kept.statement.get(), parameter, shape_.literal(i));
-        else
+        } else {
             bind_text(kept.statement.get(), parameter, shape_.literal(i));
+        }
     }
 }
 

@@ -18,8 +18,9 @@ struct Single {
 void single_step(sqlite3_context* context, int, sqlite3_value** arguments) {
     auto* single = static_cast<Single*>(sqlite3_aggregate_context(context, sizeof(Single)));
     if (single == nullptr) return sqlite3_result_error_nomem(context);
-    if (single->value != nullptr)
+    if (single->value != nullptr) {
         return sqlite3_result_error(context, "La subconsulta devolvió más de un valor donde se espera uno solo", -1);
+    }
     single->value = sqlite3_value_dup(arguments[0]);
     if (single->value == nullptr) sqlite3_result_error_nomem(context);
 }

@@ -11,8 +11,9 @@
 namespace cuvexa {
 
 Synchronous synchronous_named(std::string_view name) {
-    for (const Synchronous value : {Synchronous::full, Synchronous::normal, Synchronous::off})
+    for (const Synchronous value : {Synchronous::full, Synchronous::normal, Synchronous::off}) {
         if (same_text(name, sqlite::name_of(value))) return value;
+    }
     throw Database_error("No existe la sincronización: " + std::string(name) + " (full, normal, off)");
 }
 

@@ -150,8 +150,9 @@ QWidget* Form_dialog::make_widget(Control& control) {
     if (auto* picker = dynamic_cast<DatePicker*>(&control)) return make_picker(*picker);
     if (auto* button = dynamic_cast<Bar_button*>(&control)) return make_button(*button);
     auto* label = new QLabel;
-    if (&control != form_.rows().front().label && form_.rows().back().field == &control)
+    if (&control != form_.rows().front().label && form_.rows().back().field == &control) {
         label->setProperty("role", "note");
+    }
     return label;
 }
 

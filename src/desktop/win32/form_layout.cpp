@@ -126,8 +126,9 @@ HBRUSH Form_dialog::dress(HDC dc, HWND child) {
         } else if (item.window == child) {
             if (!IsRectEmpty(&item.frame)) ground = looks().ground(state_of(item));
             if (!item.control->Enabled()) text = colors.disabled_text;
-            if (form_.rows().back().field == item.control && dynamic_cast<CaptionLabel*>(item.control))
+            if (form_.rows().back().field == item.control && dynamic_cast<CaptionLabel*>(item.control)) {
                 text = colors.quiet_text;
+            }
         }
     }
     if (child == title_) text = colors.accent;

@@ -85,8 +85,9 @@ void Form_dialog::add(Control& control) {
 
 HWND Form_dialog::make_window(Control& control, int id) {
     if (dynamic_cast<LookupTextBox*>(&control)) return make_field(id);
-    if (auto* box = dynamic_cast<Check_box*>(&control))
+    if (auto* box = dynamic_cast<Check_box*>(&control)) {
         return add_child(L"BUTTON", label_text(box->caption), WS_TABSTOP | BS_CHECKBOX | BS_NOTIFY, id);
+    }
     if (dynamic_cast<DatePicker*>(&control)) return make_picker(id);
     if (auto* button = dynamic_cast<Bar_button*>(&control)) {
         const std::wstring caption = label_text(button->caption + "   " + button->shortcut);
@@ -285,16 +286,18 @@ void Form_dialog::notified(const NMHDR& notice) {
     if (notice.code == NM_SETFOCUS || notice.code == NM_KILLFOCUS) InvalidateRect(window(), &item->frame, FALSE);
     if (notice.code == DTN_DATETIMECHANGE && !refreshing_) {
         const auto& change = reinterpret_cast<const NMDATETIMECHANGE&>(notice);
-        if (change.dwFlags == GDT_VALID)
+        if (change.dwFlags == GDT_VALID) {
             form_.pick(*picker, make_date(change.st.wYear, change.st.wMonth, change.st.wDay));
+        }
     }
 }
 
 /// Later than the system's notice, when the focus has settled: the form may send it back.
 void Form_dialog::focus_settled(int id) {
     const auto* item = item_with(id);
-    if (item && form_.visible() && item->control != form_.active() && GetFocus() == item->window)
+    if (item && form_.visible() && item->control != form_.active() && GetFocus() == item->window) {
         form_.go_to(*item->control);
+    }
 }
 
 void Form_dialog::clicked_beside(POINT at) {

@@ -12,8 +12,9 @@ public:
         found_.window = window;
         EnumThreadWindows(GetCurrentThreadId(), &add, reinterpret_cast<LPARAM>(&found_));
         const auto& others = found_.others;
-        if (owner && IsWindowEnabled(owner) && std::find(others.begin(), others.end(), owner) == others.end())
+        if (owner && IsWindowEnabled(owner) && std::find(others.begin(), others.end(), owner) == others.end()) {
             found_.others.push_back(owner);
+        }
         for (const HWND other : found_.others) EnableWindow(other, FALSE);
     }
     ~Disabled_windows() {

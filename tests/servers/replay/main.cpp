@@ -88,8 +88,9 @@ Engine on_server(const std::string& connection_string, std::vector<std::string>&
     SQLAllocHandle(SQL_HANDLE_DBC, environment, &connection);
     std::u16string utf16 = database::utf16_from(connection_string);
     if (!SQL_SUCCEEDED(SQLDriverConnectW(connection, nullptr, wide(utf16), static_cast<SQLSMALLINT>(utf16.size()),
-                                         nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT)))
+                                         nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT))) {
         throw std::runtime_error("the server does not let a session in");
+    }
     return [connection](const std::string& text) { return execute(connection, text); };
 }
 #else
@@ -131,8 +132,9 @@ int run(const std::string& database, const std::vector<const char*>& traces) {
     for (const char* trace : traces) begin_child(database, trace, ready, start);
     close(ready[1]);
     char byte;
-    for (std::size_t i = 0; i < traces.size(); ++i)
+    for (std::size_t i = 0; i < traces.size(); ++i) {
         if (read(ready[0], &byte, 1) != 1) return 1;
+    }
     const auto begin = std::chrono::steady_clock::now();
     close(start[1]);
     int refused = 0;

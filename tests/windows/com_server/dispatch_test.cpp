@@ -239,8 +239,9 @@ TEST_F(Arguments_of_calls, a_number_that_does_not_fit_is_an_overflow_and_a_word_
 }
 
 TEST_F(Arguments_of_calls, null_is_no_value_of_any_type) {
-    for (const wchar_t* member : {L"Take_integer", L"Take_real", L"Take_boolean", L"Take_date", L"Take_text"})
+    for (const wchar_t* member : {L"Take_integer", L"Take_real", L"Take_boolean", L"Take_date", L"Take_text"}) {
         EXPECT_EQ(refusal(member, of_type(VT_NULL, 0)), DISP_E_TYPEMISMATCH) << utf8(member);
+    }
 }
 
 TEST_F(Arguments_of_calls, reals_booleans_dates_and_texts_convert) {

@@ -312,8 +312,9 @@ public:
     HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* parameters, VARIANT* value,
                                      EXCEPINFO*, UINT*) override {
         auto& held = values_.at(static_cast<std::size_t>(id));
-        if (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF))
+        if (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) {
             return VariantCopyInd(held.get(), &parameters->rgvarg[0]);
+        }
         return VariantCopy(value, held.get());
     }
 
@@ -326,8 +327,10 @@ private:
     }
     std::size_t place(const std::wstring& name) const {
         std::size_t at = 0;
-        while (at < names_.size() && CompareStringOrdinal(names_[at].c_str(), -1, name.c_str(), -1, TRUE) != CSTR_EQUAL)
+        while (at < names_.size() &&
+               CompareStringOrdinal(names_[at].c_str(), -1, name.c_str(), -1, TRUE) != CSTR_EQUAL) {
             ++at;
+        }
         return at;
     }
 

@@ -201,8 +201,9 @@ std::string signature(const Pointer<ITypeInfo>& type, const Function& function) 
         const USHORT flags = element.paramdesc.wParamFlags;
         line += described(type, element.tdesc);
         const std::size_t name = static_cast<std::size_t>(at) + 1;
-        if (!(flags & PARAMFLAG_FRETVAL) && name < names.size() && function->invkind == INVOKE_FUNC)
+        if (!(flags & PARAMFLAG_FRETVAL) && name < names.size() && function->invkind == INVOKE_FUNC) {
             line += " " + names[name];
+        }
         if (flags & PARAMFLAG_FIN) line += " in";
         if (flags & PARAMFLAG_FOUT) line += " out";
         if (flags & PARAMFLAG_FOPT) line += " optional";
@@ -255,12 +256,15 @@ TEST_P(Type_library, carries_the_name_identifier_and_version_of_the_component) {
 
 TEST_P(Type_library, holds_the_records_in_their_order_then_the_interfaces_then_the_classes_and_nothing_else) {
     std::vector<std::string> expected, found;
-    for (const Record_type& record : record_types)
+    for (const Record_type& record : record_types) {
         expected.push_back(std::string(record.name) + " " + std::to_string(TKIND_RECORD));
-    for (const Automation_class& type : automation_classes())
+    }
+    for (const Automation_class& type : automation_classes()) {
         expected.push_back(std::string(type.interface_name) + " " + std::to_string(TKIND_DISPATCH));
-    for (const Automation_class& type : automation_classes())
+    }
+    for (const Automation_class& type : automation_classes()) {
         expected.push_back(std::string(type.name) + " " + std::to_string(TKIND_COCLASS));
+    }
     for (UINT at = 0; at < read.library->GetTypeInfoCount(); ++at) {
         TYPEKIND kind;
         check(read.library->GetTypeInfoType(at, &kind));
@@ -446,8 +450,9 @@ TEST_P(Type_library, says_in_its_file_where_the_functions_stand_for_its_bitness)
     const auto pointer = static_cast<unsigned>(read.pointer_size());
     for (std::size_t at = 0; at < automation_classes().size(); ++at) {
         std::vector<unsigned> expected;
-        for (unsigned place = 0; place <= automation_classes()[at].members.size(); ++place)
+        for (unsigned place = 0; place <= automation_classes()[at].members.size(); ++place) {
             expected.push_back((7 + place) * pointer);
+        }
         EXPECT_EQ(table_places(written.path, std::size(record_types) + at), expected);
     }
 }

@@ -63,8 +63,9 @@ TEST_F(User_registration, writes_for_the_user_alone_and_takes_all_of_it_back) {
     EXPECT_THAT(Key::existing(user.get(), L"Software\\Classes").keys(), ElementsAre(L"Other"));
     EXPECT_TRUE(Key::existing(machine.get(), {}).empty());
     // Where the system keeps type libraries and interfaces only their own, empty folders may be left.
-    for (const std::wstring& folder : Key::existing(classes.get(), {}).keys())
+    for (const std::wstring& folder : Key::existing(classes.get(), {}).keys()) {
         EXPECT_TRUE(Key::existing(classes.get(), folder).empty()) << utf8(folder);
+    }
 }
 
 }  // namespace

@@ -230,8 +230,9 @@ TEST_F(Virtual_table, lets_and_gets_every_extra_under_its_own_name) {
     const wchar_t* names[] = {L"Rp_Cve_Banco", L"Rp_Vendedor", L"Rp_Comisionista",
                               L"Rp_Promotor",  L"Rp_Chofer",   L"Rp_Cobratario"};
     const auto late = extras.as<IDispatch>(IID_IDispatch);
-    for (std::size_t at = 0; at < std::size(names); ++at)
+    for (std::size_t at = 0; at < std::size(names); ++at) {
         EXPECT_EQ(text(get(late, names[at])), "valor " + std::to_string(at));
+    }
 }
 
 }  // namespace

@@ -19,8 +19,9 @@ TEST(Engine, is_the_release_that_the_distribution_has_with_the_options_that_matt
     EXPECT_STREQ(sqlite3_libversion(), "3.40.1");
     for (const char* option :
          {"THREADSAFE=1", "ENABLE_MATH_FUNCTIONS", "ENABLE_COLUMN_METADATA", "MAX_VARIABLE_NUMBER=250000",
-          "SECURE_DELETE", "SOUNDEX", "LIKE_DOESNT_MATCH_BLOBS", "USE_URI", "HAVE_ISNAN"})
+          "SECURE_DELETE", "SOUNDEX", "LIKE_DOESNT_MATCH_BLOBS", "USE_URI", "HAVE_ISNAN"}) {
         EXPECT_TRUE(sqlite3_compileoption_used(option)) << option;
+    }
 }
 
 TEST(Engine, a_text_in_double_quotes_is_a_name) {

@@ -22,8 +22,9 @@ std::pair<DWORD, std::string> cuvexa(const std::string& words) {
     CloseHandle(write);
     std::string output;
     char part[4096];
-    for (DWORD size = 0; started && ReadFile(read, part, sizeof part, &size, nullptr) && size > 0;)
+    for (DWORD size = 0; started && ReadFile(read, part, sizeof part, &size, nullptr) && size > 0;) {
         output.append(part, size);
+    }
     CloseHandle(read);
     if (!started) return {DWORD(-1), "not started"};
     WaitForSingleObject(process.hProcess, INFINITE);

@@ -69,10 +69,11 @@ TEST_F(Published, members_are_found_by_name_whatever_the_case_and_numbered_in_th
     EXPECT_EQ(ids[0], 1);
     EXPECT_EQ(ids[1], DISPID_UNKNOWN);
     DISPPARAMS none{};
-    for (const DISPID outside : {0, 10, -5})
+    for (const DISPID outside : {0, 10, -5}) {
         EXPECT_EQ(
             data->Invoke(outside, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr),
             DISP_E_MEMBERNOTFOUND);
+    }
 }
 
 TEST_F(Published, calls_with_the_wrong_arguments_are_refused) {
@@ -148,10 +149,11 @@ TEST_F(Published, the_rows_affected_come_back_by_reference) {
         Any given[3];
         given[0] = any("UPDATE Banco SET Bn_Descripcion = 'x' WHERE Bn_Cve_Banco <> 'VIEJO'");
         given[1]->vt = VT_BYREF | kind;
-        if (kind == VT_I4)
+        if (kind == VT_I4) {
             given[1]->plVal = reinterpret_cast<LONG*>(&affected);
-        else
+        } else {
             given[1]->pvarVal = &variable;
+        }
         given[2] = any(std::int32_t{-1});
         auto database = connection();
         Late_object none(object_in(*database.invoke("Execute", DISPATCH_METHOD, given).get()));
@@ -175,8 +177,9 @@ TEST_F(Published, what_is_closed_says_so) {
     Late_object fields(object_in(*recordset.get("Fields").get()));
     recordset.call("Close");
     EXPECT_EQ(integer_in(*recordset.get("State").get()), 0);
-    for (const char* member : {"EOF", "BOF", "Fields"})
+    for (const char* member : {"EOF", "BOF", "Fields"}) {
         EXPECT_EQ(raised_by([&] { recordset.get(member); }).first, 3704) << member;
+    }
     EXPECT_EQ(raised_by([&] { fields.get("Count"); }).first, 3704);
     EXPECT_EQ(raised_by([&] { recordset.call("Close"); }).first, 3704);
 

@@ -58,13 +58,15 @@ std::vector<std::string> differences(const Registry& before, const Registry& aft
     std::vector<std::string> lines;
     for (const auto& [name, value] : after) {
         const auto old = before.find(name);
-        if (old == before.end())
+        if (old == before.end()) {
             lines.push_back("+ " + utf8(name));
-        else if (old->second != value)
+        } else if (old->second != value) {
             lines.push_back("~ " + utf8(name));
+        }
     }
-    for (const auto& [name, value] : before)
+    for (const auto& [name, value] : before) {
         if (!after.contains(name)) lines.push_back("- " + utf8(name));
+    }
     return lines;
 }
 
@@ -187,8 +189,9 @@ TEST(Published_registration, regsvr32_registers_seven_classes_and_takes_them_bac
         GetModuleFileNameW(nullptr, program, MAX_PATH);
         const std::wstring folder = std::wstring(program).substr(0, std::wstring(program).rfind(L'\\'));
         if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, folder.c_str(), &start,
-                            &process))
+                            &process)) {
             return DWORD(-1);
+        }
         WaitForSingleObject(process.hProcess, INFINITE);
         DWORD code = DWORD(-1);
         GetExitCodeProcess(process.hProcess, &code);

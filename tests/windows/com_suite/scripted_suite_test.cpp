@@ -160,8 +160,9 @@ TEST_F(Scripted_suite, a_record_is_an_object_with_a_property_per_field) {
     object->on("RegisterPayment", [&](auto given, VARIANT& result, EXCEPINFO&) {
         for (const char* name :
              {"ReceivableFolio", "Amount", "Date", "ConceptText", "SourceTable", "SourceDocument", "Reference",
-              "Currency", "ExchangeRate", "PaymentMethod", "UpdateBalance", "ValidateBalance", "RegisterDocument"})
+              "Currency", "ExchangeRate", "PaymentMethod", "UpdateBalance", "ValidateBalance", "RegisterDocument"}) {
             seen.push_back(property(*given[0], name));
+        }
         result = any(true).release();
         return S_OK;
     });
@@ -187,8 +188,9 @@ TEST_F(Scripted_suite, a_record_refuses_names_and_values_that_do_not_fit) {
 
 TEST_F(Scripted_suite, the_document_that_the_suite_made_comes_back_filled) {
     const auto document = Pointer<Scripted>::owning(new Scripted);
-    for (const char* text : {"Supplier", "Branch", "Comment", "SourceTable", "SourceDocument", "Reference"})
+    for (const char* text : {"Supplier", "Branch", "Comment", "SourceTable", "SourceDocument", "Reference"}) {
         document->gives(text, any(""));
+    }
     for (const char* number : {"Amount", "NetAmount", "ExchangeRate"}) document->gives(number, any(1.5));
     for (const char* date : {"Date", "DueDate"}) document->gives(date, any(make_date(2024, 3, 15)));
     document->gives("Currency", any("MXN"));

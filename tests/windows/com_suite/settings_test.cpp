@@ -129,8 +129,9 @@ TEST_F(Settings, a_machine_with_nothing_gets_the_sample_company_to_try_things_on
     }
     EXPECT_EQ(make_embedded_suite({})->data()->GetNextFolio("MTY", "CHEQUE"), "CH-MTY-00000002") << "it is kept";
     std::size_t files = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(wide(folder / "local\\Cuvexa")))
+    for (const auto& entry : std::filesystem::directory_iterator(wide(folder / "local\\Cuvexa"))) {
         files += entry.exists();
+    }
     EXPECT_EQ(files, 1u) << "and nothing else is left beside it";
 }
 

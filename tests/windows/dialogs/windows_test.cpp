@@ -67,8 +67,9 @@ TEST(Win32_windows, and_with_the_mouse_alone) {
             RECT row{};
             ListView_GetItemRect(Desk::child(id_table), 2, &row, LVIR_BOUNDS);
             const LPARAM at = MAKELPARAM(row.left + 5, (row.top + row.bottom) / 2);
-            for (const UINT message : {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_LBUTTONUP})
+            for (const UINT message : {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_LBUTTONUP}) {
                 PostMessageW(Desk::child(id_table), message, message == WM_LBUTTONUP ? 0 : MK_LBUTTON, at);
+            }
         },
         text_is(account, "SRR-MXN"),
         click("chkFirme"),
@@ -408,8 +409,9 @@ TEST(Win32_windows, a_window_that_was_disabled_before_stays_so) {
 bool enabled_in_time = false;
 HWND watched_owner = nullptr;
 LRESULT CALLBACK watch(int code, WPARAM wparam, LPARAM lparam) {
-    if (code == HCBT_DESTROYWND && GetWindow(reinterpret_cast<HWND>(wparam), GW_OWNER) == watched_owner)
+    if (code == HCBT_DESTROYWND && GetWindow(reinterpret_cast<HWND>(wparam), GW_OWNER) == watched_owner) {
         enabled_in_time = IsWindowEnabled(watched_owner) != FALSE;
+    }
     return CallNextHookEx(nullptr, code, wparam, lparam);
 }
 

@@ -69,8 +69,9 @@ const Module* in_use = nullptr;
 /// The library starts its module again with the next object.
 void forget_library_module() {
     using Can_unload = HRESULT(STDAPICALLTYPE*)();
-    if (const HMODULE library = GetModuleHandleW(L"Cuvexa.dll"))
+    if (const HMODULE library = GetModuleHandleW(L"Cuvexa.dll")) {
         reinterpret_cast<Can_unload>(reinterpret_cast<void*>(GetProcAddress(library, "DllCanUnloadNow")))();
+    }
 }
 
 }  // namespace

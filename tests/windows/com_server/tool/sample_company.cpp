@@ -25,8 +25,9 @@ int wmain(int count, wchar_t** arguments) {
         Sqlite_connection connection(file);
         const auto rows = connection.execute(com::utf8(arguments[2]));
         for (; !rows->eof(); rows->move_next()) {
-            for (int at = 3; at < count; ++at)
+            for (int at = 3; at < count; ++at) {
                 std::printf("%s%s", at > 3 ? "|" : "", to_text(rows->field(com::utf8(arguments[at]))).c_str());
+            }
             std::printf("\n");
         }
         return 0;
