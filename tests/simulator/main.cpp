@@ -1,0 +1,161 @@
+// cuvexa_simulate: random companies, each served by the component and by its model, and compared after every call.
+#include <chrono>
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <map>
+#include <optional>
+
+#include <CLI/CLI.hpp>
+
+#include "simulator/generator.h"
+#include "simulator/script_file.h"
+#include "simulator/shrink.h"
+
+namespace cuvexa::simulator {
+namespace {
+
+struct Options {
+    std::uint64_t seed = 1;
+    bool seed_of_the_day = false;
+    long calls = 0;
+    double minutes = 0;
+    int steps = 400;  ///< of one company
+    int users = 3;
+    bool statistics = false;
+    std::string out = ".";
+    std::string replay;
+};
+
+/// How often each member was called, and how often it did what it was asked.
+struct Count {
+    long calls = 0, done = 0;
+    std::map<std::string, long> errors;
+};
+
+struct Tally {
+    long calls = 0;
+    long companies = 0;
+    std::map<std::string, Count> members;
+
+    void add(const Step& step, const Stage& stage) {
+        if (step.kind != Step::Kind::call) return;
+        ++calls;
+        Count& count = members[step.name];
+        ++count.calls;
+        if (stage.succeeded()) ++count.done;
+        if (const auto* treasury = stage.treasury(step.object); treasury != nullptr && !stage.succeeded())
+            ++count.errors[without_values(treasury->Error)];
+    }
+
+    /// A text without what stands in it by the way: digits.
+    static std::string without_values(std::string text) {
+        std::erase_if(text, [](char c) { return (c >= '0' && c <= '9') || c == '\r'; });
+        std::replace(text.begin(), text.end(), '\n', '|');
+        return text.substr(0, 160);
+    }
+};
+
+/// The script of one company, as far as the two agree.
+std::optional<Finding> simulate(std::uint64_t seed, const Options& options, Tally& tally) {
+    Stage stage;
+    Generator generator({.seed = seed, .users = options.users});
+    Script script;
+    for (int at = 0; at < options.steps; ++at) {
+        script.push_back(generator.next(stage));
+        std::vector<std::string> differences = stage.run(script.back());
+        if (!differences.empty()) return Finding{std::move(script), std::move(differences), stage.made()};
+        generator.observe(stage, script.back());
+        tally.add(script.back(), stage);
+    }
+    std::vector<std::string> differences = stage.run_end();
+    if (!differences.empty()) return Finding{std::move(script), std::move(differences), stage.made()};
+    ++tally.companies;
+    return std::nullopt;
+}
+
+void report(const Finding& finding, const std::string& name, const Options& options) {
+    for (const std::string& difference : finding.differences) std::cerr << difference << "\n";
+    const auto folder = std::filesystem::path(options.out);
+    std::filesystem::create_directories(folder);
+    std::ofstream script(folder / (name + ".script")), session(folder / (name + ".sh"));
+    write_script(finding.script, script);
+    write_session(finding.script, finding.made, finding.differences, session);
+    std::cerr << finding.script.size() << " steps show it: " << (folder / (name + ".sh")).string() << "\n";
+}
+
+void print(const Tally& tally) {
+    for (const auto& [member, count] : tally.members) {
+        std::cout << member << ": " << count.calls << " calls, " << count.done << " done\n";
+        for (const auto& [error, times] : count.errors) std::cout << "    " << times << " × " << error << "\n";
+    }
+}
+
+std::uint64_t seed_of_today() {
+    const Calendar day = calendar(local_today());
+    return static_cast<std::uint64_t>((day.year * 100 + day.month) * 100 + day.day) * 1'000'000;
+}
+
+int replay(const Options& options) {
+    std::ifstream in(options.replay);
+    const auto finding = play(read_script(in));
+    if (!finding) {
+        std::cout << "The component and its model agree.\n";
+        return 0;
+    }
+    report(*finding, std::filesystem::path(options.replay).stem().string(), options);
+    return 1;
+}
+
+int run(const Options& options) {
+    if (!options.replay.empty()) return replay(options);
+    const auto begin = std::chrono::steady_clock::now();
+    const auto seconds = [&] {
+        return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+    };
+    const bool forever = options.calls == 0 && options.minutes == 0;
+    const long calls = forever ? 20'000 : options.calls;
+    const std::uint64_t first = options.seed_of_the_day ? seed_of_today() : options.seed;
+    std::uint64_t seed = first;
+    Tally tally;
+    while (tally.calls < calls || seconds() < options.minutes * 60) {
+        if (auto finding = simulate(seed, options, tally)) {
+            std::cerr << "seed " << seed << ", step " << finding->script.size() << ": the two differ\n";
+            report(shrunk(*std::move(finding)), "seed-" + std::to_string(seed), options);
+            return 1;
+        }
+        ++seed;
+    }
+    if (options.statistics) print(tally);
+    std::cout << tally.calls << " calls in " << tally.companies << " companies, seeds " << first << " to " << seed - 1
+              << ": the component and its model agree ("
+              << static_cast<long>(static_cast<double>(tally.calls) / seconds()) << " calls a second)\n";
+    return 0;
+}
+
+}  // namespace
+}  // namespace cuvexa::simulator
+
+int main(int argc, char** argv) {
+    using cuvexa::simulator::Options;
+    Options options;
+    CLI::App program("Random companies, served by the component and by its model, and compared after every call");
+    program.add_option("--seed", options.seed, "Seed of the first company; the others follow")->capture_default_str();
+    program.add_flag("--day", options.seed_of_the_day, "Seeds of today instead");
+    program.add_option("--calls", options.calls, "Calls at least; without it and --minutes, 20000");
+    program.add_option("--minutes", options.minutes, "Minutes at least");
+    program.add_option("--steps", options.steps, "Steps of one company")->capture_default_str();
+    program.add_option("--users", options.users, "Instances that work in turn")->capture_default_str();
+    program.add_flag("--statistics", options.statistics,
+                     "Say at the end how often each member was called, and what it refused");
+    program.add_option("--out", options.out, "Folder of what shows a difference")->capture_default_str();
+    program.add_option("--replay", options.replay, "A script to play again");
+    CLI11_PARSE(program, argc, argv);
+    try {
+        return cuvexa::simulator::run(options);
+    } catch (const std::exception& failure) {
+        std::cerr << "cuvexa_simulate: " << failure.what() << "\n";
+        return 2;
+    }
+}
