@@ -4,8 +4,9 @@ namespace cuvexa::cli {
 
 void add_company_options(CLI::App& command, Company_options& options, bool db_required) {
     command
-        .add_option("--db", options.database,
-                    "Database file, or the ODBC connection string of a server (password: CUVEXA_PASSWORD)")
+        .add_option(
+            "--db", options.database,
+            "Database file, or a server: postgresql://…, or an ODBC connection string (password: CUVEXA_PASSWORD)")
         ->required(db_required)
         ->type_name("FILE");
     command.add_option("--trace", options.trace, "Append one JSON object per statement to this file")

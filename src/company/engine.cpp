@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "database/connection_string.h"
+#include "database/conninfo.h"
 
 namespace cuvexa::company {
 
@@ -25,6 +26,7 @@ std::string as_it_is(std::string_view database) {
 }
 
 constexpr Kind kinds[] = {
+    {database::is_conninfo, true, database::conninfo_without_password, postgresql_engine},
     {database::is_connection_string, true, database::without_password, odbc_engine},
     {any, false, as_it_is, file_engine},
 };

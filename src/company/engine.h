@@ -41,6 +41,7 @@ std::string password_of(const Company_options& options);
 
 // The kinds.
 std::unique_ptr<Engine> file_engine(const Company_options& options);
+std::unique_ptr<Engine> postgresql_engine(const Company_options& options);
 std::unique_ptr<Engine> odbc_engine(const Company_options& options);
 
 /// A database that lives in this process alone.

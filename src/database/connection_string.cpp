@@ -72,6 +72,14 @@ bool is_connection_string(std::string_view text) noexcept {
            same_text(key, "Driver");
 }
 
+bool names_a_driver(std::string_view text) {
+    const auto attributes = connection_attributes(text);
+    return std::any_of(attributes.begin(), attributes.end(), [](const Connection_attribute& attribute) {
+        return same_text(attribute.key, "DSN") || same_text(attribute.key, "FILEDSN") ||
+               same_text(attribute.key, "Driver");
+    });
+}
+
 std::string with_password(const std::string& connection_string, const std::string& password) {
     if (password.empty() || !passwords(connection_string).empty()) return connection_string;
     return connection_string + (connection_string.ends_with(';') ? "" : ";") + "PWD=" + guarded_value(password);
@@ -85,6 +93,15 @@ std::vector<std::string> passwords(const std::string& connection_string) {
         found.push_back(plain_value(value));
     }
     return found;
+}
+
+std::string without_secrets(std::string text, const std::vector<std::string>& secrets) {
+    for (const std::string& secret : secrets) {
+        for (std::size_t at = text.find(secret); at != std::string::npos; at = text.find(secret, at + 3)) {
+            text.replace(at, secret.size(), "***");
+        }
+    }
+    return text;
 }
 
 std::string without_password(std::string_view connection_string) {

@@ -27,11 +27,17 @@ std::string guarded_value(std::string_view value);
 /// Whether the text names a server and not a file: "Driver=…;…", "DSN=…".
 bool is_connection_string(std::string_view text) noexcept;
 
+/// Whether one of its attributes names what only ODBC knows: a driver or a data source.
+bool names_a_driver(std::string_view text);
+
 /// The text, with that password where it has none; an empty one is none.
 std::string with_password(const std::string& connection_string, const std::string& password);
 
 /// The passwords in the text, each as it stands and without the braces around it: what nothing that is shown may hold.
 std::vector<std::string> passwords(const std::string& connection_string);
+
+/// A text in which nothing of those can be read.
+std::string without_secrets(std::string text, const std::vector<std::string>& secrets);
 
 /// The connection string as it may be shown: without its password.
 std::string without_password(std::string_view connection_string);

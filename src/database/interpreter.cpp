@@ -27,22 +27,27 @@ bool has_empty_text(std::string_view text, const std::vector<Token>& tokens) {
 }  // namespace
 
 std::string Interpreter::to_send(std::string_view text) {
-    tokenize(text, tokens_);
-    if (tokens_.empty()) throw Database_error("La instrucción está vacía");
+    read(text);
     around_ = server_->around(tokens_.front().in(text));
-    if (server_->dialect != nullptr) return translated(text);
+    if (server_->dialect != nullptr) return translation(text).with_literals();
     refuse_batch(text, tokens_);
     return std::string(text);
+}
+
+const std::vector<Token>& Interpreter::read(std::string_view text) {
+    tokenize(text, tokens_);
+    if (tokens_.empty()) throw Database_error("La instrucción está vacía");
+    return tokens_;
 }
 
 std::string Interpreter::translate(std::string_view text) {
     if (server_->dialect == nullptr) return std::string(text);
     tokenize(text, tokens_);
-    return translated(text);
+    return translation(text).with_literals();
 }
 
-std::string Interpreter::translated(std::string_view text) {
-    return dialect::translate(text, tokens_, *server_->dialect, dates_for(text)).with_literals();
+dialect::Translation Interpreter::translation(std::string_view text) {
+    return dialect::translate(text, tokens_, *server_->dialect, dates_for(text));
 }
 
 // Asked of the server when a statement first needs them, and again after a definition of this session.

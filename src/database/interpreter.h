@@ -30,11 +30,16 @@ public:
     /// What goes around the statement that was last asked for with `to_send`.
     Transaction_words around_last() const { return around_; }
 
+    /// The pieces of a text that is to be sent, good until the next text. Throws as `to_send` does.
+    const std::vector<dialect::Token>& read(std::string_view text);
+
+    /// The text that was read last, for a server with a dialect of its own.
+    dialect::Translation translation(std::string_view text);
+
     /// The statement in the server's words, to be looked at; as it stands for a server that takes it so.
     std::string translate(std::string_view text);
 
 private:
-    std::string translated(std::string_view text);
     const dialect::Date_columns& dates_for(std::string_view text);
 
     const Server* server_;

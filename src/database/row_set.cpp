@@ -5,6 +5,13 @@
 
 namespace cuvexa::database {
 
+// The automation date counts the time of day away from the day, before its first day too.
+Date with_fraction(Date date, double seconds) noexcept {
+    const double rest = seconds / 86400;
+    date.days += date.days < 0 ? -rest : rest;
+    return date;
+}
+
 std::int64_t Row_set::rows() const noexcept {
     return columns_->empty() ? changes_ : static_cast<std::int64_t>(cells_.size() / columns_->size());
 }

@@ -15,6 +15,9 @@ namespace cuvexa::database {
 /// Names of the columns of a statement; shared by all its recordsets.
 using Column_names = std::shared_ptr<const std::vector<std::string>>;
 
+/// The date so many seconds, less than one, after that one.
+Date with_fraction(Date date, double seconds) noexcept;
+
 /// A recordset in memory. An engine adds the cells row by row, left to right, before it hands the recordset out.
 class Row_set : public Recordset {
 public:

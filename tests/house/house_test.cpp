@@ -30,7 +30,7 @@ struct Source {
 // ---- Rooms ----------------------------------------------------------------------------------------------------------
 
 const std::set<std::string> subsystems = {"receipts", "checks", "banks", "deposits", "requests", "advances", "dialogs"};
-const std::set<std::string> engines = {"database/sqlite", "database/odbc"};
+const std::set<std::string> engines = {"database/sqlite", "database/odbc", "database/postgresql"};
 const std::set<std::string> doors = {"automation", "desktop", "cli"};
 
 /// How far down a room stands; it may include what stands above it. Negative: there is no such room.
@@ -176,6 +176,7 @@ TEST(House, the_include_rule_objects_to_what_it_should) {
     EXPECT_EQ(objection("database/sqlite", "<sqlite3.h>"), "");
     EXPECT_EQ(objection("database/odbc", "<sql.h>"), "");
     EXPECT_EQ(objection("database/odbc", "\"database/row_set.h\""), "");
+    EXPECT_EQ(objection("database/postgresql", "<libpq-fe.h>"), "");
     EXPECT_EQ(objection("database", "\"database/dialect/lexer.h\""), "");
     EXPECT_EQ(objection("suite", "\"cuvexa/suite/reference_suite.h\""), "");
     EXPECT_EQ(objection("cli", "\"cuvexa/database/sqlite_connection.h\""), "");
@@ -195,6 +196,8 @@ TEST(House, the_include_rule_objects_to_what_it_should) {
     EXPECT_NE(objection("database/dialect", "<sqlite3.h>"), "");
     EXPECT_NE(objection("database/dialect", "\"database/row_set.h\""), "");
     EXPECT_NE(objection("database/sqlite", "\"database/odbc/handle.h\""), "");
+    EXPECT_NE(objection("database/postgresql", "\"database/sqlite/engine.h\""), "");
+    EXPECT_NE(objection("company", "<libpq-fe.h>"), "");
     EXPECT_NE(objection("company", "<sqlite3.h>"), "");
     EXPECT_NE(objection("company", "\"automation/members.h\""), "");
     EXPECT_NE(objection("automation", "\"company/engine.h\""), "");
@@ -263,6 +266,7 @@ TEST(House, headers_declare_in_the_namespace_of_their_room) {
                                                            {"database", "cuvexa::database"},
                                                            {"database/dialect", "cuvexa::dialect"},
                                                            {"database/odbc", "cuvexa::odbc"},
+                                                           {"database/postgresql", "cuvexa::postgresql"},
                                                            {"database/sqlite", "cuvexa::sqlite"},
                                                            {"desktop/qt", "cuvexa::qt"},
                                                            {"desktop/win32", "cuvexa::win32"},

@@ -1,19 +1,44 @@
 # The tests that need more than a program: a database server, a parser of T-SQL. They skip, and say why, on a machine
 # without it.
 
+# The ways to a PostgreSQL server that this build has, each with what with_postgresql is told and the first part of its
+# tests' names.
+set(ways)
+if(TARGET cuvexa_postgresql)
+    list(APPEND ways postgresql)
+    set(way_of_postgresql)
+endif()
+if(TARGET cuvexa_odbc)
+    list(APPEND ways odbc)
+    set(way_of_odbc --odbc)
+endif()
+
 # The operation tests, whole programs, on a PostgreSQL server of their own. What cannot run there stands in a file with
 # the reason.
-if(TARGET cuvexa_odbc)
+if(ways)
     include(left_out.cmake)
     cuvexa_left_out(but_on_sqlite ${CMAKE_CURRENT_LIST_DIR}/only_on_sqlite.txt)
+endif()
+# Through ODBC most of them differ in nothing but the way; they have a label of their own, and their own time.
+set(through_odbc_too servers statements deposits demonstration killed_server)
+function(label_server_test way what)
+    set(label servers)
+    if(way STREQUAL "odbc" AND NOT what IN_LIST through_odbc_too)
+        set(label odbc)
+    endif()
+    set_tests_properties(${way}.${what} PROPERTIES LABELS ${label})
+endfunction()
+
+foreach(way ${ways})
     foreach(folder servers statements receipts banks deposits checks advances requests cancellations)
         if(TARGET cuvexa_${folder}_tests)
-            add_test(NAME postgresql.${folder} COMMAND ${CMAKE_CURRENT_LIST_DIR}/with_postgresql
+            add_test(NAME ${way}.${folder} COMMAND ${CMAKE_CURRENT_LIST_DIR}/with_postgresql ${way_of_${way}}
                 $<TARGET_FILE:cuvexa_${folder}_tests> --gtest_brief=1 --gtest_filter=${but_on_sqlite})
-            set_tests_properties(postgresql.${folder} PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 900 LABELS servers)
+            set_tests_properties(${way}.${folder} PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 900)
+            label_server_test(${way} ${folder})
         endif()
     endforeach()
-endif()
+endforeach()
 
 # The statements bare, for the figures of the load test.
 if(UNIX AND TARGET cuvexa_sqlite AND nlohmann_json_FOUND)
@@ -48,15 +73,19 @@ if(TARGET cuvexa AND EXISTS /usr/bin/python3)
     add_users_test(servers.no_value_becomes_a_statement ${python} ${here}/values_test.py ${program} $<TARGET_FILE:cuvexa_compose>)
     add_users_test(sqlite.many_users ${python} ${here}/load_test.py ${program} --users 1,8 --rounds 4)
     add_users_test(sqlite.killed_programs ${python} ${here}/kill_test.py programs ${program} --repeat 2)
-    if(TARGET cuvexa_odbc)
-        set(on_postgresql ${here}/with_postgresql ${python})
-        add_users_test(postgresql.demonstration ${here}/with_postgresql sh -c
+    foreach(way ${ways})
+        set(on_server ${here}/with_postgresql ${way_of_${way}})
+        add_users_test(${way}.demonstration ${on_server} sh -c
             [["$0" init --sample --db "$CUVEXA_TEST_DB" && "$0" demo --db "$CUVEXA_TEST_DB" && "$0" audit --db "$CUVEXA_TEST_DB"]]
             ${program})
-        add_users_test(postgresql.many_users ${on_postgresql} ${here}/load_test.py ${program} --users 1,8 --rounds 4)
-        add_users_test(postgresql.killed_programs ${on_postgresql} ${here}/kill_test.py programs ${program} --repeat 2)
-        add_users_test(postgresql.killed_server ${on_postgresql} ${here}/kill_test.py server ${program} --kills 2 --repeat 2)
+        add_users_test(${way}.many_users ${on_server} ${python} ${here}/load_test.py ${program} --users 1,8 --rounds 4)
+        add_users_test(${way}.killed_programs ${on_server} ${python} ${here}/kill_test.py programs ${program} --repeat 2)
+        add_users_test(${way}.killed_server ${on_server} ${python} ${here}/kill_test.py server ${program}
+            --kills 2 --repeat 2)
         # What was acknowledged must survive.
-        set_tests_properties(postgresql.killed_server PROPERTIES ENVIRONMENT CUVEXA_TEST_DURABLE=1)
-    endif()
+        set_tests_properties(${way}.killed_server PROPERTIES ENVIRONMENT CUVEXA_TEST_DURABLE=1)
+        foreach(what demonstration many_users killed_programs killed_server)
+            label_server_test(${way} ${what})
+        endforeach()
+    endforeach()
 endif()

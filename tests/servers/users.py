@@ -10,6 +10,7 @@ import subprocess
 import tempfile
 import threading
 import time
+import urllib.parse
 
 ACCOUNT = "SRR-MXN"
 DAY = "2024-03-15"
@@ -186,7 +187,7 @@ class Databases:
         elif self.own_server:
             name = f"company_{os.getpid()}_{self.count}"
             self.tool("createdb", name)
-            database = re.sub(r"Database=\w+", "Database=" + name, self.named)
+            database = re.sub(r"(Database=|:\d+/)\w+", r"\g<1>" + name, self.named)
         elif self.count == 1:
             database = self.named
         else:
@@ -201,7 +202,7 @@ class Databases:
         """What a program that was killed had sent, the server may still be doing."""
         if not self.own_server:
             return
-        name = re.search(r"Database=(\w+)", database)[1]
+        name = re.search(r"(?:Database=|:\d+/)(\w+)", database)[1]
         sessions = ("SELECT COUNT(*) FROM pg_stat_activity "
                     f"WHERE datname = '{name}' AND pid <> pg_backend_pid() AND backend_type = 'client backend'")
         end = time.monotonic() + 60
@@ -213,9 +214,9 @@ class Databases:
     def tool(self, tool, *arguments):
         """A client program of PostgreSQL, on the server."""
         binaries = os.path.dirname(shlex.split(os.environ["CUVEXA_TEST_SERVER"])[0])
-        value = dict(part.split("=", 1) for part in self.named.split(";") if part)
-        command = [os.path.join(binaries, tool), "-h", value["Server"], "-p", value["Port"], "-U", value["UID"]]
-        done = subprocess.run([*command, *arguments], env={**os.environ, "PGPASSWORD": value["PWD"]},
+        server = urllib.parse.urlsplit(os.environ["CUVEXA_TEST_URI"])
+        command = [os.path.join(binaries, tool), "-h", server.hostname, "-p", str(server.port), "-U", server.username]
+        done = subprocess.run([*command, *arguments], env={**os.environ, "PGPASSWORD": server.password},
                               capture_output=True, text=True)
         if done.returncode != 0:
             raise SystemExit(f"{tool}: {done.stderr}")

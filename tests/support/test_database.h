@@ -20,9 +20,7 @@
 #include "cuvexa/unit_of_work.h"
 #include "database/sqlite/engine.h"
 #include "support/snapshot.h"
-#ifdef CUVEXA_WITH_ODBC
-#include "cuvexa/database/odbc_connection.h"
-#endif
+#include "support/test_server.h"
 
 namespace cuvexa::tests {
 
@@ -178,10 +176,9 @@ private:
         return rows;
     }
 
-#ifdef CUVEXA_WITH_ODBC
-    static Odbc_connection& server() {
-        static Odbc_connection connection(server_string());
-        return connection;
+    static Server_connection& server() {
+        static const std::unique_ptr<Server_connection> connection = open_server(server_string());
+        return *connection;
     }
     static void reset_server(std::string_view script) {
         try {
@@ -195,9 +192,7 @@ private:
         }
     }
     // The rows that the schema itself leaves, behind its definitions.
-    static std::string_view schema_rows() {
-        return schema_sql().substr(schema_sql().find("\nINSERT "));
-    }
+    static std::string_view schema_rows() { return schema_sql().substr(schema_sql().find("\nINSERT ")); }
 
     static void fill(std::string_view script, bool empty_first) {
         Unit_of_work whole(server());
@@ -206,14 +201,6 @@ private:
         run_script(server(), script);
         whole.commit();
     }
-#else
-    static Connection& server() {
-        throw std::runtime_error("CUVEXA_TEST_DB needs ODBC, which this build lacks");
-    }
-    static void reset_server(std::string_view) {
-        server();
-    }
-#endif
 
     std::optional<Sqlite_connection> embedded_;
 };

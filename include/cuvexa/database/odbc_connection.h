@@ -6,8 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "cuvexa/data_access.h"
-#include "cuvexa/date.h"
+#include "cuvexa/database/server_connection.h"
 
 namespace cuvexa {
 
@@ -20,13 +19,10 @@ struct Odbc_options {
 
 /// A session of a server. Used by one thread.
 ///
-/// Rows are read completely before `execute` returns: an open recordset holds nothing of the server and sees no later
-/// change. After a failure the session remains usable, unless the connection was lost: then that statement and every
+/// After a failure the session remains usable, unless the connection was lost: then that statement and every
 /// later one fail with a text that says so, and whoever wants to go on opens another session. Whether a statement that
 /// lost its connection was kept is not known.
-///
-/// No text that the session gives, failures included, holds the password.
-class Odbc_connection : public Connection {
+class Odbc_connection : public Server_connection {
 public:
     /// `connection_string` as ODBC users know it: "Driver=…;Server=…;Database=…;UID=…;PWD=…" or "DSN=…".
     explicit Odbc_connection(const std::string& connection_string, const Odbc_options& options = {});
@@ -37,19 +33,10 @@ public:
 
     std::unique_ptr<Recordset> execute(std::string_view text) override;
     std::uint64_t conflicts() const noexcept override;
-
-    /// Gives the database what the schema's column types need, once, before the schema; refuses a database that tells
-    /// capital letters from small ones.
-    void prepare_database();
-
-    /// How a statement for this server writes a date.
-    Date_style date_style() const noexcept;
-
-    /// What the server calls itself.
-    const std::string& server_name() const noexcept;
-
-    /// The statement as the server would be given it.
-    std::string translate(std::string_view text) const;
+    void prepare_database() override;
+    Date_style date_style() const noexcept override;
+    const std::string& server_name() const noexcept override;
+    std::string translate(std::string_view text) const override;
 
 private:
     struct Parts;

@@ -94,14 +94,14 @@ std::string Translation::with_literals() const {
     return result;
 }
 
-std::string Translation::with_parameters() const {
+std::string Translation::with_parameters(char mark) const {
     std::string result;
     for (const Piece& piece : pieces_) {
         if (!result.empty()) result += ' ';
         if (piece.literal < 0 || piece.pinned) {
             add_text(result, piece);
         } else {
-            (result += '?') += std::to_string(piece.literal + 1);
+            (result += mark) += std::to_string(piece.literal + 1);
         }
     }
     return result;

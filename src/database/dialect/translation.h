@@ -22,9 +22,9 @@ public:
     /// The statement with its literals in place.
     std::string with_literals() const;
 
-    /// The statement with ?1, ?2, … in place of the literals that may vary. The parameter of the i-th literal of the
-    /// source is ?(i + 1), whatever order the rewriting gave them.
-    std::string with_parameters() const;
+    /// The statement with ?1, ?2, … in place of the literals that may vary, or with that mark in place of the ?. The
+    /// parameter of the i-th literal of the source is ?(i + 1), whatever order the rewriting gave them.
+    std::string with_parameters(char mark = '?') const;
 
     /// Whether the statement may be prepared with parameters (a definition may not).
     bool takes_parameters() const noexcept { return takes_parameters_; }

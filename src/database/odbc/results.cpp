@@ -14,11 +14,8 @@ namespace {
 using database::Row_set;
 
 Date date_from(const SQL_TIMESTAMP_STRUCT& stamp) {
-    Date date = make_date(stamp.year, stamp.month, stamp.day, stamp.hour, stamp.minute, stamp.second);
-    // The automation date counts the time of day away from the day, before its first day too.
-    const double rest = stamp.fraction / 1e9 / 86400;
-    date.days += date.days < 0 ? -rest : rest;
-    return date;
+    return database::with_fraction(
+        make_date(stamp.year, stamp.month, stamp.day, stamp.hour, stamp.minute, stamp.second), stamp.fraction / 1e9);
 }
 
 /// Reads the cells of a statement's current row.

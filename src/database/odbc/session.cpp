@@ -54,7 +54,7 @@ void Session::connect(const std::string& connection_string, int login_timeout_s)
                                              nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
     if (!SQL_SUCCEEDED(code)) {
         throw Database_error("No es posible abrir la sesión con el servidor de base de datos (" +
-                             without_secrets(description(diagnostics(*database_))) + ")");
+                             database::without_secrets(description(diagnostics(*database_)), secrets_) + ")");
     }
     connected_ = true;
 }
@@ -68,7 +68,7 @@ std::string Session::information(SQLUSMALLINT what) const {
 
 void Session::refuse(const Handle& statement) {
     const auto records = diagnostics(statement);
-    const std::string text = without_secrets(description(records));
+    const std::string text = database::without_secrets(description(records), secrets_);
     lost_ = is_lost(records);
     if (lost_) throw Database_error("Se perdió la conexión con el servidor de base de datos (" + text + ")");
     if (!is_conflict(records)) throw Database_error(text);
@@ -88,15 +88,6 @@ bool Session::is_lost(const std::vector<Diagnostic>& records) const {
     SQLUINTEGER dead = SQL_CD_FALSE;
     SQLGetConnectAttrW(*database_, SQL_ATTR_CONNECTION_DEAD, &dead, sizeof dead, nullptr);
     return dead == SQL_CD_TRUE;
-}
-
-std::string Session::without_secrets(std::string text) const {
-    for (const std::string& secret : secrets_) {
-        for (std::size_t at = text.find(secret); at != std::string::npos; at = text.find(secret, at + 3)) {
-            text.replace(at, secret.size(), "***");
-        }
-    }
-    return text;
 }
 
 }  // namespace cuvexa::odbc

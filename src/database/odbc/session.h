@@ -40,7 +40,6 @@ private:
     [[noreturn]] void refuse(const Handle& statement);
     bool is_lost(const std::vector<Diagnostic>& records) const;
     bool is_conflict(const std::vector<Diagnostic>& records) const;
-    std::string without_secrets(std::string text) const;
 
     std::vector<std::string> secrets_;
     Handle environment_;

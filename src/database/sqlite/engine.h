@@ -11,8 +11,10 @@
 #include "cuvexa/data_access.h"
 #include "cuvexa/database/sqlite_connection.h"
 #include "database/dialect/lexer.h"
+#include "database/kept_statements.h"
+#include "database/shape.h"
 #include "database/sqlite/database.h"
-#include "database/sqlite/kept_statements.h"
+#include "database/sqlite/kept_statement.h"
 
 namespace cuvexa::sqlite {
 
@@ -41,11 +43,11 @@ private:
     void shrink_buffers();
 
     Database database_;
-    Kept_statements kept_;
+    database::Kept_statements<Kept_statement> kept_;
     std::uint64_t translations_ = 0;
 
     std::vector<dialect::Token> tokens_;  ///< of the text under way
-    Shape shape_;                         ///< of the text under way
+    database::Shape shape_{mark_of};      ///< of the text under way
     std::string scratch_;
 };
 

@@ -10,13 +10,12 @@
 #include <regex>
 #include <string>
 
-#include "cuvexa/database/odbc_connection.h"
 #include "cuvexa/database/script.h"
 #include "cuvexa/module.h"
 #include "cuvexa/suite/audit.h"
 #include "cuvexa/suite/schema.h"
-#include "database/connection_string.h"
 #include "support/places.h"
+#include "support/test_server.h"
 
 namespace cuvexa::tests {
 namespace {
@@ -39,10 +38,10 @@ protected:
     void drop_tables() const {
         static const std::regex table(R"(CREATE TABLE (\w+))");
         const std::string schema(schema_sql());
-        Odbc_connection server(options.database);
+        const auto server = open_server(options.database);
         for (std::sregex_iterator at(schema.begin(), schema.end(), table), end; at != end; ++at) {
             try {
-                server.execute("DROP TABLE " + (*at)[1].str());
+                server->execute("DROP TABLE " + (*at)[1].str());
             } catch (const Database_error&) {
                 // It was not there.
             }
@@ -78,26 +77,26 @@ TEST_F(Company_on_a_server, is_made_opened_and_not_made_again) {
 }
 
 TEST_F(Company_on_a_server, is_made_whole_or_not_at_all) {
-    Odbc_connection server(options.database);
-    server.prepare_database();
-    server.execute("CREATE TABLE Poliza_Detalle (En_Medio int NOT NULL, PRIMARY KEY (En_Medio))");
+    const auto server = open_server(options.database);
+    server->prepare_database();
+    server->execute("CREATE TABLE Poliza_Detalle (En_Medio int NOT NULL, PRIMARY KEY (En_Medio))");
     EXPECT_THROW(Company::create(options, Contents::sample_company), Company_error);
     EXPECT_FALSE(Company::stands(options));
-    EXPECT_THROW(server.execute("SELECT * FROM Banco"), Database_error);
+    EXPECT_THROW(server->execute("SELECT * FROM Banco"), Database_error);
 }
 
 TEST_F(Company_on_a_server, of_an_earlier_version_is_upgraded_whole_or_not_at_all) {
-    Odbc_connection server(options.database);
-    server.prepare_database();
+    const auto server = open_server(options.database);
+    server->prepare_database();
     std::ifstream text(in_source("tests/company/versions/1.sql"));
-    run_script(server, std::string(std::istreambuf_iterator<char>(text), {}));
+    run_script(*server, std::string(std::istreambuf_iterator<char>(text), {}));
     EXPECT_THAT(refusal(options), HasSubstr("(se actualiza con: cuvexa upgrade --db "));
     EXPECT_EQ(Company::upgrade(options, Upgrade_mode::try_out).from, 1);
-    EXPECT_THROW(server.execute("SELECT Eq_Programa FROM Esquema_Suite"), Database_error);
-    server.execute("CREATE TABLE Peticion_Servicio (En_Medio int NOT NULL, PRIMARY KEY (En_Medio))");
+    EXPECT_THROW(server->execute("SELECT Eq_Programa FROM Esquema_Suite"), Database_error);
+    server->execute("CREATE TABLE Peticion_Servicio (En_Medio int NOT NULL, PRIMARY KEY (En_Medio))");
     EXPECT_THROW(Company::upgrade(options), Company_error);
-    EXPECT_THROW(server.execute("SELECT Eq_Programa FROM Esquema_Suite"), Database_error);
-    server.execute("DROP TABLE Peticion_Servicio");
+    EXPECT_THROW(server->execute("SELECT Eq_Programa FROM Esquema_Suite"), Database_error);
+    server->execute("DROP TABLE Peticion_Servicio");
     EXPECT_EQ(Company::upgrade(options).from, 1);
     EXPECT_EQ(Company::upgrade(options).from, schema_version);
     const Company company(options);
@@ -106,14 +105,8 @@ TEST_F(Company_on_a_server, of_an_earlier_version_is_upgraded_whole_or_not_at_al
 }
 
 TEST_F(Company_on_a_server, takes_the_password_of_the_options_or_of_the_environment) {
-    std::string without, password;
-    for (const auto& [key, text] : database::connection_attributes(options.database)) {
-        if (database::is_password_key(key)) {
-            password = database::plain_value(text);
-        } else {
-            without.append(key).append("=").append(text).append(";");
-        }
-    }
+    const auto apart = without_its_password(options.database);
+    const std::string &without = apart.text, &password = apart.password;
     const auto let_in = [&](const std::string& given) {
         return refusal({.database = without, .password = given}).starts_with("No es una base de datos de Cuvexa: ");
     };

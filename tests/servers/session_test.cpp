@@ -1,6 +1,5 @@
-// A session with a server, on the one that CUVEXA_TEST_DB names (tests/servers/with_postgresql starts one).
-#include "cuvexa/database/odbc_connection.h"
-
+// A session with a server, on the one that CUVEXA_TEST_DB names (tests/servers/with_postgresql starts one), by whichever way
+// the text goes.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -11,7 +10,7 @@
 
 #include "cuvexa/errors.h"
 #include "cuvexa/unit_of_work.h"
-#include "database/connection_string.h"
+#include "support/test_server.h"
 
 namespace cuvexa::tests {
 namespace {
@@ -21,13 +20,13 @@ using ::testing::HasSubstr;
 using ::testing::Not;
 using ::testing::StartsWith;
 
-class Odbc : public ::testing::Test {
+class Session : public ::testing::Test {
 protected:
     void SetUp() override {
         const char* const text = std::getenv("CUVEXA_TEST_DB");
         if (text == nullptr) GTEST_SKIP() << "CUVEXA_TEST_DB names no server";
         connection_string = text;
-        session = std::make_unique<Odbc_connection>(connection_string);
+        session = open_server(connection_string);
         session->prepare_database();
         drop();
         session->execute(
@@ -49,7 +48,7 @@ protected:
     Value value(const std::string& query) { return session->execute(query)->field("V"); }
 
     /// Two units of work that each add what the other one counts; what the second said.
-    std::string failure_of_the_second(Odbc_connection& second) {
+    std::string failure_of_the_second(Connection& second) {
         Unit_of_work one(*session), two(second);
         session->execute("INSERT INTO Prueba (Llave, Numero) SELECT 1, COUNT(*) FROM Prueba");
         std::string said;
@@ -75,19 +74,19 @@ protected:
     }
 
     std::string connection_string;
-    std::unique_ptr<Odbc_connection> session;
+    std::unique_ptr<Server_connection> session;
 };
 
-TEST_F(Odbc, units_of_work_are_serializable_and_a_bare_statement_is_as_the_server_has_it) {
-    Odbc_connection second(connection_string);
+TEST_F(Session, units_of_work_are_serializable_and_a_bare_statement_is_as_the_server_has_it) {
+    const auto second = open_server(connection_string);
     EXPECT_THAT(
-        failure_of_the_second(second),
+        failure_of_the_second(*second),
         StartsWith("Otra sesión trabaja con los mismos datos; repita la operación (ERROR: could not serialize"));
     EXPECT_EQ(to_text(value("SELECT COUNT(*) AS V FROM Prueba")), "1") << "what the first one wrote";
     EXPECT_EQ(to_text(value("SELECT current_setting('transaction_isolation') AS V")), "read committed");
 }
 
-TEST_F(Odbc, rows_are_walked_forward_and_columns_named_without_regard_to_case) {
+TEST_F(Session, rows_are_walked_forward_and_columns_named_without_regard_to_case) {
     session->execute("INSERT INTO Prueba (Llave, Texto) VALUES (1, 'uno'), (2, 'dos')");
     const auto rows = session->execute("SELECT Llave, Texto FROM Prueba ORDER BY Llave");
     ASSERT_FALSE(rows->eof());
@@ -101,7 +100,7 @@ TEST_F(Odbc, rows_are_walked_forward_and_columns_named_without_regard_to_case) {
     EXPECT_THROW(rows->move_next(), Database_error);
 }
 
-TEST_F(Odbc, a_recordset_outlives_later_statements) {
+TEST_F(Session, a_recordset_outlives_later_statements) {
     session->execute("INSERT INTO Prueba (Llave) VALUES (1)");
     const auto rows = session->execute("SELECT Llave AS V FROM Prueba");
     session->execute("DELETE FROM Prueba");
@@ -109,7 +108,7 @@ TEST_F(Odbc, a_recordset_outlives_later_statements) {
     EXPECT_EQ(to_number(rows->field("V")), 1);
 }
 
-TEST_F(Odbc, a_double_comes_back_to_the_last_bit) {
+TEST_F(Session, a_double_comes_back_to_the_last_bit) {
     for (const double number : {0.1, 1.0 / 3, 123456789012345.67, -2.2250738585072014e-308, 1e300}) {
         char digits[40];
         std::snprintf(digits, sizeof digits, "%.17g", number);
@@ -119,7 +118,7 @@ TEST_F(Odbc, a_double_comes_back_to_the_last_bit) {
     }
 }
 
-TEST_F(Odbc, a_date_comes_back_as_a_date) {
+TEST_F(Session, a_date_comes_back_as_a_date) {
     session->execute("INSERT INTO Prueba (Llave, Fecha) VALUES (1, '2024-03-15T10:20:30')");
     EXPECT_EQ(std::get<Date>(value("SELECT Fecha AS V FROM Prueba")), make_date(2024, 3, 15, 10, 20, 30));
     EXPECT_EQ(to_number(value("SELECT MONTH(Fecha) AS V FROM Prueba")), 3);
@@ -127,7 +126,7 @@ TEST_F(Odbc, a_date_comes_back_as_a_date) {
     EXPECT_EQ(to_text(value("SELECT Fecha AS V FROM Prueba")), "2024-02-29");
 }
 
-TEST_F(Odbc, an_empty_text_in_a_column_of_dates_is_the_first_of_january_of_1900) {
+TEST_F(Session, an_empty_text_in_a_column_of_dates_is_the_first_of_january_of_1900) {
     const Date first = make_date(1900, 1, 1);
     session->execute("INSERT INTO Prueba (Llave, Texto, Fecha) VALUES (1, '', '')");
     EXPECT_EQ(std::get<Date>(value("SELECT Fecha AS V FROM Prueba")), first);
@@ -138,7 +137,7 @@ TEST_F(Odbc, an_empty_text_in_a_column_of_dates_is_the_first_of_january_of_1900)
     EXPECT_EQ(std::get<Date>(value("SELECT Fecha AS V FROM Prueba")), first);
 }
 
-TEST_F(Odbc, a_table_made_by_the_session_has_its_dates_known) {
+TEST_F(Session, a_table_made_by_the_session_has_its_dates_known) {
     session->execute("UPDATE Prueba SET Texto = ''");
     session->execute("DROP TABLE Prueba");
     session->execute("CREATE TABLE Prueba (Llave int, Texto datetime, Fecha varchar(10))");
@@ -147,7 +146,7 @@ TEST_F(Odbc, a_table_made_by_the_session_has_its_dates_known) {
     EXPECT_EQ(std::get<std::string>(value("SELECT Fecha AS V FROM Prueba")), "");
 }
 
-TEST_F(Odbc, a_name_in_brackets_may_be_a_word_of_the_language_in_any_case) {
+TEST_F(Session, a_name_in_brackets_may_be_a_word_of_the_language_in_any_case) {
     session->execute("DROP TABLE Prueba");
     session->execute("CREATE TABLE [Prueba] ([Order] int, [Group] varchar(10))");
     session->execute("INSERT INTO [PRUEBA] ([ORDER], [Group]) VALUES (1, '[x]')");
@@ -156,7 +155,7 @@ TEST_F(Odbc, a_name_in_brackets_may_be_a_word_of_the_language_in_any_case) {
     EXPECT_EQ(to_text(rows->field("Group")), "[x]");
 }
 
-TEST_F(Odbc, null_is_neither_empty_nor_zero) {
+TEST_F(Session, null_is_neither_empty_nor_zero) {
     session->execute("INSERT INTO Prueba (Llave, Texto) VALUES (1, NULL)");
     const auto rows = session->execute("SELECT Texto, Numero, Fecha FROM Prueba");
     EXPECT_TRUE(is_null(rows->field("Texto")));
@@ -166,7 +165,7 @@ TEST_F(Odbc, null_is_neither_empty_nor_zero) {
     EXPECT_EQ(std::get<std::string>(value("SELECT Texto AS V FROM Prueba")), "");
 }
 
-TEST_F(Odbc, a_text_goes_and_comes_whole_whatever_stands_in_it) {
+TEST_F(Session, a_text_goes_and_comes_whole_whatever_stands_in_it) {
     // What drivers take for parameters and escapes, what needs two units of UTF-16, and both sides of a piece's end.
     for (const std::string& text : {std::string("¿Qué? {fn X} {d '2024'} \\n \\' $1 :a %s"), std::string("Ñandú €"),
                                     std::string("🏦 caja"), std::string(2046, 'x') + "ñ", std::string(2047, 'x') + "ñ",
@@ -179,7 +178,7 @@ TEST_F(Odbc, a_text_goes_and_comes_whole_whatever_stands_in_it) {
     }
 }
 
-TEST_F(Odbc, texts_compare_without_regard_to_case_and_take_like) {
+TEST_F(Session, texts_compare_without_regard_to_case_and_take_like) {
     session->execute("INSERT INTO Prueba (Llave, Texto) VALUES (1, 'Recibo'), (2, 'RECIBO'), (3, 'otro')");
     EXPECT_EQ(to_number(value("SELECT COUNT(*) AS V FROM Prueba WHERE Texto = 'rEcibo'")), 2);
     EXPECT_EQ(to_number(value("SELECT COUNT(*) AS V FROM Prueba WHERE Texto IN ('RECIBO', 'OTRO')")), 3);
@@ -192,7 +191,7 @@ TEST_F(Odbc, texts_compare_without_regard_to_case_and_take_like) {
         1);
 }
 
-TEST_F(Odbc, one_statement_gives_the_next_number) {
+TEST_F(Session, one_statement_gives_the_next_number) {
     session->execute("INSERT INTO Prueba (Llave, Numero) VALUES (1, 7)");
     const auto rows = session->execute("UPDATE Prueba SET Numero = Numero + 1 OUTPUT inserted.Numero WHERE Llave = 1");
     ASSERT_FALSE(rows->eof());
@@ -200,26 +199,26 @@ TEST_F(Odbc, one_statement_gives_the_next_number) {
     EXPECT_TRUE(session->execute("UPDATE Prueba SET Numero = 0 OUTPUT inserted.Numero WHERE Llave = 2")->eof());
 }
 
-TEST_F(Odbc, a_second_statement_or_a_comment_never_reaches_the_server) {
+TEST_F(Session, a_second_statement_or_a_comment_never_reaches_the_server) {
     session->execute("INSERT INTO Prueba (Llave) VALUES (1)");
     EXPECT_THAT(failure("SELECT 1; DELETE FROM Prueba"), HasSubstr("segunda instrucción"));
     EXPECT_THAT(failure("DELETE FROM Prueba -- todo"), HasSubstr("comentario"));
     EXPECT_EQ(to_number(value("SELECT COUNT(*) AS V FROM Prueba")), 1);
 }
 
-TEST_F(Odbc, a_failure_tells_state_native_code_and_message_and_leaves_the_session_usable) {
+TEST_F(Session, a_failure_tells_state_native_code_and_message_and_leaves_the_session_usable) {
     EXPECT_THAT(failure("SELECT * FROM No_Existe"), AllOf(HasSubstr("o_existe"), HasSubstr("[42")));
     session->execute("INSERT INTO Prueba (Llave) VALUES (1)");
     EXPECT_THAT(failure("INSERT INTO Prueba (Llave) VALUES (1)"), HasSubstr("[23"));
     EXPECT_EQ(to_number(value("SELECT COUNT(*) AS V FROM Prueba")), 1);
 }
 
-TEST_F(Odbc, a_scalar_sub_select_of_two_rows_fails) {
+TEST_F(Session, a_scalar_sub_select_of_two_rows_fails) {
     session->execute("INSERT INTO Prueba (Llave) VALUES (1), (2)");
     EXPECT_NE(failure("SELECT (SELECT Llave FROM Prueba) AS V"), "");
 }
 
-TEST_F(Odbc, a_unit_of_work_is_kept_whole_or_not_at_all) {
+TEST_F(Session, a_unit_of_work_is_kept_whole_or_not_at_all) {
     EXPECT_FALSE(unit_of_work(*session, [&] {
         session->execute("INSERT INTO Prueba (Llave) VALUES (1)");
         return false;
@@ -232,45 +231,41 @@ TEST_F(Odbc, a_unit_of_work_is_kept_whole_or_not_at_all) {
     EXPECT_EQ(to_number(value("SELECT COUNT(*) AS V FROM Prueba")), 1);
 }
 
-TEST_F(Odbc, a_statement_waits_for_another_user_only_so_long) {
+TEST_F(Session, a_statement_waits_for_another_user_only_so_long) {
     session->execute("INSERT INTO Prueba (Llave) VALUES (1)");
-    Odbc_connection other(connection_string, {.lock_timeout_ms = 100});
+    const auto other = open_server(connection_string, {.lock_timeout_ms = 100});
     const Unit_of_work held(*session);
     session->execute("UPDATE Prueba SET Texto = 'mío'");
     try {
-        other.execute("UPDATE Prueba SET Texto = 'tuyo'");
+        other->execute("UPDATE Prueba SET Texto = 'tuyo'");
         FAIL() << "it did not wait";
     } catch (const Database_error& error) {
         EXPECT_THAT(error.what(), HasSubstr("lock"));
     }
 }
 
-TEST_F(Odbc, a_statement_that_never_ends_is_cut_off) {
+TEST_F(Session, a_statement_that_never_ends_is_cut_off) {
     if (session->server_name() != "PostgreSQL") GTEST_SKIP() << "in PostgreSQL's own words";
-    Odbc_connection brief(connection_string, {.statement_timeout_s = 1});
-    EXPECT_THROW(brief.execute("SELECT pg_sleep(60)"), Database_error);
-    EXPECT_FALSE(brief.execute("SELECT 1 AS V")->eof());
+    const auto brief = open_server(connection_string, {.statement_timeout_s = 1});
+    EXPECT_THROW(brief->execute("SELECT pg_sleep(60)"), Database_error);
+    EXPECT_FALSE(brief->execute("SELECT 1 AS V")->eof());
 }
 
-TEST_F(Odbc, a_lost_connection_is_told_and_another_session_works) {
+TEST_F(Session, a_lost_connection_is_told_and_another_session_works) {
     if (session->server_name() != "PostgreSQL") GTEST_SKIP() << "in PostgreSQL's own words";
-    Odbc_connection other(connection_string);
+    const auto other = open_server(connection_string);
     const std::string id = to_text(session->execute("SELECT pg_backend_pid() AS V")->field("V"));
-    other.execute("SELECT pg_terminate_backend(" + id + ")");
+    other->execute("SELECT pg_terminate_backend(" + id + ")");
     // The server says it before it hangs up, or has hung up already.
     EXPECT_THAT(failure("SELECT 1 AS V"), StartsWith("Se perdió la conexión con el servidor de base de datos ("));
     EXPECT_EQ(failure("SELECT 1 AS V"), "La conexión con el servidor de base de datos se perdió; abra otra sesión");
-    session = std::make_unique<Odbc_connection>(connection_string);
+    session = open_server(connection_string);
     EXPECT_EQ(to_number(value("SELECT COUNT(*) AS V FROM Prueba")), 0);
 }
 
-TEST_F(Odbc, no_failure_shows_the_password) {
-    std::string wrong;
-    for (const auto& [key, text] : database::connection_attributes(connection_string)) {
-        wrong.append(key).append("=").append(database::is_password_key(key) ? "secreto-77" : text).append(";");
-    }
+TEST_F(Session, no_failure_shows_the_password) {
     try {
-        const Odbc_connection refused(wrong);
+        open_server(without_its_password(connection_string).text, {.password = "secreto-77"});
         FAIL() << "it was let in";
     } catch (const Database_error& error) {
         EXPECT_THAT(error.what(),
@@ -278,42 +273,11 @@ TEST_F(Odbc, no_failure_shows_the_password) {
     }
 }
 
-TEST_F(Odbc, the_password_may_be_given_apart) {
-    std::string without, password;
-    for (const auto& [key, text] : database::connection_attributes(connection_string)) {
-        if (database::is_password_key(key)) {
-            password = database::plain_value(text);
-        } else {
-            without.append(key).append("=").append(text).append(";");
-        }
-    }
-    Odbc_options options;
-    options.password = password;
-    EXPECT_FALSE(Odbc_connection(without, options).execute("SELECT 1 AS V")->eof());
-    options.password = "otra";
-    EXPECT_THROW(Odbc_connection(without, options), Database_error);
-    EXPECT_FALSE(Odbc_connection(connection_string, options).execute("SELECT 1 AS V")->eof());
-}
-
-TEST(Odbc_without_a_server, a_driver_that_is_not_there_is_told_by_all_its_records) {
-    try {
-        const Odbc_connection refused("Driver=No Existe;Server=127.0.0.1;PWD=secreto-78");
-        FAIL() << "it was let in";
-    } catch (const Database_error& error) {
-        EXPECT_THAT(error.what(), AllOf(HasSubstr("[01000, 0]"), Not(HasSubstr("secreto-78"))));
-    }
-}
-
-TEST(Odbc_without_a_server, a_port_where_nobody_listens_is_told) {
-    for (const std::string driver : {"PostgreSQL Unicode", "FreeTDS"}) {
-        try {
-            const Odbc_connection refused("Driver=" + driver + ";Server=127.0.0.1;Port=1;UID=x;PWD=secreto-79");
-            FAIL() << "it was let in";
-        } catch (const Database_error& error) {
-            EXPECT_THAT(error.what(), AllOf(StartsWith("No es posible abrir la sesión"), HasSubstr("["),
-                                            Not(HasSubstr("secreto-79"))));
-        }
-    }
+TEST_F(Session, the_password_may_be_given_apart) {
+    const auto [without, password] = without_its_password(connection_string);
+    EXPECT_FALSE(open_server(without, {.password = password})->execute("SELECT 1 AS V")->eof());
+    EXPECT_THROW(open_server(without, {.password = "otra"}), Database_error);
+    EXPECT_FALSE(open_server(connection_string, {.password = "otra"})->execute("SELECT 1 AS V")->eof());
 }
 
 }  // namespace

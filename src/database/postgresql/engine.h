@@ -1,0 +1,51 @@
+// The engine behind a Postgresql_connection: statements of the SQL Server dialect, each translated, parsed and planned once.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "database/interpreter.h"
+#include "database/kept_statements.h"
+#include "database/postgresql/kept_statement.h"
+#include "database/postgresql/session.h"
+
+namespace cuvexa::postgresql {
+
+class Engine {
+public:
+    Engine(const std::string& conninfo, const Postgresql_options& options);
+
+    static Engine& of(const Postgresql_connection& connection) { return *connection.engine_; }
+
+    std::unique_ptr<Recordset> execute(std::string_view text);
+    void prepare_database();
+    std::string translate(std::string_view text) { return interpreter_.translate(text); }
+
+    const Session& session() const noexcept { return session_; }
+
+    /// Shapes kept now, and statements prepared so far.
+    std::size_t kept_statements() const noexcept { return kept_.size(); }
+    std::uint64_t preparations() const noexcept { return preparations_; }
+
+private:
+    Result run(std::string_view text);
+    Result run_as_text(std::string_view text);
+    Kept_statement& prepare(std::string_view text);
+    Prepared prepared(const dialect::Translation& translation, const std::vector<std::size_t>& pinned);
+    Result run_prepared(const Kept_statement& kept);
+    void fill_values();
+
+    Session session_;
+    database::Interpreter interpreter_;
+    database::Kept_statements<Kept_statement> kept_;
+    bool keeps_;
+    std::uint64_t preparations_ = 0;
+
+    database::Shape shape_{mark_of};  ///< of the text under way
+    std::string texts_;               ///< the values of its literals, one behind the other
+    Values values_;
+};
+
+}  // namespace cuvexa::postgresql
