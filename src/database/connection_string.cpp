@@ -85,6 +85,16 @@ std::string with_password(const std::string& connection_string, const std::strin
     return connection_string + (connection_string.ends_with(';') ? "" : ";") + "PWD=" + guarded_value(password);
 }
 
+std::string without_savepoints(const std::string& connection_string) {
+    bool postgresql = false;
+    for (const auto& [key, value] : connection_attributes(connection_string)) {
+        if (same_text(key, "Driver")) postgresql = plain_value(value).starts_with("PostgreSQL");
+        if (same_text(key, "Protocol")) return connection_string;
+    }
+    if (!postgresql) return connection_string;
+    return connection_string + (connection_string.ends_with(';') ? "" : ";") + "Protocol=7.4-0";
+}
+
 std::vector<std::string> passwords(const std::string& connection_string) {
     std::vector<std::string> found;
     for (const auto& [key, value] : connection_attributes(connection_string)) {

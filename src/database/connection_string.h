@@ -33,6 +33,10 @@ bool names_a_driver(std::string_view text);
 /// The text, with that password where it has none; an empty one is none.
 std::string with_password(const std::string& connection_string, const std::string& password);
 
+/// The text, with what PostgreSQL's driver is to be told where it says nothing of it: that it must not set a savepoint
+/// before each statement.
+std::string without_savepoints(const std::string& connection_string);
+
 /// The passwords in the text, each as it stands and without the braces around it: what nothing that is shown may hold.
 std::vector<std::string> passwords(const std::string& connection_string);
 

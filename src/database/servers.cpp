@@ -33,6 +33,7 @@ constexpr std::array servers = {
            .conflict = sql_server_conflict,
            .serializable = "SET TRANSACTION ISOLATION LEVEL SERIALIZABLE",
            .as_before = "SET TRANSACTION ISOLATION LEVEL READ COMMITTED",
+           .failure_ends_unit = false,
            .date_style = Date_style::neutral},
     Server{.name = "PostgreSQL",
            .dialect = &dialect::postgresql,
@@ -47,6 +48,7 @@ constexpr std::array servers = {
            .conflict = postgresql_conflict,
            .serializable = "",
            .as_before = "",
+           .failure_ends_unit = true,
            .date_style = Date_style::iso},
 };
 

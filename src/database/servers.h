@@ -20,6 +20,10 @@ struct Waits {
 /// What an engine says first when another session was in the way.
 inline constexpr std::string_view conflict_text = "Otra sesión trabaja con los mismos datos; repita la operación";
 
+/// What keeping a unit of work fails with when a statement of it has failed and the server takes no more of it.
+inline constexpr std::string_view undone_text =
+    "La unidad de trabajo se deshizo, porque falló una de sus instrucciones";
+
 /// What a session is told before and after a statement that begins or ends a transaction; empty: nothing.
 struct Transaction_words {
     std::string_view before, after;
@@ -56,6 +60,9 @@ struct Server {
     /// empty where the dialect's BEGIN says it.
     std::string_view serializable;
     std::string_view as_before;
+
+    /// Whether a statement that fails ends the unit of work: it can only be undone then.
+    bool failure_ends_unit;
 
     /// How a statement writes a date.
     Date_style date_style;

@@ -5,7 +5,7 @@
 
 #include "core/case.h"
 #include "core/codes.h"
-#include "cuvexa/errors.h"
+#include "cuvexa/lost_connection.h"
 #include "cuvexa/suite/administration.h"
 #include "suite/statements.h"
 
@@ -49,6 +49,8 @@ void begin_series(Connection& connection, const std::string& code, const std::st
               "WHERE NOT EXISTS (SELECT Fs_Codigo FROM Folio_Serie WHERE Fs_Codigo = '{}' AND Fs_Sucursal = '{}')",
               upper_ascii(code), branch, code, branch);
     } catch (const Conflict_error&) {
+        throw;
+    } catch (const Lost_connection_error&) {
         throw;
     } catch (const Database_error&) {
         // A server may look in two sessions at once and find no series in either; then the other one has begun it.

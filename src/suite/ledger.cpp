@@ -5,6 +5,7 @@
 #include "core/case.h"
 #include "core/codes.h"
 #include "core/number_text.h"
+#include "cuvexa/lost_connection.h"
 
 namespace cuvexa::reference {
 
@@ -73,6 +74,8 @@ std::string Ledger::pay(const Account& account, const New_payment& payment) {
             insert_payment(account, payment, id);
             paid = true;
         } catch (const Conflict_error&) {
+            throw;
+        } catch (const Lost_connection_error&) {
             throw;
         } catch (const Database_error&) {
             if (payment_state(account.folio, id).eof()) throw;

@@ -52,5 +52,15 @@ TEST(Utf16, every_length_comes_back) {
     EXPECT_EQ(utf8_from(std::u16string(1, char16_t(0xD83C))), "\xEF\xBF\xBD");
 }
 
+TEST(Connection_string, tells_postgresqls_driver_to_set_no_savepoints) {
+    EXPECT_EQ(without_savepoints("Driver=PostgreSQL Unicode;Server=x"),
+              "Driver=PostgreSQL Unicode;Server=x;Protocol=7.4-0");
+    EXPECT_EQ(without_savepoints("Driver={PostgreSQL ANSI};"), "Driver={PostgreSQL ANSI};Protocol=7.4-0");
+    EXPECT_EQ(without_savepoints("Driver=PostgreSQL Unicode;Protocol=7.4-2"),
+              "Driver=PostgreSQL Unicode;Protocol=7.4-2");
+    EXPECT_EQ(without_savepoints("Driver=FreeTDS;Server=x"), "Driver=FreeTDS;Server=x");
+    EXPECT_EQ(without_savepoints("DSN=caja"), "DSN=caja");
+}
+
 }  // namespace
 }  // namespace cuvexa::database

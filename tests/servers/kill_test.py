@@ -22,7 +22,7 @@ from users import Databases, Died, Refused, User, work_at_once
 from verify import Books, verify
 
 LOST = ("Se perdió la conexión con el servidor de base de datos",
-        "La conexión con el servidor de base de datos se perdió; abra otra sesión",
+        "La unidad de trabajo terminó cuando se perdió la conexión con el servidor de base de datos",
         "No es posible abrir la sesión con el servidor de base de datos")
 
 
@@ -66,9 +66,7 @@ class Mortal(User):
 
 
 class Survivor(User):
-    """A user whose server is killed: the program is told so, and the user starts another one as soon as the server lets
-    it in.
-    """
+    """A user whose server is killed: the program is told so, and goes on as soon as the server lets it in."""
 
     def __init__(self, *arguments):
         self.lost = 0
@@ -84,18 +82,19 @@ class Survivor(User):
     def survive(self, failure):
         self.lost += 1
         end = time.monotonic() + 60
-        while True:
+        while not self.failures:
             if not any(text in str(failure) for text in LOST) or time.monotonic() > end:
                 self.failures.append(f"no clear text: {failure}")
-            self.process.kill()
-            self.process.wait()
             try:
-                return self.start()
-            except (Refused, Died) as again:
-                failure = again
-            if self.failures:
-                return None
+                return self.call("Cancelar_Deposito", "NO-HAY")
+            except Died as dead:
+                failure = dead
+            except Refused as refusal:
+                if "no existe!" in str(refusal):
+                    return None
+                failure = refusal
             time.sleep(0.05)
+        return None
 
 
 def chances(random_numbers, kills, users, rounds):

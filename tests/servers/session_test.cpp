@@ -73,6 +73,12 @@ protected:
         return "";
     }
 
+    /// Another session ends this one's.
+    void terminate() {
+        const std::string id = to_text(value("SELECT pg_backend_pid() AS V"));
+        open_server(connection_string)->execute("SELECT pg_terminate_backend(" + id + ", 10000)");
+    }
+
     std::string connection_string;
     std::unique_ptr<Server_connection> session;
 };
@@ -231,6 +237,36 @@ TEST_F(Session, a_unit_of_work_is_kept_whole_or_not_at_all) {
     EXPECT_EQ(to_number(value("SELECT COUNT(*) AS V FROM Prueba")), 1);
 }
 
+TEST_F(Session, a_unit_of_work_of_which_a_statement_failed_is_not_kept_and_says_so) {
+    if (session->server_name() != "PostgreSQL") GTEST_SKIP() << "others go on after a failure";
+    {
+        Unit_of_work unit(*session);
+        session->execute("INSERT INTO Prueba (Llave) VALUES (1)");
+        EXPECT_THAT(failure("INSERT INTO Prueba (Llave) VALUES (1)"), HasSubstr("[23505"));
+        EXPECT_THAT(failure("INSERT INTO Prueba (Llave) VALUES (2)"), HasSubstr("[25P02"));
+        try {
+            unit.commit();
+            ADD_FAILURE() << "it was said to be kept";
+        } catch (const Database_error& error) {
+            EXPECT_THAT(error.what(),
+                        StartsWith("La unidad de trabajo se deshizo, porque falló una de sus instrucciones"));
+        }
+    }
+    session->execute("INSERT INTO Prueba (Llave) VALUES (3)");
+    EXPECT_EQ(to_text(value("SELECT MAX(Llave) AS V FROM Prueba")), "3");
+    EXPECT_EQ(to_text(value("SELECT COUNT(*) AS V FROM Prueba")), "1");
+}
+
+TEST_F(Session, no_savepoint_stands_before_a_statement) {
+    if (session->server_name() != "PostgreSQL") GTEST_SKIP() << "in PostgreSQL's own words";
+    Unit_of_work unit(*session);
+    for (const char* const key : {"1", "2", "3"}) {
+        session->execute(std::string("INSERT INTO Prueba (Llave) VALUES (") + key + ")");
+    }
+    // Each savepoint would give the rows behind it another transaction.
+    EXPECT_EQ(to_text(value("SELECT COUNT(DISTINCT CAST(xmin AS varchar(20))) AS V FROM Prueba")), "1");
+}
+
 TEST_F(Session, a_statement_waits_for_another_user_only_so_long) {
     session->execute("INSERT INTO Prueba (Llave) VALUES (1)");
     const auto other = open_server(connection_string, {.lock_timeout_ms = 100});
@@ -251,16 +287,34 @@ TEST_F(Session, a_statement_that_never_ends_is_cut_off) {
     EXPECT_FALSE(brief->execute("SELECT 1 AS V")->eof());
 }
 
-TEST_F(Session, a_lost_connection_is_told_and_another_session_works) {
+TEST_F(Session, a_lost_connection_ends_one_statement_and_the_next_has_another_session) {
     if (session->server_name() != "PostgreSQL") GTEST_SKIP() << "in PostgreSQL's own words";
-    const auto other = open_server(connection_string);
-    const std::string id = to_text(session->execute("SELECT pg_backend_pid() AS V")->field("V"));
-    other->execute("SELECT pg_terminate_backend(" + id + ")");
+    terminate();
     // The server says it before it hangs up, or has hung up already.
     EXPECT_THAT(failure("SELECT 1 AS V"), StartsWith("Se perdió la conexión con el servidor de base de datos ("));
-    EXPECT_EQ(failure("SELECT 1 AS V"), "La conexión con el servidor de base de datos se perdió; abra otra sesión");
-    session = open_server(connection_string);
     EXPECT_EQ(to_number(value("SELECT COUNT(*) AS V FROM Prueba")), 0);
+    EXPECT_EQ(to_text(value("SELECT current_setting('lock_timeout') AS V")), "10s") << "it begins as the first did";
+}
+
+TEST_F(Session, a_lost_connection_ends_the_unit_of_work_which_says_so) {
+    if (session->server_name() != "PostgreSQL") GTEST_SKIP() << "in PostgreSQL's own words";
+    const std::string over =
+        "La unidad de trabajo terminó cuando se perdió la conexión con el servidor de base de datos; no se conservó "
+        "nada de ella";
+    {
+        Unit_of_work unit(*session);
+        session->execute("INSERT INTO Prueba (Llave) VALUES (1)");
+        terminate();
+        EXPECT_THAT(failure("INSERT INTO Prueba (Llave) VALUES (2)"), StartsWith("Se perdió la conexión"));
+        EXPECT_EQ(failure("INSERT INTO Prueba (Llave) VALUES (3)"), over);
+        EXPECT_THROW(unit.commit(), Database_error);
+    }
+    EXPECT_EQ(to_number(value("SELECT COUNT(*) AS V FROM Prueba")), 0);
+    EXPECT_TRUE(unit_of_work(*session, [&] {
+        session->execute("INSERT INTO Prueba (Llave) VALUES (4)");
+        return true;
+    }));
+    EXPECT_EQ(to_number(value("SELECT COUNT(*) AS V FROM Prueba")), 1);
 }
 
 TEST_F(Session, no_failure_shows_the_password) {

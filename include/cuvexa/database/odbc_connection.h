@@ -19,9 +19,9 @@ struct Odbc_options {
 
 /// A session of a server. Used by one thread.
 ///
-/// After a failure the session remains usable, unless the connection was lost: then that statement and every
-/// later one fail with a text that says so, and whoever wants to go on opens another session. Whether a statement that
-/// lost its connection was kept is not known.
+/// After a failure the session remains usable. When the connection was lost, that statement fails with a
+/// `Lost_connection_error`, and whether it was kept is not known; the next one runs in a new session, unless it belongs to
+/// a unit of work, which is over then.
 class Odbc_connection : public Server_connection {
 public:
     /// `connection_string` as ODBC users know it: "Driver=…;Server=…;Database=…;UID=…;PWD=…" or "DSN=…".

@@ -27,10 +27,10 @@ struct Postgresql_options {
 /// A statement that differs from an earlier one in its literals only is one round trip: the server has it prepared. What
 /// a statement does, gives and fails with does not depend on that.
 ///
-/// After a failure the session remains usable, unless the connection was lost: then that statement and every later one
-/// fail with a text that says so, and whoever wants to go on opens another session. Whether a statement that lost its
-/// connection was kept is not known. Inside a unit of work the server takes nothing more after a failure: the unit can
-/// only be undone, and keeping it fails.
+/// After a failure the session remains usable. When the connection was lost, that statement fails with a
+/// `Lost_connection_error`, and whether it was kept is not known; the next one runs in a new session. Inside a unit of
+/// work the server takes nothing more after a failure, a lost connection included: the unit can only be undone, and
+/// keeping it fails.
 class Postgresql_connection : public Server_connection {
 public:
     /// `conninfo` as every PostgreSQL program takes it: "postgresql://user@host:port/base" or "host=… dbname=…"; what it
@@ -52,7 +52,8 @@ public:
 private:
     friend class postgresql::Engine;
 
-    std::unique_ptr<postgresql::Engine> engine_;
+    struct Parts;
+    std::unique_ptr<Parts> parts_;
 };
 
 }  // namespace cuvexa

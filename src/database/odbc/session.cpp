@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <functional>
 
-#include "cuvexa/errors.h"
+#include "cuvexa/lost_connection.h"
 #include "database/connection_string.h"
 #include "database/odbc/results.h"
 #include "database/utf16.h"
@@ -22,7 +22,8 @@ Session::Session(const std::string& connection_string, const Odbc_options& optio
       environment_(SQL_HANDLE_ENV, SQL_NULL_HANDLE) {
     SQLSetEnvAttr(environment_, SQL_ATTR_ODBC_VERSION, number_attribute(SQL_OV_ODBC3), 0);
     database_.emplace(SQL_HANDLE_DBC, environment_);
-    connect(database::with_password(connection_string, options.password), options.login_timeout_s);
+    connect(database::without_savepoints(database::with_password(connection_string, options.password)),
+            options.login_timeout_s);
     name_ = information(SQL_DBMS_NAME);
     server_ = &database::server_called(name_);
     if (!server_->ends_statements()) statement_timeout_s_ = options.statement_timeout_s;
@@ -37,7 +38,7 @@ Session::~Session() {
 }
 
 std::unique_ptr<Recordset> Session::run(std::string_view text) {
-    if (lost_) throw Database_error("La conexión con el servidor de base de datos se perdió; abra otra sesión");
+    if (lost_) throw Lost_connection_error("La conexión con el servidor de base de datos se perdió");
     const Handle statement(SQL_HANDLE_STMT, *database_);
     // Braces and question marks of a text are its own.
     SQLSetStmtAttrW(statement, SQL_ATTR_NOSCAN, number_attribute(SQL_NOSCAN_ON), 0);
@@ -70,7 +71,7 @@ void Session::refuse(const Handle& statement) {
     const auto records = diagnostics(statement);
     const std::string text = database::without_secrets(description(records), secrets_);
     lost_ = is_lost(records);
-    if (lost_) throw Database_error("Se perdió la conexión con el servidor de base de datos (" + text + ")");
+    if (lost_) throw Lost_connection_error("Se perdió la conexión con el servidor de base de datos (" + text + ")");
     if (!is_conflict(records)) throw Database_error(text);
     ++conflicts_;
     throw Conflict_error(std::string(database::conflict_text) + " (" + text + ")");

@@ -38,14 +38,6 @@ bool is_outdated(const PGresult* result) {
     return state == "0A000" && message != nullptr && std::string_view(message) == "RevalidateCachedQuery";
 }
 
-// In a transaction of which a statement failed, the server takes COMMIT for ROLLBACK without a word.
-Result keep_told(Result result, std::string_view verb) {
-    if (same_text(verb, "COMMIT") && std::string_view(PQcmdStatus(result.get())) == "ROLLBACK") {
-        throw Database_error("La unidad de trabajo se deshizo, porque falló una de sus instrucciones [25P02]");
-    }
-    return result;
-}
-
 }  // namespace
 
 Engine::Engine(const std::string& conninfo, const Postgresql_options& options)
@@ -75,7 +67,7 @@ Result Engine::run(std::string_view text) {
     if (!is_one_of(verb, with_rows)) {
         // After a definition, or DISCARD ALL, what was known of names and types may be so no more.
         if (!is_one_of(verb, of_transactions)) kept_.forget_all();
-        return keep_told(run_as_text(text), verb);
+        return run_as_text(text);
     }
     shape_.read(text, tokens);
     if (!keeps_ || shape_.marked().size() > longest_kept_shape || session_.transaction_failed()) {

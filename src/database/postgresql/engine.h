@@ -17,11 +17,16 @@ class Engine {
 public:
     Engine(const std::string& conninfo, const Postgresql_options& options);
 
-    static Engine& of(const Postgresql_connection& connection) { return *connection.engine_; }
+    /// The engine of a connection's present session.
+    static Engine& of(const Postgresql_connection& connection);
 
     std::unique_ptr<Recordset> execute(std::string_view text);
     void prepare_database();
     std::string translate(std::string_view text) { return interpreter_.translate(text); }
+
+    std::uint64_t conflicts() const noexcept { return session_.conflicts(); }
+
+    bool failure_ends_unit() const noexcept { return session_.server().failure_ends_unit; }
 
     const Session& session() const noexcept { return session_; }
 

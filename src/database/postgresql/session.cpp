@@ -8,7 +8,7 @@
 #include <map>
 
 #include "core/text.h"
-#include "cuvexa/errors.h"
+#include "cuvexa/lost_connection.h"
 #include "database/connection_string.h"
 #include "database/conninfo.h"
 
@@ -239,12 +239,12 @@ void Session::wait_for_input() {
 void Session::lose(const std::string& why) {
     lost_ = true;
     connection_.reset();
-    throw Database_error("Se perdió la conexión con el servidor de base de datos (" +
-                         database::without_secrets(why, secrets_) + ")");
+    throw Lost_connection_error("Se perdió la conexión con el servidor de base de datos (" +
+                                database::without_secrets(why, secrets_) + ")");
 }
 
 void Session::refuse_when_lost() const {
-    if (lost_) throw Database_error("La conexión con el servidor de base de datos se perdió; abra otra sesión");
+    if (lost_) throw Lost_connection_error("La conexión con el servidor de base de datos se perdió");
 }
 
 void Session::refuse(const PGresult* result) {
