@@ -55,7 +55,9 @@ std::string plain_value(std::string_view value) {
 }
 
 std::string guarded_value(std::string_view value) {
-    if (value.find_first_of(";{}=[]()?*!@ ") == std::string_view::npos) return std::string(value);
+    const bool is_plain = value.find_first_of(";{}=[]()?*!@") == std::string_view::npos &&
+                          value.find_first_of(blanks) == std::string_view::npos;
+    if (is_plain) return std::string(value);
     std::string guarded = "{";
     for (const char c : value) {
         guarded += c;
@@ -98,7 +100,7 @@ std::string without_savepoints(const std::string& connection_string) {
 std::vector<std::string> passwords(const std::string& connection_string) {
     std::vector<std::string> found;
     for (const auto& [key, value] : connection_attributes(connection_string)) {
-        if (!is_password_key(key) || value.empty()) continue;
+        if (!is_password_key(key) || plain_value(value).empty()) continue;
         found.emplace_back(value);
         found.push_back(plain_value(value));
     }

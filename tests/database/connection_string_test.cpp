@@ -32,11 +32,13 @@ TEST(Connection_string, a_guarded_value_reads_back) {
         EXPECT_EQ(plain_value(guarded_value(value)), value);
     }
     EXPECT_EQ(guarded_value("a;b}"), "{a;b}}}");
+    EXPECT_EQ(connection_attributes("UID=" + guarded_value("\tana\n")).front().value, "{\tana\n}") << "not trimmed";
 }
 
 TEST(Connection_string, its_passwords_are_known_as_they_stand_and_without_braces) {
     EXPECT_THAT(passwords("DSN=caja;PWD={a;b};Port=1"), ElementsAre("{a;b}", "a;b"));
     EXPECT_THAT(passwords("DSN=caja;PWD="), IsEmpty());
+    EXPECT_THAT(passwords("DSN=caja;PWD={}"), IsEmpty()) << "nothing is no secret: it would stand everywhere";
 }
 
 TEST(Connection_string, a_password_given_apart_is_for_a_text_that_has_none) {
