@@ -91,6 +91,9 @@ public:
     /// Lives as long as the company, wherever that is moved.
     Connection& connection() const;
 
+    /// What its operator should know of how it could be opened, in Spanish; empty mostly.
+    const std::string& notice() const;
+
     /// The reference suite over this company, which it keeps open. How dates are written is up to the company.
     std::shared_ptr<Reference_suite> suite(Suite_options options = {}) const;
 

@@ -1,11 +1,13 @@
 // cuvexa audit: what does not add up in a database.
 #include <unistd.h>
 
+#include <algorithm>
 #include <iostream>
 #include <memory>
 #include <nlohmann/json.hpp>
 
 #include "cli/command.h"
+#include "core/utf8.h"
 #include "cuvexa/suite/audit.h"
 
 namespace cuvexa::cli {
@@ -26,13 +28,30 @@ void print_findings(const std::vector<Finding>& findings) {
     }
 }
 
+/// What a database holds may not be UTF-8: its bytes are told by their numbers.
+std::string legible(const std::string& text) {
+    constexpr char digits[] = "0123456789abcdef";
+    std::string result;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t length = utf8_length(text, at);
+        if (length > 0) {
+            result.append(text, at, length);
+        } else {
+            const auto byte = static_cast<unsigned char>(text[at]);
+            result.append({'\\', 'x', digits[byte >> 4], digits[byte & 0xF]});
+        }
+        at += std::max<std::size_t>(length, 1);
+    }
+    return result;
+}
+
 void print_findings_json(const std::vector<Finding>& findings) {
     auto array = nlohmann::ordered_json::array();
     for (const Finding& finding : findings) {
-        array.push_back({{"check", finding.check},
-                         {"document", finding.document},
-                         {"figures", finding.figures},
-                         {"remedy", finding.remedy}});
+        array.push_back({{"check", legible(finding.check)},
+                         {"document", legible(finding.document)},
+                         {"figures", legible(finding.figures)},
+                         {"remedy", legible(finding.remedy)}});
     }
     std::cout << array.dump(2) << '\n';
 }
@@ -43,7 +62,7 @@ void show_progress(const std::string& check) {
 }
 
 void run_audit(const Audit_options& options) {
-    const Company company(options.company, Access::read);
+    const Company company = open_to_read(options.company);
     const bool watched = isatty(STDERR_FILENO) != 0;
     const auto findings =
         audit(company.connection(), watched ? show_progress : std::function<void(const std::string&)>());

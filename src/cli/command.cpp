@@ -1,6 +1,25 @@
 #include "cli/command.h"
 
+#include <cmath>
+#include <cstdlib>
+#include <iostream>
+
 namespace cuvexa::cli {
+
+namespace {
+
+/// A range lets it pass.
+std::string no_number_problem(const std::string& text) {
+    return std::isnan(std::strtod(text.c_str(), nullptr)) ? "not a number: " + text : std::string();
+}
+
+}  // namespace
+
+Company open_to_read(const Company_options& options) {
+    Company company(options, Access::read);
+    if (!company.notice().empty()) std::cerr << company.notice() << '\n';
+    return company;
+}
 
 void add_company_options(CLI::App& command, Company_options& options, bool db_required) {
     command
@@ -18,6 +37,7 @@ void add_company_options(CLI::App& command, Company_options& options, bool db_re
         ->capture_default_str();
     command.add_option("--wait", options.wait_s, "Seconds to wait for another program that is writing")
         ->check(CLI::Range(0.0, 3600.0))
+        ->check(no_number_problem)
         ->capture_default_str();
 }
 

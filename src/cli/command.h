@@ -19,6 +19,9 @@ public:
 /// Adds --db, --trace, --synchronous and --wait to a command.
 void add_company_options(CLI::App& command, Company_options& options, bool db_required = true);
 
+/// Opens a company that is not to be changed; what its operator should know goes to standard error.
+Company open_to_read(const Company_options& options);
+
 /// The commands; each adds itself, with what it does when chosen.
 void add_init(CLI::App& program);
 void add_upgrade(CLI::App& program);

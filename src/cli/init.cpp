@@ -27,7 +27,7 @@ void init(const Init_options& options) {
     if (make(options)) {
         std::cout << "Base de datos creada" << (options.sample ? " con la empresa de muestra: " : ": ") << name << '\n';
     } else {
-        const Company opened(options.company, Access::read);  // refuses what is no database of this version
+        const Company opened = open_to_read(options.company);  // refuses what is no database of this version
         std::cout << "Ya existía: " << name << '\n';
     }
 }

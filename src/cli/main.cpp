@@ -42,6 +42,11 @@ int refused(std::string_view reason) {
     return exit_refused;
 }
 
+int written() {
+    std::cout.flush();
+    return std::cout ? exit_done : refused("No se pudo escribir el resultado");
+}
+
 int run(int count, char** words) {
     CLI::App program("Cuvexa, the treasury component: receipts, checks, deposits and bank movements", "cuvexa");
     program.set_version_flag("--version", "cuvexa " CUVEXA_VERSION);
@@ -53,10 +58,10 @@ int run(int count, char** words) {
     try {
         program.parse(count, words);
     } catch (const CLI::ParseError& error) {
-        return error.get_exit_code() == 0 ? program.exit(error) : wrong_use(error.what());
+        if (error.get_exit_code() != 0) return wrong_use(error.what());
+        program.exit(error);  // prints what was asked for: help, the version
     }
-    std::cout.flush();
-    return std::cout ? exit_done : refused("No se pudo escribir el resultado");
+    return written();
 }
 
 }  // namespace

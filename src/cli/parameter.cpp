@@ -20,7 +20,7 @@ struct Parameter_options {
 };
 
 void list(const Parameter_options& options) {
-    const Company company(options.company, Access::read);
+    const Company company = open_to_read(options.company);
     std::vector<Row> rows;
     for (const System_parameter& parameter : parameters(company.connection())) {
         rows.push_back({parameter.name, parameter.value});
@@ -33,7 +33,7 @@ void list(const Parameter_options& options) {
 }
 
 void get(const Parameter_options& options) {
-    const Company company(options.company, Access::read);
+    const Company company = open_to_read(options.company);
     const auto value = parameter(company.connection(), options.name);
     if (!value) throw Refused("No existe el parámetro: " + options.name);
     std::cout << *value << '\n';

@@ -22,6 +22,9 @@ struct Session_options {
     void add_to(CLI::App& command, bool with_atomic = false);
 };
 
+/// Why a text cannot be a user's name in statements; empty when it can.
+std::string user_problem(const std::string& user);
+
 /// Why a text is no date; empty when it is one.
 std::string date_problem(const std::string& text);
 

@@ -19,7 +19,7 @@ struct Show_options {
 
 void show(const Show_options& options) {
     const View& view = view_named(options.view);
-    const Company company(options.company, Access::read);
+    const Company company = open_to_read(options.company);
     const auto rows = read_view(company.connection(), view, options.key);
     if (options.json) {
         print_json(std::cout, view.columns, rows);

@@ -84,7 +84,7 @@ void show_json(Connection& connection) {
 }
 
 void show(const Suite_command_options& options) {
-    const Company company(options.company, Access::read);
+    const Company company = open_to_read(options.company);
     Connection& connection = company.connection();
     if (options.json) return show_json(connection);
     const Server_identity server = server_identity(connection);

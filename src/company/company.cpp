@@ -30,6 +30,7 @@ public:
     Connection& connection() { return traced_ ? static_cast<Connection&>(*traced_) : untraced(); }
     Connection& untraced() { return *engine_.connection; }
     Date_style date_style() const { return engine_.date_style; }
+    const std::string& notice() const { return engine_.notice; }
 
     /// Writes what a new company begins with: whole or not at all.
     void fill(Contents contents) {
@@ -81,12 +82,20 @@ auto told(Work&& work) {
     }
 }
 
+using Version_check = void (*)(Connection& connection, const std::string& name);
+
+/// What is refused must not have been changed, and to open a file for writing may change it.
+Opened opened(const Company_options& options, Access access, Version_check check) {
+    const auto engine = engine_for(options);
+    if (access == Access::write && !options.is_server()) check(*engine->open(Access::read).connection, options.shown());
+    Opened result = engine->open(access);
+    check(*result.connection, options.shown());
+    return result;
+}
+
 std::unique_ptr<Session> open_session(const Company_options& options, Access access) {
-    return told([&] {
-        auto session = std::make_unique<Session>(engine_for(options)->open(access), options.trace);
-        require_this_version(session->untraced(), options.shown());
-        return session;
-    });
+    return told(
+        [&] { return std::make_unique<Session>(opened(options, access, require_this_version), options.trace); });
 }
 
 std::unique_ptr<Session> session_in_memory(Contents contents, const Company_options& options) {
@@ -137,13 +146,20 @@ bool Company::create_if_missing(const Company_options& options, Contents content
 
 Upgrade Company::upgrade(const Company_options& options, Upgrade_mode mode) {
     return company::told([&] {
-        company::Session session(company::engine_for(options)->open(Access::write), options.trace);
+        const auto known = [](Connection& connection, const std::string& name) {
+            company::known_version(connection, name);
+        };
+        company::Session session(company::opened(options, Access::write, known), options.trace);
         return session.upgrade(options.shown(), mode);
     });
 }
 
 Connection& Company::connection() const {
     return session_->connection();
+}
+
+const std::string& Company::notice() const {
+    return session_->notice();
 }
 
 std::shared_ptr<Reference_suite> Company::suite(Suite_options options) const {

@@ -14,6 +14,7 @@ struct Opened {
     std::unique_ptr<Connection> connection;
     Date_style date_style = Date_style::iso;  ///< that the engine reads alike under every setting
     std::string file = {};                    ///< where its rows are; empty on a server
+    std::string notice = {};                  ///< what its operator should know; mostly empty
 };
 
 /// Writes everything that a new database holds.

@@ -9,9 +9,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr double longest_wait_s = 3600;
+
 Sqlite_options engine_options(const Company_options& options) {
     Sqlite_options engine;
     engine.synchronous = synchronous_named(options.synchronous);
+    if (!(options.wait_s >= 0 && options.wait_s <= longest_wait_s)) {
+        throw Company_error("La espera no es un número de segundos de 0 a 3600: " + std::to_string(options.wait_s));
+    }
     engine.busy_timeout_ms = static_cast<int>(options.wait_s * 1000);
     return engine;
 }
@@ -22,6 +27,11 @@ Opened new_database(const std::string& file, const Company_options& options) {
     return {.connection = std::make_unique<Sqlite_connection>(file, engine), .file = file};
 }
 
+/// The engine makes a database of that name in memory.
+std::string name_of_file(const std::string& file) {
+    return file == ":memory:" ? "./:memory:" : file;
+}
+
 // The engine would say the same of a missing file and of a folder: that it cannot open it.
 void require_file(const std::string& file) {
     std::error_code ignored;
@@ -30,6 +40,9 @@ void require_file(const std::string& file) {
         throw Company_error("No existe la base de datos: " + file + " (se crea con: cuvexa init --db " + file + ")");
     }
     if (fs::is_directory(status)) throw Company_error("No es una base de datos sino una carpeta: " + file);
+    if (!fs::is_regular_file(status)) {
+        throw Company_error("No es una base de datos sino un dispositivo o un conducto: " + file);
+    }
 }
 
 class File_engine final : public Engine {
@@ -42,7 +55,13 @@ public:
         require_file(file());
         Sqlite_options engine = engine_options(options_);
         engine.read_only = access == Access::read;
-        return {.connection = std::make_unique<Sqlite_connection>(file(), engine), .file = file()};
+        auto connection = std::make_unique<Sqlite_connection>(name_of_file(file()), engine);
+        std::string notice;
+        if (connection->reads_frozen()) {
+            notice =
+                "La base de datos solo puede leerse; lo que otro programa escriba mientras tanto no se ve: " + file();
+        }
+        return {.connection = std::move(connection), .file = file(), .notice = std::move(notice)};
     }
 
     void create(const Fill& fill) const override {

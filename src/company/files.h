@@ -1,7 +1,8 @@
-// Files whose names are UTF-8, also where the system's narrow texts are not.
+// Files whose names are UTF-8, also where the system's narrow texts are not; and how a database file is made.
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <string>
 
 namespace cuvexa::company {
@@ -12,7 +13,8 @@ std::filesystem::path path(const std::string& name);
 /// left, or its folder is missing.
 void refuse_in_place(const std::string& file);
 
-/// A file in the making, under a name of its own; gone in the end, with what the engine put beside it.
+/// A database file in the making, in a folder of its own beside its place; gone in the end, with what the engine put
+/// there. What programs that were killed left of theirs is removed when another begins.
 class Draft {
 public:
     explicit Draft(const std::string& file);
@@ -22,12 +24,15 @@ public:
 
     const std::string& name() const { return name_; }
 
-    /// Gives it its name. Throws `Company_error` when another program has made a file of that name meanwhile.
+    /// Gives it its name, once it is known to be whole: nobody has it open, its log is in it, the engine finds it
+    /// sound, and it has reached the disk, its name as well. Throws `Company_error` or `Database_error`, and then there
+    /// is no such file; also when another program has made one of that name meanwhile.
     void become(const std::string& file);
 
 private:
-    void remove();
+    class Folder;
 
+    std::unique_ptr<Folder> folder_;
     std::string name_;
 };
 

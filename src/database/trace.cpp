@@ -69,14 +69,16 @@ std::string rows_of(const Recordset* rows) {
 
 std::unique_ptr<Recordset> Traced_connection::execute(std::string_view text) {
     const auto start = Clock::now();
+    std::unique_ptr<Recordset> rows;
     try {
-        auto rows = connection_->execute(text);
-        write(text, microseconds_since(start), rows_of(rows.get()), nullptr);
-        return rows;
+        rows = connection_->execute(text);
     } catch (const std::exception& error) {
         write(text, microseconds_since(start), "null", error.what());
         throw;
     }
+    write(text, microseconds_since(start), rows_of(rows.get()), nullptr);
+    if (!*out_) throw Database_error("La instrucción se ejecutó, pero no se pudo escribir en el rastro");
+    return rows;
 }
 
 void Traced_connection::write(std::string_view text, std::int64_t us, const std::string& rows, const char* error) {

@@ -1,6 +1,9 @@
 // cuvexa audit: what it prints, its exit codes, and that it changes nothing.
+#include <sqlite3.h>
+
 #include "cli/program.h"
 #include "cuvexa/database/sqlite_connection.h"
+#include "database/sqlite/engine.h"
 
 namespace cuvexa::tests {
 namespace {
@@ -99,6 +102,20 @@ TEST_F(Cli_audit, a_database_that_is_not_there_is_refused_and_not_made) {
     EXPECT_EQ(outcome.code, 1);
     EXPECT_THAT(outcome.err, HasSubstr("No existe la base de datos: other.db"));
     EXPECT_FALSE(std::filesystem::exists(folder / "other.db"));
+}
+
+TEST_F(Cli_audit, tells_the_bytes_of_a_text_that_is_not_utf_8) {
+    plant();
+    {
+        Sqlite_connection connection((folder / "company.db").string());
+        sqlite3_exec(sqlite::handle_of(connection),
+                     "UPDATE Banco_Cuenta SET Bc_Cve_Banco_Cuenta = CAST(X'61FFC3B162' AS TEXT) WHERE "
+                     "Bc_Cve_Banco_Cuenta = 'SRR-MXN'",
+                     nullptr, nullptr, nullptr);
+    }
+    const Outcome outcome = run("audit --json --db company.db");
+    EXPECT_EQ(outcome.code, 1);
+    EXPECT_EQ(nlohmann::json::parse(outcome.out)[0]["document"], "Cuenta bancaria a\\xffñb");
 }
 
 }  // namespace

@@ -192,8 +192,32 @@ TEST_F(Cli_databases, that_may_not_be_written_are_read_but_not_changed) {
     };
     EXPECT_EQ(status_of("show accounts --db company.db"), 0) << read_file(folder / ".err");
     EXPECT_THAT(read_file(folder / ".out"), HasSubstr("SRR-MXN"));
+    EXPECT_EQ(read_file(folder / ".err"),
+              "La base de datos solo puede leerse; lo que otro programa escriba mientras tanto no se ve: company.db\n");
+    EXPECT_EQ(status_of("audit --db company.db"), 0) << read_file(folder / ".err");
     EXPECT_EQ(status_of("parameter set --db company.db A B"), 1);
     EXPECT_THAT(read_file(folder / ".err"), HasSubstr("La base de datos es de solo lectura"));
+    for (const char* left : {"company.db-wal", "company.db-shm"}) EXPECT_FALSE(std::filesystem::exists(folder / left));
+
+    // Others at work have put there what a reader needs.
+    std::filesystem::permissions(folder / "company.db", std::filesystem::perms(0644));
+    Sqlite_connection owner((folder / "company.db").string());
+    owner.execute("UPDATE Empresa SET Em_Descripcion = 'Otra'");
+    EXPECT_EQ(status_of("show accounts --db company.db"), 0) << read_file(folder / ".err");
+    EXPECT_EQ(read_file(folder / ".err"), "");
+    owner.execute("UPDATE Empresa SET Em_Descripcion = 'Otra más'");
+}
+
+TEST_F(Cli_databases, made_by_several_at_once_are_made_once_and_all_succeed) {
+    const std::string line =
+        "cd '" + folder.string() + "' && for i in 1 2 3 4 5 6 7 8; do '" + in_build("bin/cuvexa") +
+        "' init --if-missing --sample --db company.db >>.out 2>>.err || echo failed >>.err & done; "
+        "wait";
+    ASSERT_EQ(std::system(line.c_str()), 0);
+    EXPECT_EQ(read_file(folder / ".err"), "");
+    const std::string out = read_file(folder / ".out");
+    EXPECT_EQ(std::count(out.begin(), out.end(), '\n'), 8);
+    EXPECT_THAT(names_in(folder), testing::ElementsAre("company.db"));
 }
 
 }  // namespace

@@ -2,7 +2,10 @@
 #include "cli/program.h"
 #include "support/places.h"
 
+#include <sys/wait.h>
+
 #include <algorithm>
+#include <cstdlib>
 
 namespace cuvexa::tests {
 namespace {
@@ -66,6 +69,30 @@ TEST_F(Cli_use, a_result_that_cannot_be_written_is_a_failure) {
                              "' show accounts --db company.db >/dev/full 2>.err";
     EXPECT_NE(std::system(line.c_str()), 0);
     EXPECT_EQ(read_file(folder / ".err"), "No se pudo escribir el resultado\n");
+}
+
+TEST_F(Cli_use, what_cannot_be_written_is_a_failure) {
+    for (const char* asked : {"--help", "--version", "init --help"}) {
+        const std::string line =
+            "'" + in_build("bin/cuvexa") + "' " + asked + " >/dev/full 2>'" + (folder / ".err").string() + "'";
+        EXPECT_EQ(WEXITSTATUS(std::system(line.c_str())), 1) << asked;
+        EXPECT_EQ(read_file(folder / ".err"), "No se pudo escribir el resultado\n");
+    }
+    make_company();
+    const Outcome traced = run("show receipts --db company.db --trace /dev/full");
+    EXPECT_EQ(traced.code, 1);
+    EXPECT_EQ(traced.err, "La instrucción se ejecutó, pero no se pudo escribir en el rastro\n");
+}
+
+TEST_F(Cli_use, what_is_no_number_of_seconds_and_no_name_of_a_user_is_refused) {
+    make_company();
+    for (const char* wait : {"nan", "-nan", "inf", "-1", "x"}) {
+        EXPECT_EQ(run("show receipts --db company.db --wait=" + std::string(wait)).code, 2) << wait;
+    }
+    for (const char* user : {"\"o'brien\"", "$(printf '\\377')", "$(printf 'a\\nb')"}) {
+        EXPECT_EQ(run("rpc --db company.db --user " + std::string(user)).code, 2) << user;
+    }
+    EXPECT_EQ(run("rpc --db company.db --user \"o''brien\"").code, 0);
 }
 
 }  // namespace

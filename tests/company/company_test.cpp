@@ -1,10 +1,16 @@
 // Opening and making a company: what is refused, in which words, and that nothing half made is left.
 #include "cuvexa/company.h"
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sqlite3.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <atomic>
+#include <cmath>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -25,6 +31,8 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
 using ::testing::StartsWith;
+using ::testing::UnorderedElementsAre;
+using ::testing::UnorderedElementsAreArray;
 
 std::string text_of(const std::string& file) {
     std::ifstream stream(file, std::ios::binary);
@@ -151,6 +159,28 @@ TEST_F(Companies, are_made_once_however_many_find_none) {
     EXPECT_FALSE(Company::create_if_missing(options, Contents::schema));
 }
 
+TEST_F(Companies, remove_the_drafts_of_killed_programs_and_no_others) {
+    const std::string abandoned = "empresa.db.nueva-00112233445566ff", worked_in = "empresa.db.nueva-0011223344556677";
+    for (const std::string& name : {abandoned, worked_in, std::string("otra.db.nueva-00112233445566ff")}) {
+        fs::create_directory(file(name));
+        write(name + "/empresa.db", "a medias");
+        write(name + "/empresa.db-wal", "a medias");
+    }
+    write("empresa.db.nueva-2024", "de alguien");
+    const int held = open(file(worked_in).c_str(), O_RDONLY | O_DIRECTORY);
+    ASSERT_EQ(flock(held, LOCK_EX), 0);
+    made("empresa.db");
+    EXPECT_THAT(names(), UnorderedElementsAre("empresa.db", worked_in, "otra.db.nueva-00112233445566ff",
+                                              "empresa.db.nueva-2024"));
+    EXPECT_EQ(text_of(file(worked_in + "/empresa.db-wal")), "a medias");
+    close(held);
+    made("empresa.db-2");
+    EXPECT_TRUE(fs::exists(file(worked_in))) << "of another file";
+    fs::remove(file("empresa.db"));
+    made("empresa.db");
+    EXPECT_FALSE(fs::exists(file(worked_in)));
+}
+
 TEST_F(Companies, that_are_missing_and_cannot_be_made_are_refused_all_the_same) {
     EXPECT_THROW(Company::create_if_missing({.database = file("nada/empresa.db")}, Contents::schema), Company_error);
 }
@@ -188,6 +218,88 @@ TEST_F(Companies, of_another_version_are_refused) {
     Company(options).connection().execute("UPDATE Esquema_Suite SET Eq_Version = 77, Eq_Programa = '9.1.0'");
     EXPECT_EQ(refusal(options), "La versión del esquema de la base de datos es 77 y la de este programa es 2: " +
                                     options.database + " (se trabaja con cuvexa 9.1.0 o posterior)");
+}
+
+TEST_F(Companies, that_are_refused_are_left_as_they_were) {
+    Sqlite_connection(file("con diario.db"), {.create = true}).execute("CREATE TABLE x (y VARCHAR(10))");
+    sqlite3* raw = nullptr;
+    ASSERT_EQ(sqlite3_open(file("sin diario.db").c_str(), &raw), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(raw, "CREATE TABLE x (y)", nullptr, nullptr, nullptr), SQLITE_OK);
+    sqlite3_close(raw);
+    write("vacía.db", "");
+    const Company_options newer = made("nueva.db");
+    Company(newer).connection().execute("UPDATE Esquema_Suite SET Eq_Version = 77");
+    const auto all = names();
+    for (const std::string& name : all) {
+        const std::string before = text_of(file(name));
+        for (const Access access : {Access::read, Access::write}) {
+            EXPECT_THROW(Company({.database = file(name)}, access), Company_error) << name;
+            EXPECT_THROW(Company::upgrade({.database = file(name)}), Company_error) << name;
+        }
+        EXPECT_TRUE(text_of(file(name)) == before) << name;
+        EXPECT_THAT(names(), UnorderedElementsAreArray(all)) << name;
+    }
+}
+
+TEST_F(Companies, with_a_log_that_a_killed_program_left_are_not_changed_by_readers) {
+    const Company_options options = made("empresa.db");
+    {
+        const Company writer(options);
+        writer.connection().execute("UPDATE Empresa SET Em_Descripcion = 'Otra'");
+        fs::copy(file("empresa.db"), file("copia.db"));
+        fs::copy(file("empresa.db-wal"), file("copia.db-wal"));
+    }
+    const std::string before = text_of(file("copia.db")), log = text_of(file("copia.db-wal"));
+    EXPECT_EQ(scalar(Company({.database = file("copia.db")}, Access::read), name_of_company), "Otra");
+    EXPECT_TRUE(text_of(file("copia.db")) == before);
+    EXPECT_TRUE(text_of(file("copia.db-wal")) == log);
+    EXPECT_EQ(scalar(Company({.database = file("copia.db")}), name_of_company), "Otra");
+    EXPECT_FALSE(fs::exists(file("copia.db-wal"))) << "a writer takes the log in";
+}
+
+TEST_F(Companies, are_neither_devices_nor_pipes) {
+    ASSERT_EQ(mkfifo(file("conducto").c_str(), 0600), 0);
+    for (const std::string& name : {file("conducto"), std::string("/dev/null")}) {
+        EXPECT_EQ(refusal({.database = name}), "No es una base de datos sino un dispositivo o un conducto: " + name);
+    }
+}
+
+TEST_F(Companies, have_whatever_name_is_given) {
+    const fs::path before = fs::current_path();
+    fs::current_path(file(""));
+    for (const std::string name : {":memory:", "file:empresa.db?mode=memory", "-x", "a b%20ñ?.db"}) {
+        Company::create({.database = name}, Contents::schema);
+        EXPECT_TRUE(fs::is_regular_file(name)) << name;
+        EXPECT_EQ(scalar(Company({.database = name}, Access::read), "SELECT COUNT(*) AS value FROM Empresa"), "0");
+    }
+    fs::current_path(before);
+}
+
+TEST_F(Companies, are_not_waited_for_by_what_is_no_number) {
+    Company_options options = made("empresa.db");
+    for (const double wait : {std::nan(""), -1.0, 3601.0, HUGE_VAL}) {
+        options.wait_s = wait;
+        EXPECT_THAT(refusal(options), StartsWith("La espera no es un número de segundos de 0 a 3600: "));
+    }
+}
+
+TEST_F(Companies, read_by_others_have_nothing_left_beside_them) {
+    const Company_options options = made("empresa.db");
+    {
+        const Company reader(options, Access::read);
+        EXPECT_EQ(scalar(reader, name_of_company), sample_name);
+        EXPECT_EQ(reader.notice(), "");
+        Company(options).connection().execute("UPDATE Empresa SET Em_Descripcion = 'Otra'");
+        EXPECT_EQ(scalar(reader, name_of_company), "Otra");
+    }
+    EXPECT_THAT(names(), ElementsAre("empresa.db"));
+}
+
+TEST_F(Companies, whose_trace_cannot_be_written_say_so) {
+    Company_options options = made("empresa.db");
+    options.trace = "/dev/full";
+    const Company company(options);
+    EXPECT_THROW(scalar(company, name_of_company), Database_error);
 }
 
 TEST_F(Companies, opened_for_reading_are_not_written) {

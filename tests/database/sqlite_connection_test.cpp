@@ -1,4 +1,5 @@
 #include "cuvexa/database/sqlite_connection.h"
+#include "cuvexa/unit_of_work.h"
 
 #include <sqlite3.h>
 
@@ -307,6 +308,31 @@ TEST(Sqlite_file, a_file_opened_for_reading_is_not_written) {
     Sqlite_connection reader(file.path(), options);
     EXPECT_THAT(failure(reader, "INSERT INTO T VALUES (1)"), StartsWith("La base de datos es de solo lectura"));
     EXPECT_THAT(column(reader, "v", "SELECT COUNT(*) AS v FROM T"), ElementsAre("0"));
+}
+
+TEST(Sqlite_file, a_statement_without_end_is_ended_and_others_go_on) {
+    const Database_file file;
+    file.open().execute("CREATE TABLE T (A int)");
+    Sqlite_options options;
+    EXPECT_EQ(options.statement_timeout_s, 60);
+    options.statement_timeout_s = 1;
+    Sqlite_connection db(file.path(), options), other(file.path());
+    for (int i = 0; i < 60; ++i) db.execute("INSERT INTO T VALUES (" + std::to_string(i) + ")");
+    const std::string ended = "La instrucción tardó más de 1 segundos y se interrumpió (interrupted)";
+    EXPECT_EQ(failure(db,
+                      "SELECT COUNT(*) AS v FROM T a, T b, T c, T d, T e, T f, T g, T h WHERE a.A + b.A + c.A + d.A "
+                      "+ e.A + f.A + g.A + h.A < 0"),
+              ended);
+    {
+        Unit_of_work whole(db);
+        db.execute("INSERT INTO T VALUES (100)");
+        EXPECT_EQ(failure(db,
+                          "INSERT INTO T SELECT a.A FROM T a, T b, T c, T d, T e, T f, T g, T h WHERE a.A + b.A + c.A "
+                          "+ d.A + e.A + f.A + g.A + h.A < 0"),
+                  ended);
+    }
+    other.execute("INSERT INTO T VALUES (200)");
+    EXPECT_THAT(column(db, "v", "SELECT A AS v FROM T WHERE A >= 100"), ElementsAre("200"));
 }
 
 TEST(Sqlite_file, a_full_disk_is_said_to_be_full_and_what_was_there_stays) {

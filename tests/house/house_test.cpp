@@ -127,7 +127,8 @@ bool is_standard_header(const std::string& name) {
 
 /// What the standard library lacks where a company's file is made: to bring its name to the disk.
 bool is_file_system_header(const std::string& include) {
-    return include == "<fcntl.h>" || include == "<unistd.h>";
+    return include == "<fcntl.h>" || include == "<unistd.h>" || include == "<sys/file.h>" ||
+           include == "<sys/stat.h>" || include == "<io.h>";
 }
 
 /// Whether a header is one of the Windows system.

@@ -27,13 +27,14 @@ Synchronous synchronous_named(std::string_view name);
 
 struct Sqlite_options {
     Synchronous synchronous = Synchronous::full;
-    int busy_timeout_ms = 10000;  ///< how long a statement waits for another program
-    bool create = false;          ///< make the file when there is none
-    bool read_only = false;
+    int busy_timeout_ms = 10000;        ///< how long a statement waits for another program
+    int statement_timeout_s = 60;       ///< how long a statement may run; 0: without end
+    bool create = false;                ///< make the file when there is none
+    bool read_only = false;             ///< change nothing, and leave nothing beside the file that was not there
     std::size_t kept_statements = 256;  ///< prepared statements kept, by shape
 };
 
-/// A SQLite file, or ":memory:". Used by one thread; several connections and programs may share a file.
+/// A SQLite file, whatever its name, or ":memory:". Used by one thread; several connections and programs may share a file.
 ///
 /// Rows are read completely before `execute` returns: an open recordset holds no lock and sees no later change.
 /// After a failure the connection remains usable.
@@ -52,12 +53,17 @@ public:
     /// The statement as the engine would be given it with its literals in place.
     std::string translate(std::string_view text) const;
 
+    /// Whether the file is read as one that nobody changes, for want of the right to make others wait: what they write
+    /// meanwhile is seen in part or not at all.
+    bool reads_frozen() const noexcept { return reads_frozen_; }
+
     /// Gives the file back; every later `execute` fails. Destruction does the same.
     void close() noexcept;
 
 private:
     friend class sqlite::Engine;
 
+    bool reads_frozen_ = false;
     std::unique_ptr<sqlite::Engine> engine_;
     std::uint64_t conflicts_ = 0;
 };

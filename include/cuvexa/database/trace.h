@@ -15,7 +15,8 @@ namespace cuvexa {
 /// {"seq":1,"text":"SELECT …","us":85,"rows":2,"error":null}
 /// `text` is the statement as composed; bytes that are no UTF-8 become U+FFFD. `us` is how long it took, in
 /// microseconds. `rows`: the rows given, or changed where the statement gives none; null after a failure or where the
-/// connection cannot tell. `error`: the description of a failure, or null.
+/// connection cannot tell. `error`: the description of a failure, or null. A statement that ran and could not be written
+/// down throws `Database_error`.
 class Traced_connection : public Connection {
 public:
     /// Both must outlive the object.

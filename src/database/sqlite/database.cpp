@@ -1,6 +1,12 @@
 #include "database/sqlite/database.h"
 
+#ifndef _WIN32
+#include <unistd.h>
+#endif
+
+#include <cctype>
 #include <chrono>
+#include <filesystem>
 #include <thread>
 
 #include "cuvexa/errors.h"
@@ -74,8 +80,109 @@ void configure(sqlite3* database, const Sqlite_options& options) {
     run(database, std::string("PRAGMA synchronous = ") + name_of(options.synchronous));
     run(database, "PRAGMA cache_size = -65536");
     run(database, "PRAGMA temp_store = MEMORY");
+    if (options.read_only) run(database, "PRAGMA query_only = ON");
     install_functions(database);
 }
+
+// ---- Names ---------------------------------------------------------------------------------------------------------
+
+namespace fs = std::filesystem;
+
+fs::path path_of(const std::string& name) {
+    return std::u8string(name.begin(), name.end());
+}
+
+bool stands(const std::string& name) {
+    std::error_code ignored;
+    return fs::exists(path_of(name), ignored);
+}
+
+std::string absolute(const std::string& name) {
+    const std::u8string path = fs::absolute(path_of(name)).u8string();
+    return {path.begin(), path.end()};
+}
+
+/// The engine takes a name that begins with "file:" apart; one from the root it does not.
+std::string literal_name(const std::string& path) {
+    return path == ":memory:" ? path : absolute(path);
+}
+
+/// The same with a setting.
+std::string name_with(const std::string& path, const char* setting) {
+    constexpr char digits[] = "0123456789ABCDEF";
+    std::string name = "file:";
+    for (const char c : absolute(path)) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (std::isalnum(byte) != 0 || c == '/') {
+            name += c;
+        } else {
+            name.append({'%', digits[byte >> 4], digits[byte & 0xF]});
+        }
+    }
+    return name + '?' + setting;
+}
+
+// What a killed program has left in the log can be read by one who may write beside it, or with an index that stands
+// there.
+void require_readable_log(const std::string& path) {
+    if (!has_log(path) || stands(path + "-shm")) return;
+    throw Database_error("Un programa terminó a medias y dejó cambios en " + path +
+                         "-wal; la base de datos debe abrirla primero quien pueda escribirla");
+}
+
+std::string name_to_read(const std::string& path) {
+    switch (reading_of(path)) {
+        case Reading::shared:
+            return literal_name(path);
+        case Reading::beside:
+            return name_with(path, "readonly_shm=1");
+        case Reading::frozen:
+            require_readable_log(path);
+            return name_with(path, "immutable=1");
+    }
+    return path;
+}
+
+sqlite3* opened(const std::string& name, int flags, Database& database) {
+    sqlite3* raw = nullptr;
+    const int code = sqlite3_open_v2(name.c_str(), &raw, flags | SQLITE_OPEN_NOMUTEX, nullptr);
+    database.reset(raw);
+    if (code != SQLITE_OK) fail(raw, code);
+    return raw;
+}
+
+// One who may write the file opens it so for reading, too: a reader without that right could not take away in the end
+// what stands beside the file while it is read, and others could not write there.
+Database open_to_read(const std::string& path, const Sqlite_options& options) {
+    const bool others_log = has_log(path);
+    const bool shared = reading_of(path) == Reading::shared;
+    Database database;
+    sqlite3* raw =
+        opened(name_to_read(path), (shared ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY) | SQLITE_OPEN_URI, database);
+    if (others_log) sqlite3_db_config(raw, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    configure(raw, options);
+    return database;
+}
+
+Database open_to_write(const std::string& path, const Sqlite_options& options) {
+    const bool makes = options.create || path == ":memory:";
+    Database database;
+    sqlite3* raw = opened(literal_name(path), SQLITE_OPEN_READWRITE | (makes ? SQLITE_OPEN_CREATE : 0), database);
+    if (sqlite3_db_readonly(raw, "main") == 1) throw Database_error("La base de datos es de solo lectura");
+    configure(raw, options);
+    return database;
+}
+
+#ifdef _WIN32
+/// What beside a file hinders there is not a matter of rights.
+bool may_write(const std::string&) {
+    return true;
+}
+#else
+bool may_write(const std::string& path) {
+    return access(path.c_str(), W_OK) == 0 && access(path_of(absolute(path)).parent_path().c_str(), W_OK) == 0;
+}
+#endif
 
 }  // namespace
 
@@ -97,19 +204,25 @@ void fail(sqlite3* database, int code) {
     throw Database_error(description(database, code));
 }
 
+bool has_log(const std::string& path) {
+    std::error_code error;
+    const auto size = fs::file_size(path_of(path + "-wal"), error);
+    return !error && size > 0;
+}
+
+Reading reading_of(const std::string& path) {
+    if (path == ":memory:" || may_write(path)) return Reading::shared;
+    return stands(path + "-wal") && stands(path + "-shm") ? Reading::beside : Reading::frozen;
+}
+
 Database open_database(const std::string& path, const Sqlite_options& options) {
-    int flags = options.read_only ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
-    if ((options.create && !options.read_only) || path == ":memory:") flags |= SQLITE_OPEN_CREATE;
-    sqlite3* raw = nullptr;
-    const int code = sqlite3_open_v2(path.c_str(), &raw, flags | SQLITE_OPEN_NOMUTEX, nullptr);
-    Database database(raw);
     try {
-        if (code != SQLITE_OK) fail(raw, code);
-        configure(raw, options);
+        return options.read_only ? open_to_read(path, options) : open_to_write(path, options);
+    } catch (const Conflict_error& error) {
+        throw Conflict_error(std::string(error.what()) + ": " + path);
     } catch (const Database_error& error) {
         throw Database_error(std::string(error.what()) + ": " + path);
     }
-    return database;
 }
 
 }  // namespace cuvexa::sqlite

@@ -21,6 +21,17 @@ using Statement = std::unique_ptr<sqlite3_stmt, Closer>;
 /// when it cannot be opened or is not a database.
 Database open_database(const std::string& path, const Sqlite_options& options);
 
+/// Whether a log beside the file holds something that the file does not.
+bool has_log(const std::string& path);
+
+/// How a file is opened by one who only reads.
+enum class Reading {
+    shared,  ///< as writers do, who take their part in the files beside it and remove them in the end
+    beside,  ///< with what writers at work have put there
+    frozen,  ///< as a file that nobody changes: without rights nobody can be asked to wait
+};
+Reading reading_of(const std::string& path);
+
 /// What the engine calls it.
 const char* name_of(Synchronous synchronous) noexcept;
 

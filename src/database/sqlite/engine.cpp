@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdlib>
+#include <new>
 #include <system_error>
 #include <utility>
 
@@ -50,7 +51,8 @@ Column_names names_of(sqlite3_stmt* statement) {
     names->reserve(static_cast<std::size_t>(count));
     for (int column = 0; column < count; ++column) {
         const char* name = sqlite3_column_name(statement, column);
-        names->emplace_back(name == nullptr ? "" : name);
+        if (name == nullptr) throw std::bad_alloc();  // kept, it would be missed each time
+        names->emplace_back(name);
     }
     return names;
 }
@@ -88,8 +90,9 @@ void refresh_columns(Kept_statement& kept) {
 /// Whatever happens, the statement is ready for its next use and lets go of the texts it was given.
 class Use {
 public:
-    explicit Use(sqlite3_stmt* statement) : statement_(statement) {}
+    Use(sqlite3_stmt* statement, Statement_clock& clock) : statement_(statement), clock_(clock) { clock_.start(); }
     ~Use() {
+        clock_.stop();
         sqlite3_reset(statement_);
         sqlite3_clear_bindings(statement_);
     }
@@ -98,12 +101,26 @@ public:
 
 private:
     sqlite3_stmt* statement_;
+    Statement_clock& clock_;
 };
+
+// Called by the engine after so many of its steps, to be told whether to stop.
+constexpr int steps_between_looks = 10'000;
+
+int is_over_time(void* clock) noexcept {
+    return static_cast<const Statement_clock*>(clock)->is_over() ? 1 : 0;
+}
 
 }  // namespace
 
 Engine::Engine(const std::string& path, const Sqlite_options& options)
-    : database_(open_database(path, options)), kept_(std::max<std::size_t>(options.kept_statements, 1)) {}
+    : clock_(options.statement_timeout_s),
+      database_(open_database(path, options)),
+      kept_(std::max<std::size_t>(options.kept_statements, 1)) {
+    if (options.statement_timeout_s > 0) {
+        sqlite3_progress_handler(database_.get(), steps_between_looks, is_over_time, &clock_);
+    }
+}
 
 std::unique_ptr<Recordset> Engine::execute(std::string_view text) {
     tokenize(text, tokens_);
@@ -159,15 +176,21 @@ void Engine::fail_unprepared() const {
 
 std::unique_ptr<Recordset> Engine::run(Kept_statement& kept) {
     sqlite3_stmt* const statement = kept.statement.get();
-    const Use use(statement);
+    const Use use(statement, clock_);
     bind(kept);
     int code = sqlite3_step(statement);
     refresh_columns(kept);
     auto rows = std::make_unique<Row_set>(kept.columns);
     for (; code == SQLITE_ROW; code = sqlite3_step(statement)) add_row(*rows, statement);
-    if (code != SQLITE_DONE) fail(database_.get(), code);
+    if (code != SQLITE_DONE) fail_running(code);
     if (kept.columns->empty()) rows->set_changes(sqlite3_changes64(database_.get()));
     return rows;
+}
+
+void Engine::fail_running(int code) const {
+    if ((code & 0xFF) != SQLITE_INTERRUPT) fail(database_.get(), code);
+    throw Database_error("La instrucción tardó más de " + std::to_string(clock_.limit().count()) +
+                         " segundos y se interrumpió (" + sqlite3_errmsg(database_.get()) + ")");
 }
 
 void Engine::bind(const Kept_statement& kept) {

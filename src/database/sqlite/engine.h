@@ -1,6 +1,7 @@
 // The engine behind a Sqlite_connection: statements of the SQL Server dialect, each translated and planned once.
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -17,6 +18,27 @@
 #include "database/sqlite/kept_statement.h"
 
 namespace cuvexa::sqlite {
+
+/// How long the statement under way has been running.
+class Statement_clock {
+public:
+    using Clock = std::chrono::steady_clock;
+
+    explicit Statement_clock(int limit_s) : limit_(limit_s) {}
+
+    std::chrono::seconds limit() const noexcept { return limit_; }
+    void start() noexcept {
+        start_ = Clock::now();
+        running_ = true;
+    }
+    void stop() noexcept { running_ = false; }
+    bool is_over() const noexcept { return running_ && Clock::now() - start_ > limit_; }
+
+private:
+    std::chrono::seconds limit_;
+    Clock::time_point start_;
+    bool running_ = false;
+};
 
 class Engine {
 public:
@@ -41,7 +63,9 @@ private:
     void bind(const Kept_statement& kept);
     void bind_text(sqlite3_stmt* statement, int parameter, std::string_view literal);
     void shrink_buffers();
+    [[noreturn]] void fail_running(int code) const;
 
+    Statement_clock clock_;
     Database database_;
     database::Kept_statements<Kept_statement> kept_;
     std::uint64_t translations_ = 0;

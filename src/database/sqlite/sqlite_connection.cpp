@@ -18,7 +18,8 @@ Synchronous synchronous_named(std::string_view name) {
 }
 
 Sqlite_connection::Sqlite_connection(const std::string& path, const Sqlite_options& options)
-    : engine_(std::make_unique<sqlite::Engine>(path, options)) {}
+    : reads_frozen_(options.read_only && sqlite::reading_of(path) == sqlite::Reading::frozen),
+      engine_(std::make_unique<sqlite::Engine>(path, options)) {}
 
 Sqlite_connection::~Sqlite_connection() = default;
 
