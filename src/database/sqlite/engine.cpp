@@ -21,11 +21,11 @@ using dialect::Token;
 using dialect::Translation;
 
 // A shape longer than this is run and forgotten, so that what is kept stays small whatever the texts.
-constexpr std::size_t longest_kept_shape = std::size_t{16} * 1024;
+constexpr std::size_t longest_kept_shape = 16 * 1024;
 // The engine compares the parameters of a statement in pairs; a long list costs less with its literals in place.
 constexpr std::size_t most_parameters = 250;
 
-constexpr std::size_t largest_idle_buffer = std::size_t{256} * 1024;
+constexpr std::size_t largest_idle_buffer = 256 * 1024;
 
 [[noreturn]] void refuse_empty() {
     throw Database_error("La instrucción está vacía");
