@@ -12,6 +12,7 @@ constexpr std::string_view blanks = " \t\r\n";
 
 // Past the value that begins at `at`; a closing brace within braces is doubled.
 std::size_t end_of_value(std::string_view text, std::size_t at) {
+    at = std::min(text.find_first_not_of(blanks, at), text.size());
     if (at < text.size() && text[at] == '{') {
         for (++at; at < text.size(); ++at) {
             if (text[at] != '}') continue;

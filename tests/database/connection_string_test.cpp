@@ -38,6 +38,7 @@ TEST(Connection_string, a_guarded_value_reads_back) {
 TEST(Connection_string, its_passwords_are_known_as_they_stand_and_without_braces) {
     EXPECT_THAT(passwords("DSN=caja;PWD={a;b};Port=1"), ElementsAre("{a;b}", "a;b"));
     EXPECT_THAT(passwords("DSN=caja;PWD="), IsEmpty());
+    EXPECT_THAT(passwords("DSN=caja;PWD = {a;b} ;Port=1"), ElementsAre("{a;b}", "a;b"));
     EXPECT_THAT(passwords("DSN=caja;PWD={}"), IsEmpty()) << "nothing is no secret: it would stand everywhere";
 }
 
