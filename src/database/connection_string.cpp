@@ -109,12 +109,16 @@ std::vector<std::string> passwords(const std::string& connection_string) {
 }
 
 std::string without_secrets(std::string text, const std::vector<std::string>& secrets) {
-    for (const std::string& secret : secrets) {
-        for (std::size_t at = text.find(secret); at != std::string::npos; at = text.find(secret, at + 3)) {
-            text.replace(at, secret.size(), "***");
+    std::string shown;
+    for (std::size_t at = 0; at < text.size();) {
+        std::size_t longest = 0;
+        for (const std::string& secret : secrets) {
+            if (text.compare(at, secret.size(), secret) == 0) longest = std::max(longest, secret.size());
         }
+        shown += longest == 0 ? text.substr(at, 1) : "***";
+        at += std::max<std::size_t>(longest, 1);
     }
-    return text;
+    return shown;
 }
 
 std::string without_password(std::string_view connection_string) {

@@ -42,6 +42,12 @@ TEST(Connection_string, its_passwords_are_known_as_they_stand_and_without_braces
     EXPECT_THAT(passwords("DSN=caja;PWD={}"), IsEmpty()) << "nothing is no secret: it would stand everywhere";
 }
 
+TEST(Connection_string, secrets_are_blotted_out_once_and_the_longest_first) {
+    EXPECT_EQ(without_secrets("clave de ana: clave", {"clave", "clave de ana"}), "***: ***");
+    EXPECT_EQ(without_secrets("a*b", {"*", "*", "*"}), "a***b") << "what was put in its place is not blotted out again";
+    EXPECT_EQ(without_secrets("nada", {}), "nada");
+}
+
 TEST(Connection_string, a_password_given_apart_is_for_a_text_that_has_none) {
     EXPECT_EQ(with_password("DSN=caja", ""), "DSN=caja");
     EXPECT_EQ(with_password("DSN=caja", "a;b"), "DSN=caja;PWD={a;b}");
