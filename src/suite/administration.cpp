@@ -107,10 +107,10 @@ void mark_posted(Connection& connection, const std::string& code, const std::str
     query(
         connection,
         "INSERT INTO Documento_Contabilizado (Dt_Documento, Dt_Tabla, Oper_Alta, Fecha_Alta) SELECT '{}', '{}', '{}', "
-        "'{}' "
+        "GETDATE() "
         "WHERE NOT EXISTS (SELECT Dt_Documento FROM Documento_Contabilizado WHERE Dt_Documento = '{}' AND Dt_Tabla = "
         "'{}')",
-        folio, upper_ascii(code), user, iso_date(local_now()), folio, code);
+        folio, upper_ascii(code), user, folio, code);
 }
 
 bool unmark_posted(Connection& connection, const std::string& code, const std::string& folio) {

@@ -1,30 +1,14 @@
 #include "suite/context.h"
 
-#include <array>
 #include <cmath>
 #include <cstdio>
 
 #include "core/case.h"
 #include "core/codes.h"
 #include "suite/folio_series.h"
+#include "suite/schema_names.h"
 
 namespace cuvexa::reference {
-namespace {
-
-/// The suite's own tables, which have no state column.
-constexpr std::array<std::string_view, 9> stateless = {
-    "Poliza_Detalle",    "Configuracion_Contable", "Documento_Contabilizado", "Parametro_Sistema", "Folio_Serie",
-    "Periodo_Operativo", "Documento_Registrado",   "Servidor_Suite",          "Esquema_Suite"};
-
-bool has_state(std::string_view table) {
-    for (const auto name : stateless) {
-        if (same_text(name, table)) return false;
-    }
-    return true;
-}
-
-}  // namespace
-
 double cents(double amount) {
     return std::round(amount * 100) / 100;
 }
@@ -53,8 +37,9 @@ Date Context::now() {
 
 std::string Context::look_up(std::string_view column, std::string_view key_column, std::string_view key,
                              std::string_view table, std::string_view condition) {
+    require_in_schema(table, {column, key_column});
     std::string more;
-    if (has_state(table)) more += " AND Es_Cve_Estado <> 'BA'";
+    if (schema_has(table, "Es_Cve_Estado")) more += " AND Es_Cve_Estado <> 'BA'";
     if (!condition.empty()) more.append(" AND (").append(condition).append(")");
     const Rows rows =
         query("SELECT {} FROM {} WHERE {} = '{}'{}", Raw{column}, Raw{table}, Raw{key_column}, key, Raw{more});

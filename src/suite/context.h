@@ -69,6 +69,7 @@ public:
     }
 
     /// `column` of the active row of `table` whose key equals; empty when there is none. `condition` is SQL or empty.
+    /// Throws `Database_error`, and sends nothing, for a name that the schema does not have.
     std::string look_up(std::string_view column, std::string_view key_column, std::string_view key,
                         std::string_view table, std::string_view condition = {});
 

@@ -116,13 +116,40 @@ public:
     explicit Another_clock(Connection& rows) : rows_(rows) {}
     std::unique_ptr<Recordset> execute(std::string_view text) override {
         ++asked;
-        return rows_.execute(text == "SELECT GETDATE() AS Ahora" ? "SELECT '2031-05-06T07:08:09' AS Ahora" : text);
+        std::string there(text);
+        constexpr std::string_view clock = "GETDATE()";
+        if (const auto at = there.find(clock); at != std::string::npos)
+            there.replace(at, clock.size(), "'2031-05-06T07:08:09'");
+        return rows_.execute(there);
     }
     int asked = 0;
 
 private:
     Connection& rows_;
 };
+
+TEST_F(Data, a_look_up_takes_no_name_that_the_schema_does_not_have) {
+    const auto refusal = [&](const std::string& column, const std::string& key, const std::string& table) {
+        try {
+            return "gave " + suite.data()->LookupValue(column, key, "MXN", table);
+        } catch (const Database_error& error) {
+            return std::string(error.what());
+        }
+    };
+    EXPECT_EQ(refusal("Mn_Descripcion", "Mn_Cve_Moneda", "MONEDA"), "gave Peso mexicano");
+    EXPECT_EQ(refusal("mn_descripcion", "MN_CVE_MONEDA", "Moneda"), "gave Peso mexicano");
+    EXPECT_EQ(refusal("Mn_Descripcion", "Mn_Cve_Moneda", "Moneda, Banco"),
+              "La tabla: Moneda, Banco, no existe; verifique su nombre");
+    EXPECT_EQ(refusal("Bn_Saldo", "Mn_Cve_Moneda", "Moneda"),
+              "La columna: Bn_Saldo, no existe en la tabla: Moneda; verifique su nombre");
+    for (const char* const name : {"(SELECT MAX(Bn_Saldo) FROM Banco)", "Mn_Descripcion AS x", "*", "", "PRIMARY",
+                                   "Mn_Cve_Moneda <> '' OR Mn_Cve_Moneda"}) {
+        const std::string text =
+            std::string("La columna: ") + name + ", no existe en la tabla: Moneda; verifique su nombre";
+        EXPECT_EQ(refusal(name, "Mn_Cve_Moneda", "Moneda"), text);
+        EXPECT_EQ(refusal("Mn_Descripcion", name, "Moneda"), text);
+    }
+}
 
 TEST_F(Data, the_server_date_is_the_database_server_s_asked_when_it_is_needed) {
     Another_clock server(connection);
@@ -132,6 +159,12 @@ TEST_F(Data, the_server_date_is_the_database_server_s_asked_when_it_is_needed) {
     on_server.set_server_date(today());
     EXPECT_EQ(on_server.data()->GetServerDate(), today());
     EXPECT_EQ(server.asked, 1) << "a fixed date asks nobody";
+}
+
+TEST_F(Data, what_an_administrator_posts_is_stamped_by_the_database_server_too) {
+    Another_clock server(connection);
+    mark_posted(server, "CHEQUE", "CH-1", "AUDITOR");
+    EXPECT_EQ(scalar("SELECT Fecha_Alta AS value FROM Documento_Contabilizado"), "2031-05-06T07:08:09");
 }
 
 TEST_F(Data, folios_count_per_branch_and_document) {
