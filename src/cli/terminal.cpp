@@ -22,8 +22,16 @@ bool is_number(const Value& value) {
     return std::holds_alternative<double>(value) || std::holds_alternative<std::int64_t>(value);
 }
 
-nlohmann::ordered_json json_value(const Value& value) {
+// An engine without dates gives the text that was stored, another a date: both become one form.
+std::string date_text(const Value& value) {
+    const std::string text = to_text(value);
+    const auto date = parse_date(text);
+    return date ? iso_date(*date) : text;
+}
+
+nlohmann::ordered_json json_value(const Value& value, Column_kind kind) {
     if (is_null(value)) return nullptr;
+    if (kind == Column_kind::date) return date_text(value);
     if (const auto* flag = std::get_if<bool>(&value)) return *flag;
     if (const auto* whole = std::get_if<std::int64_t>(&value)) return *whole;
     if (const auto* number = std::get_if<double>(&value)) return *number;
@@ -59,10 +67,7 @@ std::vector<Row> read_rows(Recordset& recordset, std::span<const Column> columns
 std::string cell_text(const Value& value, Column_kind kind) {
     if (is_number(value) && kind == Column_kind::amount) return decimals(to_number(value), 2);
     if (is_number(value) && kind == Column_kind::rate) return decimals(to_number(value), 4);
-    std::string text = to_text(value);
-    if (kind == Column_kind::date) {
-        if (const auto date = parse_date(text)) text = iso_date(*date);
-    }
+    std::string text = kind == Column_kind::date ? date_text(value) : to_text(value);
     std::replace_if(
         text.begin(), text.end(), [](unsigned char c) { return c < 0x20 || c == 0x7f; }, ' ');
     return text;
@@ -92,7 +97,8 @@ void print_json(std::ostream& out, std::span<const Column> columns, const std::v
     const char* separator = "\n  ";
     for (const Row& row : rows) {
         auto object = nlohmann::ordered_json::object();
-        for (std::size_t i = 0; i < row.size(); ++i) object[std::string(columns[i].name)] = json_value(row[i]);
+        for (std::size_t i = 0; i < row.size(); ++i)
+            object[std::string(columns[i].name)] = json_value(row[i], columns[i].kind);
         out << separator << object.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
         separator = ",\n  ";
     }

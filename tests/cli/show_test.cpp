@@ -1,5 +1,6 @@
 // cuvexa show and cuvexa demo.
 #include "cli/program.h"
+#include "cuvexa/database/sqlite_connection.h"
 
 namespace cuvexa::tests {
 namespace {
@@ -57,6 +58,22 @@ TEST_F(Cli_show, json_holds_the_columns_of_the_database) {
                                                                           {"Cxp_Tabla", "FACTURA_COMPRA"},
                                                                           {"Cxp_Documento", "FC-2001"},
                                                                           {"Es_Cve_Estado", "AC"}}}));
+}
+
+TEST_F(Cli_show, a_date_has_one_form_however_it_is_stored) {
+    Sqlite_connection rows(folder / "company.db");
+    rows.execute(
+        "UPDATE Cuenta_x_Pagar SET Cxp_Fecha = '2024-01-20 00:00:00', Cxp_Fecha_Vencimiento = '20240204' "
+        "WHERE Cxp_Folio = 'CXP-MTY-00000003'");
+    rows.execute(
+        "UPDATE Cuenta_x_Pagar SET Cxp_Fecha = '2024-01-20 10:20:30', Cxp_Fecha_Vencimiento = NULL "
+        "WHERE Cxp_Folio = 'CXP-MTY-00000001'");
+    rows.close();
+    const auto midnight = shown("payables CXP-MTY-00000003")[0], morning = shown("payables CXP-MTY-00000001")[0];
+    EXPECT_EQ(midnight["Cxp_Fecha"], "2024-01-20");
+    EXPECT_EQ(midnight["Cxp_Fecha_Vencimiento"], "2024-02-04");
+    EXPECT_EQ(morning["Cxp_Fecha"], "2024-01-20T10:20:30");
+    EXPECT_TRUE(morning["Cxp_Fecha_Vencimiento"].is_null());
 }
 
 TEST_F(Cli_show, columns_line_up_by_what_is_seen) {
