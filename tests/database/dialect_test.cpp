@@ -13,7 +13,7 @@ using testing::Not;
 class Dialect_on_sqlite : public testing::Test {
 protected:
     Dialect_on_sqlite() {
-        run("CREATE TABLE Cuenta (Clave varchar(10) PRIMARY KEY, Banco varchar(10), Tipo varchar(2) DEFAULT '', "
+        run("CREATE TABLE Cuenta (Clave varchar(10) PRIMARY KEY, Banco varchar(10), Tipo varchar(20) DEFAULT '', "
             "Saldo decimal(18,6) DEFAULT 0, Fecha datetime)");
         run("CREATE TABLE Banco (Banco varchar(10) PRIMARY KEY, Nombre nvarchar(40) DEFAULT N'')");
         run("INSERT INTO Cuenta(Clave, Banco, Tipo, Saldo, Fecha) VALUES "
@@ -253,7 +253,8 @@ TEST_F(Dialect_on_sqlite, tables_and_indexes_are_created_with_built_in_types_and
     EXPECT_THAT(column(db, "sql", "SELECT sql FROM sqlite_master WHERE name = 'T' OR name = 'IX_T' ORDER BY name"),
                 ElementsAre("CREATE UNIQUE INDEX IX_T ON T ( C DESC , D )",
                             "CREATE TABLE [T] ( Id INTEGER NOT NULL , A TEXT COLLATE NOCASE NOT NULL DEFAULT 'x' , "
-                            "B TEXT COLLATE NOCASE DEFAULT ( 'y' ) , C REAL DEFAULT 0 , D INTEGER , "
+                            "B TEXT COLLATE NOCASE DEFAULT ( 'y' ) CONSTRAINT \"B: admite hasta 10 caracteres\" "
+                            "CHECK ( LENGTH(RTRIM( B ))<= 10 ) , C REAL DEFAULT 0 , D INTEGER , "
                             "E TEXT DEFAULT ( strftime('%Y-%m-%dT%H:%M:%S','now','localtime') ) , "
                             "CONSTRAINT PK_T PRIMARY KEY ( A , B ) )"));
     run("INSERT INTO T(Id, C) VALUES (1, 2)");

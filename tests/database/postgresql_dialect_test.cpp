@@ -60,8 +60,10 @@ TEST(Postgresql_dialect, columns_have_its_types) {
     EXPECT_EQ(
         on_postgresql("CREATE TABLE dbo.T (a varchar(60) NOT NULL, b datetime DEFAULT NULL, c float DEFAULT 0, d bit, "
                       "PRIMARY KEY CLUSTERED (a))"),
-        "CREATE TABLE T ( a citext NOT NULL , b timestamp(3) DEFAULT NULL , c double precision DEFAULT 0 , "
-        "d smallint , PRIMARY KEY ( a ) )");
+        "CREATE TABLE T ( a citext NOT NULL CONSTRAINT \"a: admite hasta 60 caracteres\" "
+        "CHECK ( CHAR_LENGTH(RTRIM( a ))<= 60 ) , b timestamp(3) DEFAULT NULL "
+        "CONSTRAINT \"b: admite de 1753-01-01 a 9999-12-31\" CHECK ( b >='1753-01-01' AND  b <'10000-01-01' ) , "
+        "c double precision DEFAULT 0 , d smallint , PRIMARY KEY ( a ) )");
 }
 
 std::string with_dates(std::string_view text) {
@@ -91,7 +93,8 @@ TEST(Postgresql_dialect, a_name_in_marks_is_written_as_the_engine_keeps_it) {
     EXPECT_EQ(on_postgresql("SELECT [Order].[Saldo_Año] AS \"Total\" FROM [dbo].[Order] WHERE [a]]b\"c] = '[x]'"),
               "SELECT \"order\" . \"saldo_año\" AS \"total\" FROM \"order\" WHERE \"a]b\"\"c\" = '[x]'");
     EXPECT_EQ(on_postgresql("CREATE TABLE [T] ([Primary] [varchar](60) NOT NULL)"),
-              "CREATE TABLE \"t\" ( \"primary\" citext NOT NULL )");
+              "CREATE TABLE \"t\" ( \"primary\" citext NOT NULL CONSTRAINT \"Primary: admite hasta 60 caracteres\" "
+              "CHECK ( CHAR_LENGTH(RTRIM( \"primary\" ))<= 60 ) )");
 }
 
 TEST(Postgresql_dialect, no_word_of_the_other_dialect_is_left_in_the_product_s_statements_and_no_value_is_lost) {

@@ -146,7 +146,7 @@ TEST(The_interpreter, asks_again_after_a_definition) {
     Asked asked({"fecha"});
     Interpreter interpreter(postgresql, asked.ask());
     interpreter.to_send("SELECT a FROM T WHERE Fecha = ''");
-    EXPECT_EQ(interpreter.to_send("ALTER TABLE T ADD b varchar(5) DEFAULT ''"),
+    EXPECT_EQ(interpreter.to_send("ALTER TABLE T ADD b varchar(max) DEFAULT ''"),
               "ALTER TABLE T ADD b citext DEFAULT ''");
     EXPECT_EQ(asked.texts.size(), 1u);
     interpreter.to_send("SELECT a FROM T WHERE Fecha = ''");

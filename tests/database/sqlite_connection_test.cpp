@@ -18,7 +18,7 @@ using testing::StartsWith;
 
 class Sqlite : public testing::Test {
 protected:
-    Sqlite() { db.execute("CREATE TABLE T (Id int PRIMARY KEY, Texto varchar(20), Numero float, Fecha datetime)"); }
+    Sqlite() { db.execute("CREATE TABLE T (Id int PRIMARY KEY, Texto varchar(max), Numero float, Fecha datetime)"); }
 
     std::vector<std::string> v(std::string_view text) { return column(db, "v", text); }
 

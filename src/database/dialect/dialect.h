@@ -29,6 +29,8 @@ struct Type_rule {
     std::string_view column;  ///< in a column definition
     std::string_view cast;    ///< in CAST and CONVERT
     bool text = false;
+    std::string_view fits =
+        {};  ///< when a value of that type fits, "$1" being the column and "$2" the length; empty: always
 };
 
 /// A whole statement, its words parted by single blanks, that is replaced by another.

@@ -34,14 +34,17 @@ inline constexpr std::array functions{
     Function_rule{"REPLACE", 3, "", text},
 };
 
+inline constexpr std::string_view text_fits = "CHAR_LENGTH(RTRIM($1))<=$2";
+inline constexpr std::string_view date_fits = "$1>='1753-01-01' AND $1<'10000-01-01'";
+
 inline constexpr std::array types{
-    Type_rule{"varchar", "citext", "citext", true},
-    Type_rule{"nvarchar", "citext", "citext", true},
-    Type_rule{"char", "citext", "citext", true},
-    Type_rule{"nchar", "citext", "citext", true},
+    Type_rule{"varchar", "citext", "citext", true, text_fits},
+    Type_rule{"nvarchar", "citext", "citext", true, text_fits},
+    Type_rule{"char", "citext", "citext", true, text_fits},
+    Type_rule{"nchar", "citext", "citext", true, text_fits},
     Type_rule{"text", "citext", "citext", true},
     Type_rule{"ntext", "citext", "citext", true},
-    Type_rule{"datetime", "timestamp(3)", "timestamp(3)"},
+    Type_rule{"datetime", "timestamp(3)", "timestamp(3)", false, date_fits},
     Type_rule{"datetime2", "timestamp", "timestamp"},
     Type_rule{"smalldatetime", "timestamp(0)", "timestamp(0)"},
     Type_rule{"date", "date", "date"},

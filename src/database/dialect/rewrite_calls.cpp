@@ -7,18 +7,6 @@
 namespace cuvexa::dialect {
 namespace {
 
-// "$1" in the text of a rule is the first argument.
-Nodes filled(std::string_view text, const std::vector<Nodes>& arguments) {
-    Nodes result;
-    for (;;) {
-        const std::size_t hole = text.find('$');
-        if (hole != 0) result.push_back(word(text.substr(0, hole)));
-        if (hole == std::string_view::npos) return result;
-        result.push_back(span(arguments[static_cast<std::size_t>(text[hole + 1] - '1')]));
-        text.remove_prefix(hole + 2);
-    }
-}
-
 bool gives_text(const Function_rule& rule, const Nodes& arguments) {
     if (rule.result != Function_result::as_arguments) return rule.result == Function_result::text;
     return std::any_of(arguments.begin(), arguments.end(), [](const Node& node) { return node.is_text; });
@@ -29,6 +17,17 @@ const Type_rule* type_at(const Nodes& nodes, std::size_t at, const Dialect& dial
 }
 
 }  // namespace
+
+Nodes filled(std::string_view text, const std::vector<Nodes>& arguments) {
+    Nodes result;
+    for (;;) {
+        const std::size_t hole = text.find('$');
+        if (hole != 0 && !text.empty()) result.push_back(word(text.substr(0, hole)));
+        if (hole == std::string_view::npos) return result;
+        result.push_back(span(arguments[static_cast<std::size_t>(text[hole + 1] - '1')]));
+        text.remove_prefix(hole + 2);
+    }
+}
 
 Node rewrite_call(Node name, Node arguments, const Dialect& dialect) {
     const std::vector<Nodes> parts = split_at_commas(arguments.children);

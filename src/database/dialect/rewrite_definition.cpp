@@ -1,10 +1,18 @@
 // CREATE TABLE, ALTER TABLE … ADD, CREATE INDEX, DROP INDEX: column types and words that only SQL Server knows.
+#include <string>
 #include <utility>
 
+#include "database/dialect/limits.h"
 #include "database/dialect/rewriting.h"
 
 namespace cuvexa::dialect {
 namespace {
+
+std::string marked(std::string_view name) {
+    std::string result = "\"";
+    for (const char c : name) result.append(c == '"' ? 2 : 1, c);
+    return result += '"';
+}
 
 class Definition {
 public:
@@ -64,11 +72,25 @@ private:
         if (part.size() < 2 || part.front().is_any_word({"CONSTRAINT", "PRIMARY", "UNIQUE", "FOREIGN", "CHECK"})) {
             return part;
         }
+        Nodes limit;
         if (const Type_rule* const type = part[1].is_name() ? dialect_.type(plain_name(part[1])) : nullptr) {
-            if (part.size() > 2 && part[2].is_group()) cut(part, 2, 3);
+            Nodes length = part.size() > 2 && part[2].is_group() ? cut(part, 2, 3).front().children : Nodes{};
+            limit = limit_of(part.front(), std::move(length), type->fits);
             part[1] = word(type->column);
         }
-        return with_default(std::move(part));
+        part = with_default(std::move(part));
+        append(part, std::move(limit));
+        return part;
+    }
+
+    // CONSTRAINT "A: admite hasta 10 caracteres" CHECK (…); of (max) there is none.
+    static Nodes limit_of(const Node& column, Nodes length, std::string_view fits) {
+        const bool needs_length = fits.find("$2") != std::string_view::npos;
+        if (fits.empty() || (needs_length && (length.size() != 1 || !length.front().is_number()))) return {};
+        const std::string name =
+            limit_name(plain_name(column), needs_length ? length.front().text : std::string_view());
+        return {word("CONSTRAINT"), composed(marked(name)), word("CHECK"),
+                group(filled(fits, {{column}, std::move(length)}))};
     }
 
     // DEFAULT GETDATE(): a call stands between parentheses.

@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include "database/dialect/dialect.h"
 #include "database/dialect/translation.h"
@@ -41,6 +42,9 @@ void take_target_out_of_from(Nodes& update);
 
 /// Every rule below where it belongs, inner parts first. `nodes` is a statement or what stands between two parentheses.
 Nodes rewrite_expressions(Nodes nodes, const Dialect& dialect);
+
+/// The text of a rule with what stands for "$1", "$2", … in it.
+Nodes filled(std::string_view text, const std::vector<Nodes>& arguments);
 
 /// The call of a function, in the engine's words. The arguments are rewritten already.
 Node rewrite_call(Node name, Node arguments, const Dialect& dialect);

@@ -35,14 +35,19 @@ inline constexpr std::array functions{
 
 inline constexpr std::string_view stored_text = "TEXT COLLATE NOCASE";
 
+// Blanks at the end need no room. A date is a text of the forms that the component reads; '' is 1 January 1900.
+inline constexpr std::string_view text_fits = "LENGTH(RTRIM($1))<=$2";
+inline constexpr std::string_view date_fits =
+    "$1 = '' OR CASE WHEN SUBSTR($1,3,1) = '/' THEN SUBSTR($1,7,4) ELSE $1 END >= '1753'";
+
 inline constexpr std::array types{
-    Type_rule{"varchar", stored_text, "TEXT", true},
-    Type_rule{"nvarchar", stored_text, "TEXT", true},
-    Type_rule{"char", stored_text, "TEXT", true},
-    Type_rule{"nchar", stored_text, "TEXT", true},
+    Type_rule{"varchar", stored_text, "TEXT", true, text_fits},
+    Type_rule{"nvarchar", stored_text, "TEXT", true, text_fits},
+    Type_rule{"char", stored_text, "TEXT", true, text_fits},
+    Type_rule{"nchar", stored_text, "TEXT", true, text_fits},
     Type_rule{"text", stored_text, "TEXT", true},
     Type_rule{"ntext", stored_text, "TEXT", true},
-    Type_rule{"datetime", "TEXT", "TEXT"},
+    Type_rule{"datetime", "TEXT", "TEXT", false, date_fits},
     Type_rule{"datetime2", "TEXT", "TEXT"},
     Type_rule{"smalldatetime", "TEXT", "TEXT"},
     Type_rule{"date", "TEXT", "TEXT"},

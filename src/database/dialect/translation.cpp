@@ -15,8 +15,8 @@ void add_pieces(const Nodes& nodes, bool folds_names, std::vector<Translation::P
 void add_piece(const Node& node, bool folds_names, std::vector<Translation::Piece>& pieces) {
     switch (node.kind) {
         case Node::Kind::token:
-            pieces.push_back(
-                {node.text, node.literal, node.pinned, folds_names && node.token == Token_kind::quoted_name});
+            pieces.push_back({node.text, node.literal, node.pinned,
+                              folds_names && node.token == Token_kind::quoted_name, node.composed});
             return;
         case Node::Kind::span:
             add_pieces(node.children, folds_names, pieces);

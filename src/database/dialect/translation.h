@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -36,7 +37,8 @@ public:
         std::string_view text;
         int literal = -1;  ///< position among the literals of the source, or -1
         bool pinned = false;
-        bool folded_name = false;  ///< a marked name, to be written as the engine keeps it
+        bool folded_name = false;                          ///< a marked name, to be written as the engine keeps it
+        std::shared_ptr<const std::string> composed = {};  ///< keeps a text that the rewriting composed
     };
 
     Translation(std::vector<Piece> pieces, bool takes_parameters)

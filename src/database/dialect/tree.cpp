@@ -112,6 +112,12 @@ bool Node::is_any_word(std::initializer_list<std::string_view> words) const noex
 Node word(std::string_view text) {
     return made(Token_kind::word, text);
 }
+Node composed(std::string text) {
+    auto kept = std::make_shared<const std::string>(std::move(text));
+    Node node = word(*kept);
+    node.composed = std::move(kept);
+    return node;
+}
 Node symbol(std::string_view text) {
     return made(Token_kind::symbol, text);
 }

@@ -3,7 +3,9 @@
 
 #include <cstddef>
 #include <initializer_list>
+#include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -31,6 +33,7 @@ struct Node {
     int literal = -1;      ///< position among the literals of the source
     std::string_view text;
     Nodes children;
+    std::shared_ptr<const std::string> composed;  ///< what `text` refers into where no source and no table has it
 
     bool is_word(std::string_view word) const noexcept {
         return kind == Kind::token && token == Token_kind::word && same_text(text, word);
@@ -49,6 +52,8 @@ struct Node {
 
 /// A word of a rewriting.
 Node word(std::string_view text);
+/// A word that the rewriting itself composed.
+Node composed(std::string text);
 Node symbol(std::string_view text);
 Node group(Nodes children);
 Node span(Nodes children);

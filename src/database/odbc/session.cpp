@@ -5,6 +5,7 @@
 
 #include "cuvexa/lost_connection.h"
 #include "database/connection_string.h"
+#include "database/dialect/limits.h"
 #include "database/odbc/results.h"
 #include "database/utf16.h"
 
@@ -70,6 +71,7 @@ std::string Session::information(SQLUSMALLINT what) const {
 void Session::refuse(const Handle& statement) {
     const auto records = diagnostics(statement);
     const std::string text = database::without_secrets(description(records), secrets_);
+    if (const auto refusal = dialect::limit_refusal(text)) throw Database_error(*refusal);
     lost_ = is_lost(records);
     if (lost_) throw Lost_connection_error("Se perdió la conexión con el servidor de base de datos (" + text + ")");
     if (!is_conflict(records)) throw Database_error(text);

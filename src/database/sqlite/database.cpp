@@ -10,6 +10,8 @@
 #include <thread>
 
 #include "cuvexa/errors.h"
+#include "database/dialect/limits.h"
+#include "database/sqlite/comparison.h"
 #include "database/sqlite/functions.h"
 
 namespace cuvexa::sqlite {
@@ -39,24 +41,10 @@ const char* operator_text(int code) {
 
 std::string description(sqlite3* database, int code) {
     const std::string engine = database != nullptr ? sqlite3_errmsg(database) : sqlite3_errstr(code);
+    if (const auto refusal = dialect::limit_refusal(engine); refusal && (code & 0xFF) == SQLITE_CONSTRAINT)
+        return *refusal;
     const char* text = operator_text(code);
     return text == nullptr ? engine : std::string(text) + " (" + engine + ")";
-}
-
-void run(sqlite3* database, const std::string& text) {
-    if (const int code = sqlite3_exec(database, text.c_str(), nullptr, nullptr, nullptr); code != SQLITE_OK) {
-        fail(database, code);
-    }
-}
-
-std::string pragma(sqlite3* database, const char* text) {
-    sqlite3_stmt* raw = nullptr;
-    int code = sqlite3_prepare_v2(database, text, -1, &raw, nullptr);
-    const Statement statement(raw);
-    if (code == SQLITE_OK) code = sqlite3_step(raw);
-    if (code != SQLITE_ROW) fail(database, code);
-    const auto* value = reinterpret_cast<const char*>(sqlite3_column_text(raw, 0));
-    return value == nullptr ? std::string() : value;
 }
 
 // The engine does not wait by itself when two programs meet in this change.
@@ -82,6 +70,7 @@ void configure(sqlite3* database, const Sqlite_options& options) {
     run(database, "PRAGMA temp_store = MEMORY");
     if (options.read_only) run(database, "PRAGMA query_only = ON");
     install_functions(database);
+    install_comparison(database, !options.read_only);
 }
 
 // ---- Names ---------------------------------------------------------------------------------------------------------
@@ -185,6 +174,21 @@ bool may_write(const std::string& path) {
 #endif
 
 }  // namespace
+
+void run(sqlite3* database, const std::string& text) {
+    if (const int code = sqlite3_exec(database, text.c_str(), nullptr, nullptr, nullptr); code != SQLITE_OK)
+        fail(database, code);
+}
+
+std::string pragma(sqlite3* database, const char* text) {
+    sqlite3_stmt* raw = nullptr;
+    int code = sqlite3_prepare_v2(database, text, -1, &raw, nullptr);
+    const Statement statement(raw);
+    if (code == SQLITE_OK) code = sqlite3_step(raw);
+    if (code != SQLITE_ROW) fail(database, code);
+    const auto* value = reinterpret_cast<const char*>(sqlite3_column_text(raw, 0));
+    return value == nullptr ? std::string() : value;
+}
 
 const char* name_of(Synchronous synchronous) noexcept {
     switch (synchronous) {

@@ -32,6 +32,12 @@ enum class Reading {
 };
 Reading reading_of(const std::string& path);
 
+/// Runs a text in the engine's own words. Throws as `fail`.
+void run(sqlite3* database, const std::string& text);
+
+/// The one value that a PRAGMA gives. Throws as `fail`.
+std::string pragma(sqlite3* database, const char* text);
+
 /// What the engine calls it.
 const char* name_of(Synchronous synchronous) noexcept;
 

@@ -33,12 +33,6 @@ void single_final(sqlite3_context* context) {
     single->value = nullptr;
 }
 
-std::string_view text_of(sqlite3_value* value) {
-    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-    return text == nullptr ? std::string_view{}
-                           : std::string_view(text, static_cast<std::size_t>(sqlite3_value_bytes(value)));
-}
-
 // The empty text is 1 January 1900, as it is for SQL Server. The engine is C: nothing may be thrown through it.
 template <int Calendar::*part>
 void date_part(sqlite3_context* context, int, sqlite3_value** arguments) noexcept {
@@ -54,6 +48,12 @@ void date_part(sqlite3_context* context, int, sqlite3_value** arguments) noexcep
 }
 
 }  // namespace
+
+std::string_view text_of(sqlite3_value* value) {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+    return text == nullptr ? std::string_view{}
+                           : std::string_view(text, static_cast<std::size_t>(sqlite3_value_bytes(value)));
+}
 
 void install_functions(sqlite3* database) {
     constexpr int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
