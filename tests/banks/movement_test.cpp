@@ -323,13 +323,17 @@ TEST_F(Bank_movement, a_quote_in_any_text_fails_and_smuggles_nothing_in) {
     EXPECT_EQ(company.scalar("SELECT count(*) FROM Banco"), "3");
 }
 
-TEST_F(Bank_movement, malformed_text_fails_and_a_long_one_is_kept_whole) {
+TEST_F(Bank_movement, malformed_text_fails_and_a_long_one_is_kept_whole_or_refused) {
     movement.Bm_Comentario = "\xff";
     EXPECT_FALSE(record());
     EXPECT_EQ(touched(company.changes()), "+Folio_Serie");
     movement.Bm_Comentario = std::string(10'000'000, 'x');
+    EXPECT_FALSE(record());
+    EXPECT_THAT(error(),
+                testing::HasSubstr("El valor no cabe en la columna Bm_Comentario: admite hasta 8000 caracteres"));
+    movement.Bm_Comentario = std::string(8000, 'x');
     ASSERT_TRUE(record()) << error();
-    EXPECT_EQ(company.scalar("SELECT length(Bm_Comentario) FROM Banco_Movimiento"), "10000000");
+    EXPECT_EQ(company.scalar("SELECT length(Bm_Comentario) FROM Banco_Movimiento"), "8000");
 }
 
 }  // namespace

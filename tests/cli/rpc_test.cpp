@@ -95,7 +95,7 @@ TEST_F(Cli_rpc, a_quote_in_a_value_breaks_the_statement_and_nothing_else) {
     EXPECT_TRUE(shown("receipts").empty());
 }
 
-TEST_F(Cli_rpc, ten_megabytes_in_a_value_are_taken_or_refused_and_the_session_goes_on) {
+TEST_F(Cli_rpc, ten_megabytes_in_a_value_are_refused_and_the_session_goes_on) {
     Rpc_session session(folder, on_company);
     session.ask("create", {{"class", "Tesoreria"}});
     auto header = receipt_header();
@@ -103,7 +103,9 @@ TEST_F(Cli_rpc, ten_megabytes_in_a_value_are_taken_or_refused_and_the_session_go
     session.call("NuevoReciboCaja");
     session.let("RpEncabezado", header);
     session.let("RpDetalle", {{"Fp_Cve_Forma_Pago", {{"Fp_Cve_Forma_Pago", "01"}}}, {"Rp_Importe", 5}});
-    EXPECT_EQ(session.call("Add_Recibo_Caja_Detalle"), session.get("Error") == "");
+    EXPECT_EQ(session.call("Add_Recibo_Caja_Detalle"), false);
+    EXPECT_THAT(session.get("Error").get<std::string>(),
+                testing::HasSubstr("El valor no cabe en la columna Rp_Comentario"));
     EXPECT_NE(capture(session, 7), "");
 }
 

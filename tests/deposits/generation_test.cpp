@@ -506,14 +506,17 @@ TEST_F(Deposit_generation, a_quote_in_a_stored_check_number_stops_the_deposit_wh
     EXPECT_EQ(touched(company.changes()), "+Folio_Serie");
 }
 
-TEST_F(Deposit_generation, malformed_text_fails_and_a_long_one_is_kept_whole) {
+TEST_F(Deposit_generation, malformed_text_fails_and_a_long_one_is_kept_whole_or_refused) {
     capture({cash(1)});
     company.mark();
     EXPECT_FALSE(deposit("\xff"));
     EXPECT_FALSE(deposit("RP-MTY-00000001", "\xc3"));
     EXPECT_EQ(touched(company.changes()), "+Folio_Serie");
-    ASSERT_TRUE(deposit("RP-MTY-00000001", std::string(10'000'000, 'x'))) << error();
-    EXPECT_EQ(company.scalar("SELECT length(Dp_Comentario) FROM Deposito_Pago"), "10000000");
+    EXPECT_FALSE(deposit("RP-MTY-00000001", std::string(10'000'000, 'x')));
+    EXPECT_THAT(error(),
+                testing::HasSubstr("El valor no cabe en la columna Dp_Comentario: admite hasta 8000 caracteres"));
+    ASSERT_TRUE(deposit("RP-MTY-00000001", std::string(8000, 'x'))) << error();
+    EXPECT_EQ(company.scalar("SELECT length(Dp_Comentario) FROM Deposito_Pago"), "8000");
 }
 
 TEST_F(Deposit_generation, folios_compare_without_regard_to_case) {

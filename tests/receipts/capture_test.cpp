@@ -748,12 +748,31 @@ TEST_F(Receipt_capture, malformed_text_fails_the_line) {
     EXPECT_EQ(line_ids(), "");
 }
 
-TEST_F(Receipt_capture, ten_megabytes_of_comment_are_kept_whole) {
+TEST_F(Receipt_capture, a_comment_is_kept_whole_or_refused_with_the_column_that_is_too_short) {
     tRpEncabezado header = Company::receipt_header();
-    header.Rp_Comentario = std::string(10'000'000, 'x');
+    for (const std::size_t too_long : {8001, 10'000'000}) {
+        header.Rp_Comentario = std::string(too_long, 'x');
+        start(header);
+        EXPECT_FALSE(add());
+        EXPECT_THAT(treasury().Error(),
+                    testing::HasSubstr("El valor no cabe en la columna Rp_Comentario: admite hasta 8000 caracteres"));
+        EXPECT_EQ(line_ids(), "");
+    }
+    header.Rp_Comentario = std::string(8000, 'x');
     start(header);
     ASSERT_TRUE(add()) << treasury().Error();
-    EXPECT_EQ(company.scalar("SELECT length(Rp_Comentario) FROM Recibo_Pago"), "10000000");
+    EXPECT_EQ(company.scalar("SELECT length(Rp_Comentario) FROM Recibo_Pago"), "8000");
+}
+
+TEST_F(Receipt_capture, a_date_before_1753_is_refused_with_its_column) {
+    tRpEncabezado header = Company::receipt_header();
+    header.Rp_Fecha_Deposito = make_date(1752, 12, 31);
+    start(header);
+    EXPECT_FALSE(add());
+    EXPECT_THAT(
+        treasury().Error(),
+        testing::HasSubstr("El valor no cabe en la columna Rp_Fecha_Deposito: admite de 1753-01-01 a 9999-12-31"));
+    EXPECT_EQ(line_ids(), "");
 }
 
 TEST_F(Receipt_capture, keys_with_quotes_are_unknown_keys_or_failures_and_write_nothing) {
@@ -772,10 +791,21 @@ TEST_F(Receipt_capture, keys_with_quotes_are_unknown_keys_or_failures_and_write_
 
 TEST_F(Receipt_capture, accents_go_in_and_come_back) {
     tRpEncabezado header = Company::receipt_header();
-    header.Rp_Comentario = "Año nuevo: ¡pagó el señor Núñez! 日本";
+    header.Rp_Comentario = "Año nuevo: ¡pagó el señor Núñez!";
     start(header);
     ASSERT_TRUE(add());
-    EXPECT_EQ(company.scalar("SELECT Rp_Comentario FROM Recibo_Pago"), "Año nuevo: ¡pagó el señor Núñez! 日本");
+    EXPECT_EQ(company.scalar("SELECT Rp_Comentario FROM Recibo_Pago"), "Año nuevo: ¡pagó el señor Núñez!");
+}
+
+// Not every database keeps every character; none may lose one without a word.
+TEST_F(Receipt_capture, other_scripts_come_back_or_are_refused_by_name) {
+    tRpEncabezado header = Company::receipt_header();
+    header.Rp_Comentario = "日本 y 日本";
+    start(header);
+    if (add())
+        EXPECT_EQ(company.scalar("SELECT Rp_Comentario FROM Recibo_Pago"), "日本 y 日本");
+    else
+        EXPECT_THAT(treasury().Error(), testing::HasSubstr("La base de datos no guarda estos caracteres: 日本 ("));
 }
 
 }  // namespace

@@ -75,12 +75,6 @@ TEST_F(Schema, documents_begin_active_and_movements_in_transit) {
     EXPECT_EQ(scalar("SELECT Es_Cve_Estado AS value FROM Banco_Movimiento"), "TR");
 }
 
-TEST_F(Schema, texts_have_no_length_trouble) {
-    const std::string long_text(100000, 'x');
-    sql("INSERT INTO Recibo_Pago (Rp_Folio, Rp_Id, Rp_Comentario) VALUES ('R', '0001', '" + long_text + "')");
-    EXPECT_EQ(scalar("SELECT Rp_Comentario AS value FROM Recibo_Pago").size(), long_text.size());
-}
-
 // Statements name some columns without their table; a second table with such a column would make them ambiguous.
 TEST_F(Schema, columns_that_statements_name_alone_stand_in_one_table_of_their_join) {
     std::map<std::string, std::set<std::string>> tables_of;

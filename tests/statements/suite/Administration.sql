@@ -100,7 +100,7 @@ WHERE Fs_Codigo = 'CHEQUE' AND Fs_Sucursal = 'MTY';
 -- ---- a document is posted by hand, and not any more
 
 INSERT INTO Documento_Contabilizado (Dt_Documento, Dt_Tabla, Oper_Alta, Fecha_Alta)
-SELECT 'CH-MTY-00000001', 'CHEQUE', 'CONTA1', '2024-03-15T10:20:30'
+SELECT 'CH-MTY-00000001', 'CHEQUE', 'CONTA1', GETDATE()
 WHERE NOT EXISTS (SELECT Dt_Documento FROM Documento_Contabilizado WHERE Dt_Documento = 'CH-MTY-00000001' AND Dt_Tabla
 = 'CHEQUE');
 
