@@ -8,11 +8,12 @@
 
 namespace cuvexa::company {
 
-/// Nothing when the database does not hold the schema.
+/// Nothing when the database does not hold the schema. Throws `Database_error` when that cannot be known: the user may not
+/// read it, the connection is lost.
 std::optional<int> version_of(Connection& connection);
 
 /// The version of the database, which is shown by that name. Throws `Company_error` when it does not hold the schema, or
-/// holds a newer one than this program knows.
+/// holds a newer one than this program knows, or cannot be read.
 int known_version(Connection& connection, const std::string& name);
 
 /// Throws `Company_error` when the database is not of the version that this program works with.

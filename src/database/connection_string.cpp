@@ -56,9 +56,8 @@ std::string plain_value(std::string_view value) {
 }
 
 std::string guarded_value(std::string_view value) {
-    const bool is_plain = value.find_first_of(";{}=[]()?*!@") == std::string_view::npos &&
-                          value.find_first_of(blanks) == std::string_view::npos;
-    if (is_plain) return std::string(value);
+    const bool read_otherwise = value.starts_with('{') || value != trimmed(value, blanks);
+    if (!read_otherwise && value.find_first_of(";%+") == std::string_view::npos) return std::string(value);
     std::string guarded = "{";
     for (const char c : value) {
         guarded += c;
@@ -85,7 +84,7 @@ bool names_a_driver(std::string_view text) {
 
 std::string with_password(const std::string& connection_string, const std::string& password) {
     if (password.empty() || !passwords(connection_string).empty()) return connection_string;
-    return connection_string + (connection_string.ends_with(';') ? "" : ";") + "PWD=" + guarded_value(password);
+    return "PWD=" + guarded_value(password) + ";" + connection_string;
 }
 
 std::string without_savepoints(const std::string& connection_string) {

@@ -21,7 +21,8 @@ bool is_password_key(std::string_view key) noexcept;
 /// A value without the braces around it.
 std::string plain_value(std::string_view value);
 
-/// A value in the form in which it cannot end early.
+/// A value in the form in which every driver reads it: as it is, or in braces where it would end early or be read otherwise.
+/// There is no form that every driver takes for a `}` in braces; it is doubled.
 std::string guarded_value(std::string_view value);
 
 /// Whether the text names a server and not a file: "Driver=…;…", "DSN=…".
@@ -30,7 +31,8 @@ bool is_connection_string(std::string_view text) noexcept;
 /// Whether one of its attributes names what only ODBC knows: a driver or a data source.
 bool names_a_driver(std::string_view text);
 
-/// The text, with that password where it has none; an empty one is none.
+/// The text, with that password where it has none; an empty one is none. It stands before the other keys: not every driver
+/// takes a value in braces at the end.
 std::string with_password(const std::string& connection_string, const std::string& password);
 
 /// The text, with what PostgreSQL's driver is to be told where it says nothing of it: that it must not set a savepoint

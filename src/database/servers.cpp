@@ -28,6 +28,9 @@ constexpr std::array servers = {
            .session = sql_server_session,
            .preparation = "",
            .letters_are_equal = "SELECT 1 WHERE 'a' = 'A'",
+           .code_page =
+               "SELECT CAST(COLLATIONPROPERTY(CAST(DATABASEPROPERTYEX(DB_NAME(), 'Collation') AS varchar(128)), "
+               "'CodePage') AS int) AS code_page",
            .date_columns = "",
            .lost = sql_server_lost,
            .conflict = sql_server_conflict,
@@ -40,6 +43,9 @@ constexpr std::array servers = {
            .session = postgresql_session,
            .preparation = "CREATE EXTENSION IF NOT EXISTS citext",
            .letters_are_equal = "SELECT 1 WHERE 'a'::citext = 'A'",
+           .code_page =
+               "SELECT CASE getdatabaseencoding() WHEN 'WIN1252' THEN 1252 WHEN 'LATIN1' THEN 28591 ELSE 65001 "
+               "END AS code_page",
            .date_columns =
                "SELECT LOWER(column_name) AS column_name FROM information_schema.columns "
                "WHERE table_schema = ANY (current_schemas(false)) GROUP BY LOWER(column_name) "

@@ -46,6 +46,9 @@ struct Server {
     /// Gives a row where capital letters equal small ones.
     std::string_view letters_are_equal;
 
+    /// Gives `code_page`, the number of that through which the texts of a statement go into the database.
+    std::string_view code_page;
+
     /// Gives `column_name`, in lower case, of the columns that hold dates, of those whose '' the server refuses; empty:
     /// it takes '' for 1 January 1900.
     std::string_view date_columns;

@@ -28,11 +28,26 @@ TEST(Connection_string, the_password_is_not_shown_whatever_stands_in_it) {
 }
 
 TEST(Connection_string, a_guarded_value_reads_back) {
-    for (const char* const value : {"plain", "with;mark", "}", "{x}", "a}}b", "a b"}) {
-        EXPECT_EQ(plain_value(guarded_value(value)), value);
+    for (const char* const value :
+         {"plain", "with;mark", "}", "{x}", "a}}b", "a b", " a", "a ", "a=b", "[]()?*!@{", "%41+b", "{", "a;b}"}) {
+        const std::string text = "PWD=" + guarded_value(value) + ";UID=ana";
+        const auto attributes = connection_attributes(text);
+        ASSERT_EQ(attributes.size(), 2u) << text;
+        EXPECT_EQ(plain_value(attributes[0].value), value);
     }
-    EXPECT_EQ(guarded_value("a;b}"), "{a;b}}}");
     EXPECT_EQ(connection_attributes("UID=" + guarded_value("\tana\n")).front().value, "{\tana\n}") << "not trimmed";
+}
+
+// Not every driver reads a value in braces, nor a brace in them.
+TEST(Connection_string, a_value_stands_in_braces_only_when_it_must) {
+    for (const char* const bare : {"plain", "a b", "a{b", "a}b", "ab}", "a=b", "[]()?*!@"})
+        EXPECT_EQ(guarded_value(bare), bare);
+    EXPECT_EQ(guarded_value("a;b"), "{a;b}");
+    EXPECT_EQ(guarded_value("{ab}"), "{{ab}}}");
+    EXPECT_EQ(guarded_value(" ab"), "{ ab}");
+    EXPECT_EQ(guarded_value("ab "), "{ab }");
+    EXPECT_EQ(guarded_value("%41"), "{%41}");
+    EXPECT_EQ(guarded_value("a+b"), "{a+b}");
 }
 
 TEST(Connection_string, its_passwords_are_known_as_they_stand_and_without_braces) {
@@ -50,8 +65,8 @@ TEST(Connection_string, secrets_are_blotted_out_once_and_the_longest_first) {
 
 TEST(Connection_string, a_password_given_apart_is_for_a_text_that_has_none) {
     EXPECT_EQ(with_password("DSN=caja", ""), "DSN=caja");
-    EXPECT_EQ(with_password("DSN=caja", "a;b"), "DSN=caja;PWD={a;b}");
-    EXPECT_EQ(with_password("DSN=caja;", "a;b"), "DSN=caja;PWD={a;b}");
+    EXPECT_EQ(with_password("DSN=caja", "a;b"), "PWD={a;b};DSN=caja");
+    EXPECT_EQ(with_password("DSN=caja;", "a b"), "PWD=a b;DSN=caja;");
     EXPECT_EQ(with_password("DSN=caja;pwd=c", "a;b"), "DSN=caja;pwd=c");
 }
 

@@ -14,12 +14,15 @@
 #include "cuvexa/module.h"
 #include "cuvexa/suite/audit.h"
 #include "cuvexa/suite/schema.h"
+#include "cuvexa/tesoreria.h"
+#include "support/limits.h"
 #include "support/places.h"
 #include "support/test_server.h"
 
 namespace cuvexa::tests {
 namespace {
 
+using ::testing::AllOf;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
@@ -102,6 +105,43 @@ TEST_F(Company_on_a_server, of_an_earlier_version_is_upgraded_whole_or_not_at_al
     const Company company(options);
     EXPECT_TRUE(audit(company.connection()).empty());
     company.connection().execute("INSERT INTO Peticion_Servicio (Pe_Nombre, Pe_Llave) VALUES ('A', 'B')");
+}
+
+TEST_F(Company_on_a_server, refuses_what_does_not_fit_into_a_column) {
+    Company::create(options, Contents::schema);
+    expect_limits_of_the_schema(Company(options).connection());
+}
+
+TEST_F(Company_on_a_server, tells_a_user_without_rights_so) {
+    const auto server = open_server(options.database);
+    if (server->server_name() != "PostgreSQL") GTEST_SKIP() << "in PostgreSQL's own words";
+    Company::create(options, Contents::schema);
+    try {
+        server->execute("CREATE ROLE mirona LOGIN");
+    } catch (const Database_error&) {
+        // A test that failed left it.
+    }
+    server->execute("ALTER ROLE mirona PASSWORD 'secreto'");
+    const std::string text =
+        std::regex_replace(without_its_password(options.database).text, std::regex("(//|UID=)cuvexa"), "$1mirona");
+    const Company_options other{.database = text, .password = "secreto"};
+    EXPECT_THAT(refusal(other),
+                AllOf(StartsWith("El usuario no tiene permiso para leer la base de datos: " + other.shown() + " ("),
+                      HasSubstr("[42501")));
+    server->execute("DROP ROLE mirona");
+}
+
+TEST_F(Company_on_a_server, compares_states_that_a_column_fills_up_with_blanks) {
+    Company::create(options, Contents::sample_company);
+    const Company company(options);
+    company.connection().execute("ALTER TABLE Deposito_Pago ALTER COLUMN Es_Cve_Estado TYPE char(10)");
+    company.connection().execute(
+        "INSERT INTO Deposito_Pago (Dp_Folio, Dp_Id, Es_Cve_Estado) VALUES ('D1', '0001', 'CA')");
+    Module module(company.suite());
+    Tesoreria treasury(module);
+    std::string folio = "D1";
+    EXPECT_FALSE(treasury.Cancelar_Deposito(folio));
+    EXPECT_THAT(treasury.Error(), HasSubstr("El depósito: D1, está cancelado!"));
 }
 
 TEST_F(Company_on_a_server, takes_the_password_of_the_options_or_of_the_environment) {

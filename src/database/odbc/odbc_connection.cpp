@@ -2,6 +2,7 @@
 
 #include "cuvexa/errors.h"
 #include "database/interpreter.h"
+#include "database/odbc/code_page.h"
 #include "database/odbc/session.h"
 #include "database/renewable.h"
 
@@ -18,6 +19,7 @@ struct Interpreted_session {
 
     std::unique_ptr<Recordset> execute(std::string_view text) {
         const std::string sent = interpreter.to_send(text);
+        code_page.require_kept(sent);
         const Transaction_words words = interpreter.around_last();
         if (!words.before.empty()) session.run(words.before);
         auto rows = session.run(sent);
@@ -28,7 +30,18 @@ struct Interpreted_session {
     std::uint64_t conflicts() const noexcept { return session.conflicts(); }
     bool failure_ends_unit() const noexcept { return session.server().failure_ends_unit; }
 
+    /// A server that cannot say it keeps everything.
+    odbc::Code_page asked_code_page() {
+        try {
+            const auto rows = session.run(session.server().code_page);
+            return odbc::Code_page(rows->eof() ? 0 : static_cast<int>(to_number(rows->field("code_page"))));
+        } catch (const std::runtime_error&) {
+            return odbc::Code_page(0);
+        }
+    }
+
     odbc::Session session;
+    odbc::Code_page code_page{asked_code_page()};
     database::Interpreter interpreter{session.server(), [this](std::string_view text) { return session.run(text); }};
 };
 

@@ -18,6 +18,10 @@ Date date_from(const SQL_TIMESTAMP_STRUCT& stamp) {
         make_date(stamp.year, stamp.month, stamp.day, stamp.hour, stamp.minute, stamp.second), stamp.fraction / 1e9);
 }
 
+/// Where the blanks at the end of a text come from: a column char(n) is filled up with them, and its value is what was
+/// written, so that a state and a code compare as they are meant.
+enum class Blanks_at_end { written, filled_up };
+
 /// Reads the cells of a statement's current row.
 class Cells {
 public:
@@ -67,8 +71,11 @@ private:
             case SQL_TYPE_DATE:
             case SQL_TYPE_TIMESTAMP:
                 return add(rows, column, SQL_C_TYPE_TIMESTAMP, SQL_TIMESTAMP_STRUCT{});
+            case SQL_CHAR:
+            case SQL_WCHAR:
+                return add_text(rows, column, Blanks_at_end::filled_up);
             default:
-                return add_text(rows, column);
+                return add_text(rows, column, Blanks_at_end::written);
         }
     }
 
@@ -85,7 +92,7 @@ private:
     }
 
     // In pieces, until the driver has no more.
-    void add_text(Row_set& rows, SQLUSMALLINT column) {
+    void add_text(Row_set& rows, SQLUSMALLINT column, Blanks_at_end blanks) {
         text_.clear();
         for (;;) {
             SQLLEN length = 0;
@@ -99,6 +106,7 @@ private:
             text_.append(piece_.data(), more ? most : static_cast<std::size_t>(length) / sizeof(char16_t));
             if (!more) break;
         }
+        if (blanks == Blanks_at_end::filled_up) text_.erase(text_.find_last_not_of(u' ') + 1);
         rows.add(std::string_view(database::utf8_from(text_)));
     }
 

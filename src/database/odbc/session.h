@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -10,7 +11,9 @@
 
 #include "cuvexa/data_access.h"
 #include "cuvexa/database/odbc_connection.h"
+#include "database/odbc/calls.h"
 #include "database/odbc/handle.h"
+#include "database/row_set.h"
 #include "database/servers.h"
 
 namespace cuvexa::odbc {
@@ -23,7 +26,8 @@ public:
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
-    /// Runs a text. Once the connection is lost, every text is refused.
+    /// Runs a text. Once the connection is lost, every text is refused. It is lost too when the server is silent for longer
+    /// than a statement may take, its cancellation included.
     std::unique_ptr<Recordset> run(std::string_view text);
 
     const database::Server& server() const noexcept { return *server_; }
@@ -35,20 +39,23 @@ public:
     const std::string& name() const noexcept { return name_; }
 
 private:
+    struct Line;
+    struct Outcome;
+
     void connect(const std::string& connection_string, int login_timeout_s);
-    std::string information(SQLUSMALLINT what) const;
-    [[noreturn]] void refuse(const Handle& statement);
-    bool is_lost(const std::vector<Diagnostic>& records) const;
+    bool comes_back(std::function<void()> call, int limit_s);
+    [[noreturn]] void refuse(const Outcome& outcome);
+    bool is_lost(const Outcome& outcome) const;
     bool is_conflict(const std::vector<Diagnostic>& records) const;
 
     std::vector<std::string> secrets_;
-    Handle environment_;
-    std::optional<Handle> database_;
-    bool connected_ = false;
+    std::shared_ptr<Line> line_;
+    std::optional<Calls> calls_;  ///< where a call has a limit
     bool lost_ = false;
     std::uint64_t conflicts_ = 0;
     std::string name_;
     const database::Server* server_ = nullptr;
+    int statement_limit_s_ = 0;    ///< 0: without end
     int statement_timeout_s_ = 0;  ///< for the driver; 0: without end
 };
 

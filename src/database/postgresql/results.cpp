@@ -11,7 +11,7 @@ namespace {
 using database::Row_set;
 
 /// How the values of a type are read. What is none of these is text.
-enum class Reading { text, whole, real, truth, date };
+enum class Reading { text, filled_up, whole, real, truth, date };
 
 // The numbers that the server's catalog gives its own types, for good.
 Reading reading_of(Oid type) noexcept {
@@ -31,6 +31,8 @@ Reading reading_of(Oid type) noexcept {
         case 1114:  // timestamp
         case 1184:  // timestamp with time zone
             return Reading::date;
+        case 1042:  // char(n), which the server fills up with blanks
+            return Reading::filled_up;
         default:
             return Reading::text;
     }
@@ -74,6 +76,8 @@ void add(Row_set& rows, Reading reading, std::string_view text) {
             return rows.add(std::int64_t{text == "t"});
         case Reading::date:
             return add_date(rows, text);
+        case Reading::filled_up:
+            return rows.add(text.substr(0, text.find_last_not_of(' ') + 1));
         case Reading::text:
             return rows.add(text);
     }

@@ -11,6 +11,7 @@
 #include "cuvexa/lost_connection.h"
 #include "database/connection_string.h"
 #include "database/conninfo.h"
+#include "database/dialect/limits.h"
 
 namespace cuvexa::postgresql {
 namespace {
@@ -249,6 +250,7 @@ void Session::refuse_when_lost() const {
 
 void Session::refuse(const PGresult* result) {
     const std::string text = database::without_secrets(description(result), secrets_);
+    if (const auto refusal = dialect::limit_refusal(text)) throw Database_error(*refusal);
     if (!server_->says_conflict(state_of(result))) throw Database_error(text);
     ++conflicts_;
     throw Conflict_error(std::string(database::conflict_text) + " (" + text + ")");
