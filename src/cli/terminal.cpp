@@ -97,8 +97,9 @@ void print_json(std::ostream& out, std::span<const Column> columns, const std::v
     const char* separator = "\n  ";
     for (const Row& row : rows) {
         auto object = nlohmann::ordered_json::object();
-        for (std::size_t i = 0; i < row.size(); ++i)
+        for (std::size_t i = 0; i < row.size(); ++i) {
             object[std::string(columns[i].name)] = json_value(row[i], columns[i].kind);
+        }
         out << separator << object.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
         separator = ",\n  ";
     }

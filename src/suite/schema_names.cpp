@@ -29,12 +29,14 @@ Tables read_schema() {
     for (std::string_view rest = schema_sql(); !rest.empty();) {
         const std::string_view line = rest.substr(0, rest.find('\n'));
         rest.remove_prefix(std::min(line.size() + 1, rest.size()));
-        if (line.starts_with(begin_of_table))
+        if (line.starts_with(begin_of_table)) {
             columns = &tables[upper_ascii(first_word(line.substr(begin_of_table.size())))];
-        else if (columns != nullptr && line.starts_with(begin_of_column) && !line.substr(4).starts_with("PRIMARY KEY"))
+        } else if (columns != nullptr && line.starts_with(begin_of_column) &&
+                   !line.substr(4).starts_with("PRIMARY KEY")) {
             columns->insert(upper_ascii(first_word(line.substr(begin_of_column.size()))));
-        else
+        } else {
             columns = nullptr;
+        }
     }
     return tables;
 }
@@ -59,9 +61,10 @@ bool schema_has(std::string_view table, std::string_view column) {
 void require_in_schema(std::string_view table, std::initializer_list<std::string_view> columns) {
     if (!schema_has(table)) throw Database_error(filled("La tabla: {}, no existe; verifique su nombre", table));
     for (const std::string_view column : columns) {
-        if (!schema_has(table, column))
+        if (!schema_has(table, column)) {
             throw Database_error(
                 filled("La columna: {}, no existe en la tabla: {}; verifique su nombre", column, table));
+        }
     }
 }
 

@@ -73,9 +73,10 @@ TEST_F(Comparison_in_statements, a_key_is_found_by_every_text_that_equals_it_and
 }
 
 TEST_F(Comparison_in_statements, a_key_that_equals_another_is_the_same_key) {
-    for (const char* const key : {"peña", "PEÑA  ", "PENA", "X"})
+    for (const char* const key : {"peña", "PEÑA  ", "PENA", "X"}) {
         EXPECT_EQ(failure(db, std::string("INSERT INTO T (Clave) VALUES ('") + key + "')"),
                   "UNIQUE constraint failed: T.Clave");
+    }
     EXPECT_EQ(failure(db, "INSERT INTO T (Clave) VALUES ('péna')"), "");
 }
 

@@ -40,8 +40,9 @@ TEST(Connection_string, a_guarded_value_reads_back) {
 
 // Not every driver reads a value in braces, nor a brace in them.
 TEST(Connection_string, a_value_stands_in_braces_only_when_it_must) {
-    for (const char* const bare : {"plain", "a b", "a{b", "a}b", "ab}", "a=b", "[]()?*!@"})
+    for (const char* const bare : {"plain", "a b", "a{b", "a}b", "ab}", "a=b", "[]()?*!@"}) {
         EXPECT_EQ(guarded_value(bare), bare);
+    }
     EXPECT_EQ(guarded_value("a;b"), "{a;b}");
     EXPECT_EQ(guarded_value("{ab}"), "{{ab}}}");
     EXPECT_EQ(guarded_value(" ab"), "{ ab}");

@@ -47,11 +47,13 @@ TEST_F(Limits, letters_are_counted_and_not_bytes_and_blanks_at_the_end_need_no_r
 
 TEST_F(Limits, a_date_outside_of_the_calendar_of_the_server_is_refused_in_every_form) {
     for (const char* const early : {"1752-12-31", "17521231", "1752-12-31T10:20:30", "1752-12-31 10:20:30",
-                                    "31/12/1752", "0100-01-01", "10000-01-01"})
+                                    "31/12/1752", "0100-01-01", "10000-01-01"}) {
         EXPECT_EQ(date(early), no_date) << early;
+    }
     for (const char* const fit : {"1753-01-01", "17530101", "1753-01-01T00:00:00", "01/01/1753", "31/12/9999",
-                                  "9999-12-31 23:59:59", "1899-12-30", ""})
+                                  "9999-12-31 23:59:59", "1899-12-30", ""}) {
         EXPECT_EQ(date(fit), "") << fit;
+    }
     EXPECT_EQ(failure(db, "UPDATE T SET Fecha = '1752-12-31'"), no_date);
     EXPECT_EQ(failure(db, "UPDATE T SET Fecha = NULL"), "");
 }
@@ -93,8 +95,9 @@ TEST(Limit_refusal, is_read_from_what_an_engine_says) {
 TEST(Limit_refusal, is_none_of_other_failures) {
     for (const char* const other : {"", "CHECK constraint failed: Saldo", "UNIQUE constraint failed: T.Id", ": admite ",
                                     "La sucursal: admite poco", "no such column: admite hasta 10 caracteres",
-                                    "String or binary data would be truncated."})
+                                    "String or binary data would be truncated."}) {
         EXPECT_EQ(limit_refusal(other), std::nullopt) << other;
+    }
 }
 
 }  // namespace

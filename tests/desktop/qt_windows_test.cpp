@@ -115,6 +115,30 @@ TEST(Qt_windows, a_click_on_the_date_moves_the_focus_there_and_f4_and_esc_do_not
     EXPECT_EQ(answer, "SRR-MXN|2024-03-15|1");
 }
 
+TEST(Qt_windows, f4_does_nothing_while_the_calendar_is_open) {
+    Offscreen screen;
+    const auto press_in_calendar = [](Qt::Key code, bool stays_open) {
+        return sees([=](QWidget&) {
+            auto* calendar = QApplication::activePopupWidget();
+            ASSERT_NE(calendar, nullptr);
+            QTest::keyClick(calendar->focusWidget() ? calendar->focusWidget() : calendar, code);
+            EXPECT_EQ(QApplication::activePopupWidget() == calendar, stays_open);
+        });
+    };
+    const auto open_calendar = sees([](QWidget& top) {
+        auto& date = find<QDateEdit>(top, "dpFecha");
+        QTest::mouseClick(&date, Qt::LeftButton, Qt::NoModifier, QPoint(date.width() - 8, date.height() / 2));
+    });
+    const auto answer =
+        screen.deposit({type("SRR-MXN"), key(Qt::Key_Return), open_calendar, press_in_calendar(Qt::Key_F4, true),
+                        press_in_calendar(Qt::Key_F4, true), press_in_calendar(Qt::Key_Escape, false),
+                        sees([](QWidget& top) { EXPECT_EQ(top.objectName(), "frmDeposito"); }), focus_is("dpFecha"),
+                        key(Qt::Key_Return), focus_is("Controles.b1"), key(Qt::Key_F4)},
+                       1);
+    EXPECT_THAT(screen.company.on.reports, IsEmpty());
+    EXPECT_EQ(answer, "SRR-MXN|2024-03-15|1");
+}
+
 TEST(Qt_windows, a_firm_date_before_the_deposit_is_refused_and_the_keyboard_stays_where_it_was) {
     Offscreen screen;
     screen.deposit({type("SRR-MXN"), key(Qt::Key_Return), key(Qt::Key_Return), type("14"), key(Qt::Key_Return),

@@ -802,10 +802,11 @@ TEST_F(Receipt_capture, other_scripts_come_back_or_are_refused_by_name) {
     tRpEncabezado header = Company::receipt_header();
     header.Rp_Comentario = "日本 y 日本";
     start(header);
-    if (add())
+    if (add()) {
         EXPECT_EQ(company.scalar("SELECT Rp_Comentario FROM Recibo_Pago"), "日本 y 日本");
-    else
+    } else {
         EXPECT_THAT(treasury().Error(), testing::HasSubstr("La base de datos no guarda estos caracteres: 日本 ("));
+    }
 }
 
 }  // namespace

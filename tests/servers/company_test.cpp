@@ -4,17 +4,21 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <regex>
+#include <stdexcept>
 #include <string>
+#include <thread>
 
 #include "cuvexa/database/script.h"
 #include "cuvexa/module.h"
 #include "cuvexa/suite/audit.h"
 #include "cuvexa/suite/schema.h"
 #include "cuvexa/tesoreria.h"
+#include "cuvexa/unit_of_work.h"
 #include "support/limits.h"
 #include "support/places.h"
 #include "support/test_server.h"
@@ -129,6 +133,56 @@ TEST_F(Company_on_a_server, tells_a_user_without_rights_so) {
                 AllOf(StartsWith("El usuario no tiene permiso para leer la base de datos: " + other.shown() + " ("),
                       HasSubstr("[42501")));
     server->execute("DROP ROLE mirona");
+}
+
+// One of two units that pay the same account waits for the other, and is then told to be done again: no number collides.
+TEST_F(Company_on_a_server, gives_payments_of_one_account_in_two_units_at_once_a_number_each) {
+    Company::create(options, Contents::sample_company);
+    if (open_server(options.database)->server_name() != "PostgreSQL") GTEST_SKIP() << "PostgreSQL tells who waits";
+    const Company first(options), second(options), observer(options);
+    const auto pay = [](const Company& company) {
+        Receivable_payment made;
+        made.receivable_folio = "CXC-MTY-00000001";
+        made.amount = 10;
+        made.date = make_date(2024, 3, 15);
+        made.currency = "MXN";
+        made.exchange_rate = 1;
+        const auto suite = company.suite();
+        const auto payments = suite->new_accounts_receivable();
+        if (!payments->RegisterPayment(made)) throw std::runtime_error(payments->LastError());
+    };
+    const auto waiting = [&] {
+        const auto rows =
+            observer.connection().execute("SELECT COUNT(*) AS V FROM pg_stat_activity WHERE wait_event_type = 'Lock'");
+        return to_number(rows->field("V")) > 0;
+    };
+    std::atomic<bool> over = false;
+    std::string told;
+    Unit_of_work one(first.connection());
+    pay(first);
+    std::thread other([&] {
+        try {
+            Unit_of_work two(second.connection());
+            pay(second);
+            two.commit();
+        } catch (const Conflict_error&) {
+            told = "conflict";
+        } catch (const std::exception& failure) {
+            told = failure.what();
+        }
+        over = true;
+    });
+    while (!over && !waiting()) std::this_thread::yield();
+    one.commit();
+    other.join();
+    EXPECT_EQ(told, "conflict");
+    Unit_of_work again(second.connection());
+    pay(second);
+    again.commit();
+    std::string numbers;
+    const auto rows = observer.connection().execute("SELECT Pc_ID FROM Pago_Cxc ORDER BY Pc_ID");
+    for (; !rows->eof(); rows->move_next()) numbers += to_text(rows->field("Pc_ID")) + " ";
+    EXPECT_EQ(numbers, "0001 0002 ");
 }
 
 TEST_F(Company_on_a_server, compares_states_that_a_column_fills_up_with_blanks) {

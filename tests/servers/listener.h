@@ -57,8 +57,9 @@ public:
         socklen_t size = sizeof address;
         auto* const any = reinterpret_cast<sockaddr*>(&address);
         if (bind(socket_.get(), any, size) != 0 || listen(socket_.get(), 4) != 0 ||
-            getsockname(socket_.get(), any, &size) != 0)
+            getsockname(socket_.get(), any, &size) != 0) {
             throw std::runtime_error("no port to listen on");
+        }
         port_ = ntohs(address.sin_port);
     }
 
@@ -88,8 +89,9 @@ public:
 
 private:
     void pass_on(int server_port) {
-        while (!listener_.ready(20))
+        while (!listener_.ready(20)) {
             if (over_) return;
+        }
         const Socket client = listener_.accept();
         const Socket server(socket(AF_INET, SOCK_STREAM, 0));
         const sockaddr_in address = loopback(server_port);

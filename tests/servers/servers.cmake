@@ -78,13 +78,15 @@ if(TARGET cuvexa AND EXISTS /usr/bin/python3)
         add_users_test(${way}.demonstration ${on_server} sh -c
             [["$0" init --sample --db "$CUVEXA_TEST_DB" && "$0" demo --db "$CUVEXA_TEST_DB" && "$0" audit --db "$CUVEXA_TEST_DB"]]
             ${program})
+        add_users_test(${way}.no_value_becomes_a_statement ${on_server} ${python} ${here}/values_test.py ${program}
+            $<TARGET_FILE:cuvexa_compose>)
         add_users_test(${way}.many_users ${on_server} ${python} ${here}/load_test.py ${program} --users 1,8 --rounds 4)
         add_users_test(${way}.killed_programs ${on_server} ${python} ${here}/kill_test.py programs ${program} --repeat 2)
         add_users_test(${way}.killed_server ${on_server} ${python} ${here}/kill_test.py server ${program}
             --kills 2 --repeat 2)
         # What was acknowledged must survive.
         set_tests_properties(${way}.killed_server PROPERTIES ENVIRONMENT CUVEXA_TEST_DURABLE=1)
-        foreach(what demonstration many_users killed_programs killed_server)
+        foreach(what demonstration no_value_becomes_a_statement many_users killed_programs killed_server)
             label_server_test(${way} ${what})
         endforeach()
     endforeach()

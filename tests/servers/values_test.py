@@ -2,15 +2,18 @@
 """A value never becomes part of a statement. Every text in every statement that the files of tests/statements tell is taken
 for a hole and filled with hostile values: each is refused before anything is sent, or an independent parser of T-SQL finds
 one statement with the tree of a harmless value. Then the members are called with such values as their arguments on the
-sample company: whatever is refused leaves the whole database as it was.
+sample company: whatever is refused leaves the whole database as it was. Where CUVEXA_TEST_DB names a server (with_postgresql
+starts one), the members are called on that server, and the statements are left to the run without one.
 
     values_test.py CUVEXA COMPOSE [--values N] [--parsed N] [--seed N]
+    with_postgresql values_test.py CUVEXA COMPOSE
 
 CUVEXA is the program, COMPOSE what composes statements as the product does (cuvexa_compose). N values per hole are
 composed, and of those that pass, N are parsed (0: all). The status is 77 where the parser (package python3-sqlglot) is not
 installed; then, with CUVEXA_TEST_MUST_RUN=1, it is a failure.
 """
 import argparse
+import glob
 import json
 import os
 import random
@@ -35,6 +38,9 @@ PIECES = ["'", "''", "'''", "''''", "x", " ", " OR ", "1=1", "0", "--", "/*", "*
 KNOWN = ["x' OR '1'='1", "x'' OR ''1''=''1", "x' OR 1=0DELETE Banco WHERE 'a'<>'", "O'Higgins", "O''Higgins", "'", "''", "'''",
          "'); DELETE FROM Banco; --", "x') SELECT 7 AS siete INTO Hackt FROM Banco WHERE ('1'='1", "\\'; DROP TABLE Banco --",
          "x'\u00a0OR\u00a0'1'='1", "a','b", "a'',''b", "a' + (SELECT 1) + 'b"]
+
+
+SERVER = os.environ.get("CUVEXA_TEST_DB")
 
 
 def hostile(count, seed):
@@ -119,7 +125,16 @@ def requests(values):
         yield {"method": "call", "params": {"object": 1, "member": "Registra_Movimiento_Banco", "args": [movement]}}
 
 
+def content_of_server():
+    """Every table, row and definition of a PostgreSQL database; an update that changes nothing may move a row."""
+    programs = sorted(glob.glob("/usr/lib/postgresql/*/bin/pg_dump"))
+    dump = subprocess.run([programs[-1], "--inserts", os.environ["CUVEXA_TEST_URI"]], check=True, capture_output=True, text=True)
+    return sorted(dump.stdout.splitlines())
+
+
 def content(database):
+    if database == SERVER:
+        return content_of_server()
     with sqlite3.connect(database) as connection:
         return list(connection.iterdump())
 
@@ -127,9 +142,11 @@ def content(database):
 def check_members(options):
     values = [value for value in hostile(150, options.seed + 1) if "\x00" not in value]
     with tempfile.TemporaryDirectory(prefix="cuvexa-") as folder:
-        database = os.path.join(folder, "company.db")
+        database = SERVER or os.path.join(folder, "company.db")
         subprocess.run([options.cuvexa, "init", "--sample", "--db", database], check=True, capture_output=True)
         before = content(database)
+        if not any("Sierra, operación en pesos" in line for line in before):
+            sys.exit("the content of the database cannot be seen")
         lines = "".join(json.dumps({"jsonrpc": "2.0", "id": number, **request}) + "\n"
                         for number, request in enumerate(requests(values), 1))
         done = subprocess.run([options.cuvexa, "rpc", "--db", database, "--synchronous", "off", "--server-date", "2024-03-15"],
@@ -151,7 +168,8 @@ def main():
     parser.add_argument("--parsed", type=int, default=6)
     parser.add_argument("--seed", type=int, default=20240315)
     options = parser.parse_args()
-    check_statements(options)
+    if not SERVER:
+        check_statements(options)
     check_members(options)
 
 

@@ -118,8 +118,9 @@ public:
         ++asked;
         std::string there(text);
         constexpr std::string_view clock = "GETDATE()";
-        if (const auto at = there.find(clock); at != std::string::npos)
+        if (const auto at = there.find(clock); at != std::string::npos) {
             there.replace(at, clock.size(), "'2031-05-06T07:08:09'");
+        }
         return rows_.execute(there);
     }
     int asked = 0;

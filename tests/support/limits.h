@@ -28,10 +28,11 @@ inline std::vector<Schema_column> schema_columns() {
     std::string table;
     for (std::sregex_iterator at(schema.begin(), schema.end(), line), end; at != end; ++at) {
         const std::smatch& part = *at;
-        if (part[1].matched)
+        if (part[1].matched) {
             table = part[1];
-        else
+        } else {
             columns.push_back({table, part[2], part[3], part[4].matched ? std::stoi(part[4]) : 0, part[5].matched});
+        }
     }
     return columns;
 }

@@ -18,8 +18,9 @@ std::size_t begin_of_name(std::string_view message) {
     std::size_t begin = 0;
     for (const std::string_view sign :
          {std::string_view("CHECK constraint failed: "), std::string_view("\""), std::string_view("«")}) {
-        if (const auto at = message.rfind(sign); at != std::string_view::npos)
+        if (const auto at = message.rfind(sign); at != std::string_view::npos) {
             begin = std::max(begin, at + sign.size());
+        }
     }
     return begin;
 }
@@ -32,8 +33,9 @@ std::optional<std::string> told_by_constraint(std::string_view message) {
     if (begin == 0 || begin == middle) return std::nullopt;
     const std::string_view rest = message.substr(middle);
     for (const std::string_view last : {characters, dates}) {
-        if (const auto end = rest.find(last); end != std::string_view::npos)
+        if (const auto end = rest.find(last); end != std::string_view::npos) {
             return refusal(message.substr(begin, middle - begin), rest.substr(0, end + last.size()));
+        }
     }
     return std::nullopt;
 }

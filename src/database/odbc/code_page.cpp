@@ -50,8 +50,9 @@ std::string Code_page::lacking(std::string_view text) const {
     for (std::size_t at = 0, length; at < text.size(); at += length) {
         length = std::max<std::size_t>(utf8_length(text, at), 1);
         const std::string_view character = text.substr(at, length);
-        if (length > 1 && found.find(character) == std::string::npos && !takes(converter_.get(), character))
+        if (length > 1 && found.find(character) == std::string::npos && !takes(converter_.get(), character)) {
             found += character;
+        }
     }
     return found;
 }

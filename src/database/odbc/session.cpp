@@ -67,10 +67,11 @@ void Session::Line::connect(std::u16string text, int login_timeout_s, Outcome& o
                                              nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
     connected = SQL_SUCCEEDED(code);
     outcome.failed = !connected;
-    if (connected)
+    if (connected) {
         outcome.name = information(SQL_DBMS_NAME);
-    else
+    } else {
         outcome.failure = diagnostics(*database);
+    }
 }
 
 void Session::Line::run(std::u16string text, int timeout_s, Outcome& outcome) {

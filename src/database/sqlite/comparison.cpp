@@ -35,8 +35,9 @@ constexpr unsigned byte_at(std::string_view text, std::size_t at) {
 /// What stands at `at` as a number that sorts as its bytes do, small; goes past it.
 constexpr unsigned next_letter(std::string_view text, std::size_t& at) {
     const unsigned first = byte_at(text, at++);
-    if (first < 0x80)
+    if (first < 0x80) {
         return static_cast<unsigned>(static_cast<unsigned char>(lower_ascii(static_cast<char>(first)))) << 8;
+    }
     if (first < 0xC3 || first > 0xC5 || at == text.size() || (byte_at(text, at) & 0xC0) != 0x80) return first << 8;
     const unsigned small = small_letter((first & 0x1F) << 6 | (byte_at(text, at++) & 0x3F));
     return (0xC0 | small >> 6) << 8 | 0x80 | (small & 0x3F);
@@ -65,14 +66,16 @@ std::string in_small_letters(std::string_view text) {
 
 // text LIKE pattern ESCAPE mark, which the engine gives as pattern, text, mark. It is C: nothing may be thrown through it.
 void like(sqlite3_context* context, int count, sqlite3_value** arguments) noexcept {
-    for (int i = 0; i < count; ++i)
+    for (int i = 0; i < count; ++i) {
         if (sqlite3_value_type(arguments[i]) == SQLITE_NULL) return sqlite3_result_null(context);
+    }
     try {
         const std::string pattern = in_small_letters(text_of(arguments[0])),
                           text = in_small_letters(text_of(arguments[1]));
         const std::string mark = count > 2 ? in_small_letters(text_of(arguments[2])) : std::string();
-        if (count > 2 && mark.size() != 1)
+        if (count > 2 && mark.size() != 1) {
             return sqlite3_result_error(context, "ESCAPE expression must be a single character", -1);
+        }
         const unsigned escape = mark.empty() ? 0 : byte_at(mark, 0);
         sqlite3_result_int(context, sqlite3_strlike(pattern.c_str(), text.c_str(), escape) == 0);
     } catch (...) {

@@ -41,8 +41,9 @@ const char* operator_text(int code) {
 
 std::string description(sqlite3* database, int code) {
     const std::string engine = database != nullptr ? sqlite3_errmsg(database) : sqlite3_errstr(code);
-    if (const auto refusal = dialect::limit_refusal(engine); refusal && (code & 0xFF) == SQLITE_CONSTRAINT)
+    if (const auto refusal = dialect::limit_refusal(engine); refusal && (code & 0xFF) == SQLITE_CONSTRAINT) {
         return *refusal;
+    }
     const char* text = operator_text(code);
     return text == nullptr ? engine : std::string(text) + " (" + engine + ")";
 }
@@ -176,8 +177,9 @@ bool may_write(const std::string& path) {
 }  // namespace
 
 void run(sqlite3* database, const std::string& text) {
-    if (const int code = sqlite3_exec(database, text.c_str(), nullptr, nullptr, nullptr); code != SQLITE_OK)
+    if (const int code = sqlite3_exec(database, text.c_str(), nullptr, nullptr, nullptr); code != SQLITE_OK) {
         fail(database, code);
+    }
 }
 
 std::string pragma(sqlite3* database, const char* text) {
