@@ -86,8 +86,9 @@ TEST_F(Odbc, a_password_logs_in_whatever_stands_in_it) {
 
 TEST_F(Odbc, a_server_that_hears_nothing_any_more_is_given_up) {
     std::string port;
-    for (const auto& [key, text] : database::connection_attributes(connection_string))
+    for (const auto& [key, text] : database::connection_attributes(connection_string)) {
         if (key == "Port") port = text;
+    }
     Relay relay(std::stoi(port));
     Odbc_connection through(changed(connection_string, {{"Port", std::to_string(relay.port())}}),
                             {.statement_timeout_s = 1});
