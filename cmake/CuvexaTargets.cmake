@@ -15,10 +15,10 @@ function(cuvexa_sources out)
     set(${out} ${found} PARENT_SCOPE)
 endfunction()
 
-# cuvexa_library(<name> ROOMS <room>... [USES <library>...]): the library cuvexa_<name>, exported as Cuvexa::<name>, of the
-# rooms' sources.
+# cuvexa_library(<name> [INTERNAL] ROOMS <room>... [USES <library>...]): the library cuvexa_<name>, of the rooms' sources; exported
+# as Cuvexa::<name> unless it is for our own programs.
 function(cuvexa_library name)
-    cmake_parse_arguments(arg "" "" "ROOMS;USES" ${ARGN})
+    cmake_parse_arguments(arg "INTERNAL" "" "ROOMS;USES" ${ARGN})
     cuvexa_sources(sources ${arg_ROOMS})
     if(NOT sources)
         return()
@@ -34,7 +34,9 @@ function(cuvexa_library name)
     foreach(used ${arg_USES})
         target_link_libraries(cuvexa_${name} PUBLIC cuvexa_${used})
     endforeach()
-    set_property(GLOBAL APPEND PROPERTY CUVEXA_LIBRARIES cuvexa_${name})
+    if(NOT arg_INTERNAL)
+        set_property(GLOBAL APPEND PROPERTY CUVEXA_LIBRARIES cuvexa_${name})
+    endif()
 endfunction()
 
 # cuvexa_embed_schema(<target>): schema/*.sql and its upgrades as constants of the target, so that a program needs no file beside it.

@@ -94,6 +94,9 @@ public:
     /// What its operator should know of how it could be opened, in Spanish; empty mostly.
     const std::string& notice() const;
 
+    /// How the database reads dates alike under every setting.
+    Date_style date_style() const;
+
     /// The reference suite over this company, which it keeps open. How dates are written is up to the company.
     std::shared_ptr<Reference_suite> suite(Suite_options options = {}) const;
 

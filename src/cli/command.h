@@ -32,5 +32,7 @@ void add_parameter(CLI::App& program);
 void add_suite(CLI::App& program);
 void add_audit(CLI::App& program);
 void add_dialog(CLI::App& program);
+void add_serve(CLI::App& program);  ///< in a program built with the service
+void add_token(CLI::App& program);  ///< likewise
 
 }  // namespace cuvexa::cli

@@ -55,6 +55,10 @@ int run(int count, char** words) {
          {add_init, add_upgrade, add_demo, add_rpc, add_show, add_parameter, add_suite, add_audit, add_dialog}) {
         add(program);
     }
+#ifdef CUVEXA_WITH_SERVICE
+    add_serve(program);
+    add_token(program);
+#endif
     try {
         program.parse(count, words);
     } catch (const CLI::ParseError& error) {

@@ -162,6 +162,10 @@ const std::string& Company::notice() const {
     return session_->notice();
 }
 
+Date_style Company::date_style() const {
+    return session_->date_style();
+}
+
 std::shared_ptr<Reference_suite> Company::suite(Suite_options options) const {
     options.date_style = session_->date_style();
     const auto kept_open = std::make_shared<company::Suite_on_session>(session_, std::move(options));

@@ -1,0 +1,118 @@
+// The companies that a service knows, and their open sessions.
+#pragma once
+
+#include <condition_variable>
+#include <cstddef>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cuvexa/company.h"
+#include "cuvexa/date.h"
+#include "service/watched_connection.h"
+
+namespace cuvexa::service {
+
+/// Too many wait for a session already, or one did not become free in time.
+class Overloaded : public std::runtime_error {
+public:
+    Overloaded() : std::runtime_error("too many requests at once") {}
+};
+
+/// An open session of a company, with the suite's services over it. Used by one thread at a time.
+class Work_session {
+public:
+    Work_session(const Company_options& options, const std::optional<Date>& server_date);
+
+    Watched_connection& connection() { return connection_; }
+    const std::shared_ptr<Reference_suite>& suite() { return suite_; }
+
+private:
+    Company company_;
+    Watched_connection connection_;
+    std::shared_ptr<Reference_suite> suite_;
+};
+
+/// A number of places; who finds none free waits in line until one is.
+class Places {
+public:
+    explicit Places(std::size_t count) : free_(count) {}
+
+    /// False when none became free until then.
+    bool take(Clock::time_point until);
+    void give_back();
+
+private:
+    std::mutex mutex_;
+    std::condition_variable freed_;
+    std::size_t free_;
+};
+
+/// One company: its sessions, opened when they are needed, kept for the next request.
+class Company_sessions {
+public:
+    /// At most that many sessions. Requests that write take turns where the database is a file, which has one writer at a
+    /// time: waiting here is fair and costs nothing.
+    Company_sessions(Company_options options, std::size_t most, std::optional<Date> server_date);
+
+    /// A session on loan; it goes back in the end, unless it was given up.
+    class Loan {
+    public:
+        Loan(Loan&& other) noexcept;
+        Loan& operator=(Loan&&) = delete;
+        ~Loan();
+
+        Work_session& operator*() const { return *session_; }
+        Work_session* operator->() const { return session_.get(); }
+
+        /// It is not fit for another request: its connection is lost.
+        void give_up() { session_.reset(); }
+
+    private:
+        friend class Company_sessions;
+        Loan(Company_sessions& lender, bool writes) : lender_(&lender), writes_(writes) {}
+
+        Company_sessions* lender_;
+        bool writes_;
+        std::unique_ptr<Work_session> session_;
+    };
+
+    /// Throws `Overloaded`, or `Company_error` when the database does not open.
+    Loan lend(Access access, Clock::time_point until);
+
+    /// Closes the sessions that nobody has: what one has lost, they have lost too.
+    void forget_idle();
+
+    /// True once in an hour, for one of those who ask.
+    bool is_time_to_tidy(Clock::time_point now);
+
+    /// Sessions on loan now.
+    std::size_t in_use() const;
+
+    const Company_options& options() const { return options_; }
+
+private:
+    void take_back(Loan& loan);
+
+    Company_options options_;
+    std::optional<Date> server_date_;
+    Places sessions_;
+    Places writers_;
+    mutable std::mutex mutex_;
+    std::vector<std::unique_ptr<Work_session>> idle_;
+    std::size_t in_use_ = 0;
+    Clock::time_point tidied_{};
+};
+
+/// All companies by the name that stands in the path; the one of a service that has but one is called "".
+using Companies = std::map<std::string, std::unique_ptr<Company_sessions>, std::less<>>;
+
+/// The databases of a file of companies by name: {"norte": "norte.db", "sur": "Driver=…;Server=…"}. Throws `Company_error`.
+std::map<std::string, std::string> companies_in(const std::string& file);
+
+}  // namespace cuvexa::service

@@ -1,0 +1,153 @@
+// cuvexa serve and cuvexa token, run as their operator runs them.
+#include <signal.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+
+#include "service/running_service.h"
+#include "support/places.h"
+
+namespace cuvexa::tests {
+namespace {
+
+using testing::HasSubstr;
+
+const std::string program = in_build("bin/cuvexa");
+
+/// What a command prints, with its failure.
+std::string output_of(const std::string& arguments, int& code) {
+    std::FILE* const pipe = popen((program + ' ' + arguments + " 2>&1").c_str(), "r");
+    std::string output;
+    std::array<char, 4096> part{};
+    while (const std::size_t size = std::fread(part.data(), 1, part.size(), pipe)) output.append(part.data(), size);
+    const int status = pclose(pipe);
+    code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return output;
+}
+
+class Service_program : public Running_service {
+protected:
+    void SetUp() override {
+        Running_service::SetUp();
+        notified_ = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        std::snprintf(address.sun_path, sizeof address.sun_path, "%s", notify_path().c_str());
+        ASSERT_EQ(bind(notified_, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    }
+    void TearDown() override {
+        if (process_ > 0) kill(process_, SIGKILL);
+        close(notified_);
+        Running_service::TearDown();
+    }
+
+    std::string notify_path() const { return (folder / "notify").string(); }
+    std::string log_path() const { return (folder / "log").string(); }
+
+    /// What the program tells its starter next.
+    std::string notification() const {
+        std::array<char, 100> text{};
+        const ssize_t size = recv(notified_, text.data(), text.size(), 0);
+        return {text.data(), static_cast<std::size_t>(size)};
+    }
+
+    void launch() {
+        process_ = fork();
+        if (process_ == 0) {
+            setenv("NOTIFY_SOCKET", notify_path().c_str(), 1);
+            if (std::freopen(log_path().c_str(), "w", stderr) == nullptr) _exit(127);
+            execl(program.c_str(), "cuvexa", "serve", "--db", (folder / "company.db").c_str(), "--tokens",
+                  options.tokens.c_str(), "--listen", "127.0.0.1:0", "--server-date", "2024-03-15", nullptr);
+            _exit(127);
+        }
+    }
+
+    std::string log_text() const {
+        std::ifstream in(log_path());
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+
+    int told_port() const {
+        const std::string line = log_text();
+        return std::stoi(line.substr(line.find(':', line.find("127.0.0.1")) + 1));
+    }
+
+    int ended() {
+        int status = 0;
+        waitpid(process_, &status, 0);
+        process_ = -1;
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+
+    int notified_ = -1;
+    pid_t process_ = -1;
+};
+
+TEST_F(Service_program, tells_when_it_is_ready_serves_and_ends_when_it_is_told_to) {
+    launch();
+    ASSERT_EQ(notification(), "READY=1");
+    httplib::Client client("127.0.0.1", told_port());
+    client.set_keep_alive(true);
+    const auto kept =
+        client.Post("/rpc", {{"Authorization", "Bearer " + bearer}}, receipt().dump(), "application/json");
+    ASSERT_TRUE(kept);
+    EXPECT_EQ(kept->get_header_value("Cuvexa-Outcome"), "kept");
+    EXPECT_EQ(client.Get("/readyz")->status, 200);
+    kill(process_, SIGTERM);
+    EXPECT_EQ(notification(), "STOPPING=1");
+    EXPECT_EQ(ended(), 0) << "a connection that is kept open does not hold it";
+    EXPECT_THAT(log_text(), HasSubstr("\"resource\":\"rpc\",\"token\":\"ana\",\"status\":200"));
+    EXPECT_EQ(count("Recibo_Pago"), 1);
+}
+
+TEST_F(Service_program, refuses_at_its_start_what_cannot_be_served) {
+    const std::string tokens = " --tokens " + options.tokens;
+    const std::string db = " --db " + (folder / "company.db").string();
+    int code = 0;
+    EXPECT_THAT(output_of("serve" + tokens, code), HasSubstr("--companies"));
+    EXPECT_EQ(code, 1);
+    EXPECT_THAT(output_of("serve --db nothing.db" + tokens, code), HasSubstr("No existe la base de datos"));
+    EXPECT_EQ(code, 1);
+    EXPECT_THAT(output_of("serve --tokens nothing.json" + db, code), HasSubstr("archivo de tokens"));
+    EXPECT_EQ(code, 1);
+    EXPECT_THAT(output_of("serve --listen 0.0.0.0:0" + db + tokens, code), HasSubstr("Sin TLS"));
+    EXPECT_EQ(code, 1);
+    EXPECT_THAT(output_of("serve --listen nonsense" + db + tokens, code), HasSubstr("No es una dirección"));
+    EXPECT_EQ(code, 1);
+}
+
+TEST_F(Service_program, makes_lists_and_removes_tokens) {
+    const std::string tokens = " --tokens " + (folder / "new.json").string();
+    int code = 0;
+    const std::string added = output_of("token add eva --company norte --read" + tokens, code);
+    ASSERT_EQ(code, 0) << added;
+    const std::string text = added.substr(added.rfind(' ') + 1, added.find('\n') - added.rfind(' ') - 1);
+    const auto owner = service::Tokens((folder / "new.json").string()).owner(text);
+    ASSERT_TRUE(owner) << "the token is the last word";
+    EXPECT_EQ(*owner, (service::Token{"eva", "norte", true}));
+    EXPECT_EQ(Json::parse(output_of("token list --json" + tokens, code)),
+              Json::parse(R"([{"name":"eva","company":"norte","right":"read"}])"));
+    EXPECT_EQ(output_of("token remove eva" + tokens, code), "");
+    EXPECT_EQ(code, 0);
+    EXPECT_THAT(output_of("token remove eva" + tokens, code), HasSubstr("No existe el token: eva"));
+    EXPECT_EQ(code, 1);
+}
+
+TEST_F(Service_program, a_file_of_companies_gives_each_its_paths) {
+    const std::string file = (folder / "companies.json").string();
+    std::ofstream(file) << Json{{"norte", (folder / "company.db").string()}};
+    EXPECT_EQ(service::companies_in(file).at("norte"), (folder / "company.db").string());
+    for (const char* broken : {"[]", "{}", R"({"a b":"x"})", R"({"a":5})", R"({"a/b":"x"})", "x"}) {
+        std::ofstream(file) << broken;
+        EXPECT_THROW(service::companies_in(file), Company_error) << broken;
+    }
+}
+
+}  // namespace
+}  // namespace cuvexa::tests
