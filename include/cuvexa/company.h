@@ -2,6 +2,7 @@
 // so that all refuse the same, in the same words.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -57,6 +58,9 @@ struct Upgrade {
 
 enum class Upgrade_mode { keep, try_out };
 
+/// Is told how much of a copy is done, in per cent.
+using Copy_progress = std::function<void(int)>;
+
 namespace company {
 class Session;
 }
@@ -87,6 +91,14 @@ public:
     /// Brings a company of an earlier version to this program's: whole or not at all. What is only tried out is undone
     /// in the end. Throws `Company_error` when the company is newer, or none.
     static Upgrade upgrade(const Company_options& options, Upgrade_mode mode = Upgrade_mode::keep);
+
+    /// Copies a company in a file, of this or an earlier version, to a new file: as it is at one moment, while others may
+    /// write to it; whole, on the disk and found sound, or not at all. Throws `Company_error`, also for a company on a
+    /// server.
+    static void back_up(const Company_options& options, const std::string& copy, const Copy_progress& progress = {});
+
+    /// Makes a company of such a copy, in the same way. Throws `Company_error` when something stands in its place.
+    static void restore(const Company_options& options, const std::string& copy, const Copy_progress& progress = {});
 
     /// Lives as long as the company, wherever that is moved.
     Connection& connection() const;

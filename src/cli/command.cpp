@@ -21,13 +21,17 @@ Company open_to_read(const Company_options& options) {
     return company;
 }
 
-void add_company_options(CLI::App& command, Company_options& options, bool db_required) {
+void add_db_option(CLI::App& command, Company_options& options, bool required) {
     command
         .add_option(
             "--db", options.database,
             "Database file, or a server: postgresql://…, or an ODBC connection string (password: CUVEXA_PASSWORD)")
-        ->required(db_required)
+        ->required(required)
         ->type_name("FILE");
+}
+
+void add_company_options(CLI::App& command, Company_options& options, bool db_required) {
+    add_db_option(command, options, db_required);
     command.add_option("--trace", options.trace, "Append one JSON object per statement to this file")
         ->type_name("FILE");
     command

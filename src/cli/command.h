@@ -16,6 +16,9 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+/// Adds --db alone.
+void add_db_option(CLI::App& command, Company_options& options, bool required = true);
+
 /// Adds --db, --trace, --synchronous and --wait to a command.
 void add_company_options(CLI::App& command, Company_options& options, bool db_required = true);
 
@@ -25,6 +28,8 @@ Company open_to_read(const Company_options& options);
 /// The commands; each adds itself, with what it does when chosen.
 void add_init(CLI::App& program);
 void add_upgrade(CLI::App& program);
+void add_backup(CLI::App& program);
+void add_restore(CLI::App& program);
 void add_demo(CLI::App& program);
 void add_rpc(CLI::App& program);
 void add_show(CLI::App& program);

@@ -154,6 +154,14 @@ Upgrade Company::upgrade(const Company_options& options, Upgrade_mode mode) {
     });
 }
 
+void Company::back_up(const Company_options& options, const std::string& copy, const Copy_progress& progress) {
+    company::told([&] { company::engine_for(options)->back_up(copy, progress); });
+}
+
+void Company::restore(const Company_options& options, const std::string& copy, const Copy_progress& progress) {
+    company::told([&] { company::engine_for(options)->restore(copy, progress); });
+}
+
 Connection& Company::connection() const {
     return session_->connection();
 }

@@ -32,6 +32,11 @@ public:
 
     /// Makes a database and has it filled: whole or not at all. Throws when something stands in its place.
     virtual void create(const Fill& fill) const = 0;
+
+    /// Copies the database to a new file, and makes the database of such a copy; whole or not at all. The tools of a
+    /// server do it for the server's.
+    virtual void back_up(const std::string& copy, const Copy_progress& progress) const;
+    virtual void restore(const std::string& copy, const Copy_progress& progress) const;
 };
 
 /// The engine that the options name.

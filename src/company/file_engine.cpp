@@ -1,7 +1,9 @@
 // The embedded engine: a company in a file.
 #include "company/engine.h"
 #include "company/files.h"
+#include "company/version.h"
 #include "cuvexa/database/sqlite_connection.h"
+#include "database/sqlite/copy.h"
 
 namespace cuvexa::company {
 
@@ -69,6 +71,21 @@ public:
         Draft draft(file());
         fill(new_database(draft.name(), options_));
         draft.become(file());
+    }
+
+    void back_up(const std::string& copy, const Copy_progress& progress) const override {
+        refuse_in_place(copy);
+        const Opened original = open(Access::read);
+        known_version(*original.connection, file());
+        Draft draft(copy);
+        sqlite::copy_database(static_cast<const Sqlite_connection&>(*original.connection), draft.name(), progress);
+        draft.become(copy);
+    }
+
+    void restore(const std::string& copy, const Copy_progress& progress) const override {
+        Company_options of_copy = options_;
+        of_copy.database = copy;
+        File_engine(of_copy).back_up(file(), progress);
     }
 
 private:
