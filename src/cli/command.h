@@ -39,5 +39,7 @@ void add_audit(CLI::App& program);
 void add_dialog(CLI::App& program);
 void add_serve(CLI::App& program);  ///< in a program built with the service
 void add_token(CLI::App& program);  ///< likewise
+void add_help(CLI::App& program);
+void add_completion(CLI::App& program);
 
 }  // namespace cuvexa::cli

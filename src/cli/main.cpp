@@ -8,6 +8,8 @@
 #include <iostream>
 
 #include "cli/command.h"
+#include "cli/syntax.h"
+#include "cli/version.h"
 
 namespace cuvexa::cli {
 
@@ -33,7 +35,7 @@ void fill_closed_places() {
 }
 
 int wrong_use(const std::string& reason) {
-    std::cerr << "cuvexa: " << reason.substr(0, reason.find('\n')) << " (see cuvexa --help)\n";
+    std::cerr << "cuvexa: " << reason << '\n';
     return exit_wrong_use;
 }
 
@@ -49,10 +51,10 @@ int written() {
 
 int run(int count, char** words) {
     CLI::App program("Cuvexa, the treasury component: receipts, checks, deposits and bank movements", "cuvexa");
-    program.set_version_flag("--version", "cuvexa " CUVEXA_VERSION);
+    program.set_version_flag("--version", version_text());
     program.require_subcommand(1);
     for (const auto add : {add_init, add_upgrade, add_backup, add_restore, add_demo, add_rpc, add_show, add_parameter,
-                           add_suite, add_audit, add_dialog}) {
+                           add_suite, add_audit, add_dialog, add_help, add_completion}) {
         add(program);
     }
 #ifdef CUVEXA_WITH_SERVICE
@@ -62,7 +64,7 @@ int run(int count, char** words) {
     try {
         program.parse(count, words);
     } catch (const CLI::ParseError& error) {
-        if (error.get_exit_code() != 0) return wrong_use(error.what());
+        if (error.get_exit_code() != 0) return wrong_use(reason_of(program, error));
         program.exit(error);  // prints what was asked for: help, the version
     }
     return written();

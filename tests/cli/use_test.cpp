@@ -11,6 +11,7 @@ namespace cuvexa::tests {
 namespace {
 
 using testing::HasSubstr;
+using testing::MatchesRegex;
 using testing::StartsWith;
 
 class Cli_use : public Program {};
@@ -57,10 +58,42 @@ TEST_F(Cli_use, wrong_is_one_line_and_code_2) {
     }
 }
 
+TEST_F(Cli_use, wrong_says_what_is_missing_and_what_was_meant) {
+    const std::pair<const char*, const char*> lines[] = {
+        {"", "a command is missing: init, upgrade, "},
+        {"shw accounts", "there is no command shw, did you mean show? (see cuvexa --help)\n"},
+        {"dance", "there is no command dance (see cuvexa --help)\n"},
+        {"suite --db a.db flios X", "there is no command flios, did you mean folios? (see cuvexa suite --help)\n"},
+        {"suite --db a.db",
+         "a command is missing: show, server, posting, period, folios, posted (see cuvexa suite --help)\n"},
+        {"show accounts --db a.db --jsn", "there is no option --jsn, did you mean --json? (see cuvexa show --help)\n"},
+        {"suite folios A B --trase x --db a.db",
+         "there is no option --trase, did you mean --trace? (see cuvexa suite folios --help)\n"},
+        {"show accounts A B --db a.db", "a word too many: B (see cuvexa show --help)\n"},
+        {"show", "view is required (see cuvexa show --help)\n"},
+        {"init", "--db is required (see cuvexa init --help)\n"},
+        {"help dnace", "there is no command dnace (see cuvexa help --help)\n"},
+        {"help suite folos", "there is no command folos, did you mean folios? (see cuvexa help --help)\n"},
+    };
+    for (const auto& [arguments, line] : lines) {
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.code, 2) << arguments;
+        EXPECT_THAT(outcome.err, StartsWith(std::string("cuvexa: ") + line)) << arguments;
+    }
+}
+
 TEST_F(Cli_use, help_and_version_are_asked_for) {
     EXPECT_THAT(output_of("--help"), HasSubstr("parameter"));
     EXPECT_THAT(output_of("show --help"), HasSubstr("--json"));
-    EXPECT_THAT(output_of("--version"), StartsWith("cuvexa "));
+    EXPECT_THAT(output_of("--version"), MatchesRegex("cuvexa [0-9]+[.][0-9]+[.][0-9]+\ncommit: [0-9a-z]+\n"
+                                                     "engines: SQLite [0-9.]+[A-Za-z, ]*\n"));
+}
+
+TEST_F(Cli_use, help_says_of_each_command_what_the_command_says) {
+    EXPECT_EQ(output_of("help"), output_of("--help"));
+    for (const std::string command : {"init", "show", "suite", "suite folios", "rpc", "help"}) {
+        EXPECT_EQ(output_of("help " + command), output_of(command + " --help")) << command;
+    }
 }
 
 TEST_F(Cli_use, a_result_that_cannot_be_written_is_a_failure) {

@@ -55,9 +55,10 @@ protected:
     void grow() const {
         Sqlite_connection connection(options.database, {.synchronous = Synchronous::off});
         const std::string comment(100000, 'x');
-        for (int i = 0; i < 30; ++i)
+        for (int i = 0; i < 30; ++i) {
             connection.execute("INSERT INTO Recibo_Pago (Rp_Folio, Rp_Id, Rp_Comentario) VALUES ('R', '" +
                                std::to_string(i) + "', '" + comment + "')");
+        }
     }
 
     template <class Work>
