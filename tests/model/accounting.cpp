@@ -69,10 +69,10 @@ bool Accounting::ValidateVoucherCancellation(const Text& document_code, const Te
 }
 
 Voucher Accounting::voucher_of(const Text& document_code, const Text& folio) {
-    if (same(document_code, "RECIBO_PAGO")) return of_receipt(folio);
-    if (same(document_code, "BANCO_MOVIMIENTO")) return of_movement(folio);
-    if (same(document_code, "DEPOSITO_PAGO")) return of_deposit(folio);
-    if (same(document_code, "CHEQUE")) return of_check(folio);
+    if (same_code(document_code, "RECIBO_PAGO")) return of_receipt(folio);
+    if (same_code(document_code, "BANCO_MOVIMIENTO")) return of_movement(folio);
+    if (same_code(document_code, "DEPOSITO_PAGO")) return of_deposit(folio);
+    if (same_code(document_code, "CHEQUE")) return of_check(folio);
     throw Refusal{"Los documentos de código: " + document_code +
                   ", no se contabilizan; desactive su contabilización automática"};
 }
@@ -170,7 +170,7 @@ Voucher Accounting::of_check(const Text& folio) {
 }
 
 double Accounting::local_amount(double amount, const Text& currency, double rate) {
-    return cents(same(currency, suite.parameter("FIN_MONEDA_LOCAL")) ? amount : amount * rate);
+    return cents(same_code(currency, suite.parameter("FIN_MONEDA_LOCAL")) ? amount : amount * rate);
 }
 
 Text Accounting::account_or(const Text& account, Text rows::Configuracion_Contable::*configured, const Text& code) {
@@ -196,8 +196,9 @@ bool Accounting::keeps_voucher(const Text& document_code, const Text& folio, con
     if (!old) return false;
     double debits = 0, charged = 0;
     for (const Entry& entry : voucher.entries) debits += std::abs(entry.amount);
-    for (const auto& line : db.Poliza_Detalle.rows())
+    for (const auto& line : db.Poliza_Detalle.rows()) {
         if (same(line.Pz_Folio, old->Pz_Folio)) charged += line.Pzd_Cargo;
+    }
     if (std::abs(debits - charged) < half_a_cent) return true;
     cancel_voucher(*old, document_code + ": " + folio);
     return false;

@@ -45,10 +45,12 @@ bool Treasury::Aplicar_Anticipo_Cxc(const Text& Ch_Folio, Date Fecha) {
                  &rows::Gasto_x_Comprobar_Documento::Gcd_ID)) {
             for (const auto& advance : db.Anticipo_Cxc.rows()) {
                 if (!same(line.Cxc_Folio, advance.An_Folio) || !same(advance.Es_Cve_Estado, "AC") ||
-                    !same(advance.An_Tabla, "GASTO_REGISTRO"))
+                    !same(advance.An_Tabla, "GASTO_REGISTRO")) {
                     continue;
-                for (const auto& account : db.Cuenta_x_Cobrar.where(advance_receivable(advance.An_Folio)))
+                }
+                for (const auto& account : db.Cuenta_x_Cobrar.where(advance_receivable(advance.An_Folio))) {
                     if (same(account.Es_Cve_Estado, "AC")) advances.push_back({advance, line});
+                }
             }
         }
         std::stable_sort(advances.begin(), advances.end(),
@@ -66,8 +68,9 @@ void Treasury::apply_advance(const Text& tag, const Text& folio, const rows::Cue
     const auto own = db.Cuenta_x_Cobrar.first(advance_receivable(key));
     fail_if(!own, tagged(tag, "No se encontró la cuenta x cobrar del anticipo & " + advance));
     Text last = "0000";
-    for (const auto& payment : db.Pago_Cxc.rows())
+    for (const auto& payment : db.Pago_Cxc.rows()) {
         if (same(payment.Cxc_Folio, own->Cxc_Folio) && before(last, payment.Pc_ID)) last = payment.Pc_ID;
+    }
     const Text reference = own->Cxc_Folio + ":" + four_digits(std::atoi(last.c_str()) + 1);
 
     const auto check_balance = [&](const Text& account) {
@@ -80,14 +83,17 @@ void Treasury::apply_advance(const Text& tag, const Text& folio, const rows::Cue
     check_balance(expense.Cxc_Folio);
     if (!receivables.RegisterPayment(
             expense.Cxc_Folio, {date, amount, expense.Mn_Cve_Moneda, expense.Cxc_Tipo_Cambio, "ANTICIPO_CXC", advance,
-                                reference, "Aplicación de anticipo", method}))
+                                reference, "Aplicación de anticipo", method})) {
         fail(receivables.LastError);
+    }
 
     double paid = 0;
-    for (const auto& payment : db.Pago_Cxc.rows())
+    for (const auto& payment : db.Pago_Cxc.rows()) {
         if (same(payment.Pc_Tabla, "ANTICIPO_CXC") && same(payment.Pc_Documento, key) &&
-            same(payment.Pc_Referencia, quoted(reference)) && differs(payment.Fp_Cve_Forma_Pago, "DA"))
+            same(payment.Pc_Referencia, quoted(reference)) && differs(payment.Fp_Cve_Forma_Pago, "DA")) {
             paid += payment.Pc_Importe * payment.Pc_Tipo_Cambio;
+        }
+    }
     if (std::trunc(cents(amount)) < std::trunc(cents(paid))) {
         fail(tagged(tag,
                     "Se ha aplicado un importe mayor al saldo del anticipo, probablemente se está duplicando la "
@@ -99,8 +105,9 @@ void Treasury::apply_advance(const Text& tag, const Text& folio, const rows::Cue
     check_balance(own->Cxc_Folio);
     if (!receivables.RegisterPayment(
             own->Cxc_Folio, {date, amount, to_apply.advance.Mn_Cve_Moneda, to_apply.line.Cxc_Tipo_Cambio, "", "",
-                             reference, "Aplicación de anticipo", method}))
+                             reference, "Aplicación de anticipo", method})) {
         fail(receivables.LastError);
+    }
 
     const auto used = db.Cuenta_x_Cobrar.first(advance_receivable(key));
     if (to_apply.advance.An_Importe <= -used->Cxc_Precio_Neto_Pago) {
@@ -142,8 +149,9 @@ bool Treasury::Cancelar_Aplicacion_Cheque_Anticipo(const Text& Ch_Folio) {
                      return differs(r.Es_Cve_Estado, "CA") && db.Cuenta_x_Cobrar.any([&](const auto& account) {
                          return advance_receivable(advance)(account) && same(account.Cxc_Folio, r.Cxc_Folio);
                      });
-                 }))
+                 })) {
                 if (!receivables.CancelPayment(payment.Cxc_Folio, payment.Pc_ID)) fail(receivables.LastError);
+            }
             db.Anticipo_Cxc.update([&](const auto& r) { return same(r.An_Folio, advance); },
                                    [&](auto& r) {
                                        r.Es_Cve_Estado = "AC";

@@ -134,8 +134,9 @@ bool Treasury::Cancelar_Movimiento_Bancos(const Text& Bm_Folio) {
         if (!Valida_Poliza_Contable("BANCO_MOVIMIENTO", Bm_Folio)) fail(tagged(tag, Text(Error)));
         reverse(*movement, account->Bn_Cve_Banco);
         // Callers know this failure under the tag of the registration.
-        if (!data_.RegisterDocument("BANCO_MOVIMIENTO", movement->Bm_Folio))
+        if (!data_.RegisterDocument("BANCO_MOVIMIENTO", movement->Bm_Folio)) {
             fail(tagged("Cuvexa.dll - Registra_Movimiento_Banco()", data_.LastError));
+        }
     });
 }
 
@@ -198,9 +199,11 @@ double Treasury::GetSaldo(const Text& Bc_Cve_Banco_Cuenta, bool SoloFirme) {
         // The condition follows without a conjunction: no database takes that statement.
         if (SoloFirme) throw Failure{"near \"Es_Cve_Estado\": syntax error"};
         double sum = 0;
-        for (const auto& movement : db.Banco_Movimiento.rows())
-            if (same(movement.Bc_Cve_Banco_Cuenta, key) && differs(movement.Es_Cve_Estado, "CA"))
+        for (const auto& movement : db.Banco_Movimiento.rows()) {
+            if (same(movement.Bc_Cve_Banco_Cuenta, key) && differs(movement.Es_Cve_Estado, "CA")) {
                 sum += movement.Bm_Importe;
+            }
+        }
         balance = sum;
     });
     return balance;

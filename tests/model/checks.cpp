@@ -93,8 +93,9 @@ bool Treasury::Inserta_Cheque(const Text& Ch_Folio) {
         double sum = 0;
         const double rate = bare(Encabezado.Ch_Tipo_Cambio);
         const Text key = quoted(Ch_Folio);
-        for (const auto& line : db.Cheque_x_Aplicar.rows())
+        for (const auto& line : db.Cheque_x_Aplicar.rows()) {
             if (same(line.Ch_Folio, key)) sum += line.Cxa_Importe * line.Cxa_Tipo_Cambio;
+        }
         if (rate == 0) throw Failure{words::use_of_null};  // what a division by zero gives
         const double total = sum / rate;
         fail_if(adds_up_to_zero(total), "El importe del cheque es incorrecto");
@@ -234,8 +235,9 @@ std::vector<Treasury::Check_line> Treasury::open_lines(const Text& folio) {
     if (!bank) return open;
     for (const auto& line :
          db.Cheque_x_Aplicar.where([&](const auto& r) { return same(r.Ch_Folio, key) && same(r.Es_Cve_Estado, "AC"); },
-                                   &rows::Cheque_x_Aplicar::Cxa_ID))
+                                   &rows::Cheque_x_Aplicar::Cxa_ID)) {
         open.push_back({line, *check, *type, *account, *bank});
+    }
     return open;
 }
 
@@ -340,8 +342,9 @@ void Treasury::charge_customer(const Text& tag, const Check_line& line, bool deb
     if (!receivables.CreateReceivable({check.Sc_Cve_Sucursal, check.Ch_Solicitar_Valor, check.Ch_Tipo_Cambio,
                                        line.account.Mn_Cve_Moneda, "Cheque", check.Ch_Folio, check.Ch_Concepto,
                                        check.Ch_Referencia, date, due, check.Ch_Importe, check.Ch_Importe,
-                                       check.Ch_Importe, check.Ch_Importe}))
+                                       check.Ch_Importe, check.Ch_Importe})) {
         fail(tagged(tag, receivables.LastError));
+    }
 }
 
 Text Treasury::advance_to_supplier(const Text& tag, const Check_line& line) {
@@ -352,8 +355,9 @@ Text Treasury::advance_to_supplier(const Text& tag, const Check_line& line) {
             {date_of(check.Ch_Fecha), check.Ch_Referencia, check.Ch_Folio, line.line.Mn_Cve_Moneda,
              line.line.Cxa_Tipo_Cambio, check.Sc_Cve_Sucursal, check.Ch_Solicitar_Valor, check.Ch_Importe,
              check.Ch_Concepto, line.account.Bc_Cve_Banco_Cuenta},
-            folio))
+            folio)) {
         fail(tagged(tag, payables.LastError));
+    }
     return folio;
 }
 
@@ -369,8 +373,9 @@ bool Treasury::Finalizar_Cheque(const Text& Ch_Folio) {
                 return same(r.Sc_Cve_Sucursal, check->Sc_Cve_Sucursal) && differs(r.Es_Cve_Estado, "BA");
             });
             fail_if(!branch, tagged(tag, "No es posible determinar la empresa para la póliza"));
-            if (!accounting.PostDocument("CHEQUE", Ch_Folio, branch->Em_Cve_Empresa) || !accounting.LastError.empty())
+            if (!accounting.PostDocument("CHEQUE", Ch_Folio, branch->Em_Cve_Empresa) || !accounting.LastError.empty()) {
                 fail(tagged(tag, accounting.LastError));
+            }
         }
         if (!data_.RegisterDocument("CHEQUE", Ch_Folio)) fail(tagged(tag, data_.LastError));
     });
@@ -429,8 +434,9 @@ void Treasury::take_line_back(const Text& tag, const Text& folio, const rows::Ch
                      return same(r.Pc_Tabla, "CHEQUE") && same(r.Cxp_Folio, payable) && same(r.Pc_Documento, key) &&
                             differs(r.Es_Cve_Estado, "CA");
                  },
-                 &rows::Pago_Cxp::Pc_ID))
+                 &rows::Pago_Cxp::Pc_ID)) {
             if (!payables.CancelPayment(payment.Cxp_Folio, payment.Pc_ID)) fail(tagged(tag, payables.LastError));
+        }
     } else if (kind == "02") {
         if (!Cancelar_Aplicacion_Cheque_Anticipo(folio)) fail(tagged(tag, Text(Error)));
         withdraw_receivables("GASTO_X_COMPROBAR", line.Cxp_Folio);
@@ -471,8 +477,9 @@ bool Treasury::Cancelar_Cheque(const Text& Ch_Folio) {
         if (!Valida_Poliza_Contable("CHEQUE", Ch_Folio)) fail(tagged("Cuvexa.dll - Cancelar_Deposito()", Text(Error)));
         if (lines.front().Es_Cve_Estado == "AP") stop_unless(Cancelar_Aplicacion_Cheque(Ch_Folio));
         const bool without_movement = check->Es_Cve_Estado == "PXA";
-        for (const auto& line : lines)
+        for (const auto& line : lines) {
             if (type->Tc_Solicitar == "02") cancel_expense(Ch_Folio, line.Cxp_Folio);
+        }
         const auto mark = [&](auto& r) {
             r.Es_Cve_Estado = "CA";
             r.Oper_Baja = suite_.user;
@@ -489,11 +496,11 @@ void Treasury::cancel_expense(const Text& folio, const Text& line_document) {
     const Text key = quoted(folio);
     const auto linked = [&](const auto& r) { return same(r.Gc_Documento, key) && same(r.Gc_Tabla, "CHEQUE"); };
     const bool exists = db.Gasto_x_Comprobar.any(
-        [&](const auto& r) { return linked(r) && differs(r.Es_Cve_Estado, "BA") && !r.Gc_Folio.empty(); });
+        [&](const auto& r) { return linked(r) && differs(r.Es_Cve_Estado, "BA") && differs(r.Gc_Folio, ""); });
     db.Gasto_x_Comprobar.update(
         [&](const auto& r) {
             return exists ? linked(r)
-                          : same(r.Gc_Folio, quoted(line_document)) && r.Gc_Documento.empty() && r.Gc_Tabla.empty();
+                          : same(r.Gc_Folio, quoted(line_document)) && same(r.Gc_Documento, "") && same(r.Gc_Tabla, "");
         },
         [&](auto& r) {
             r.Es_Cve_Estado = "CA";

@@ -60,8 +60,9 @@ void Treasury::NuevoReciboCaja(Date local_today) {
     for (Text* text : {&RpEncabezado.Rp_Folio, &RpEncabezado.Rp_Folio_Deposito, &RpEncabezado.Mn_Cve_Moneda,
                        &RpEncabezado.Rp_Comentario, &RpEncabezado.Rp_Documento, &RpEncabezado.Rp_Referencia,
                        &RpEncabezado.Rp_Tabla, &RpEncabezado.Rp_Solicitar_Valor, &RpEncabezado.Sucursal.Sc_Cve_Sucursal,
-                       &RpEncabezado.TipoReciboPago.Trp_Cve_Tipo_Recibo_Pago})
+                       &RpEncabezado.TipoReciboPago.Trp_Cve_Tipo_Recibo_Pago}) {
         text->clear();
+    }
     RpEncabezado.Rp_Tipo_Cambio = 0;
     RpEncabezado.Rp_Fecha = RpEncabezado.Rp_Fecha_Deposito = local_today;
 }
@@ -71,8 +72,9 @@ void Treasury::Nuevo() {
     for (Text* text :
          {&Encabezado.Ch_Folio, &Encabezado.Tc_Cve_Tipo_Cheque, &Encabezado.Ch_Transferencia, &Encabezado.Ch_Tabla,
           &Encabezado.Ch_Documento, &Encabezado.Ch_Referencia, &Encabezado.Ch_Concepto, &Encabezado.Ch_Beneficiario,
-          &Encabezado.Bc_Cve_Banco_Cuenta, &Encabezado.Mn_Cve_Moneda, &Encabezado.Ch_Solicitar_Valor})
+          &Encabezado.Bc_Cve_Banco_Cuenta, &Encabezado.Mn_Cve_Moneda, &Encabezado.Ch_Solicitar_Valor}) {
         text->clear();
+    }
     Encabezado.Ch_Tipo_Cambio = 0;
     Encabezado.Ch_Fecha = suite_.now;
 }
@@ -151,8 +153,9 @@ Text Treasury::company_of(const Text& branch) {
 void Treasury::post(const Text& tag, const Text& code, const Text& folio, const Text& company) {
     Accounting accounting(suite_);
     if (!accounting.IsPostingEnabled(code)) return;
-    if (!accounting.PostDocument(code, folio, company) || !accounting.LastError.empty())
+    if (!accounting.PostDocument(code, folio, company) || !accounting.LastError.empty()) {
         fail(tagged(tag, accounting.LastError));
+    }
 }
 
 Text Treasury::line_id() {

@@ -62,8 +62,9 @@ struct Treasury::Deposit_group {
 std::vector<Treasury::Deposit_group> Treasury::deposit_groups(const std::vector<Text>& folios, bool depositable_only) {
     std::map<decltype(Deposit_group().order()), Deposit_group> groups;
     for (const auto& line : db.Recibo_Pago.rows()) {
-        if (!lists(folios, line.Rp_Folio) || !(same(line.Es_Cve_Estado, "AC") || same(line.Es_Cve_Estado, "AP")))
+        if (!lists(folios, line.Rp_Folio) || !(same(line.Es_Cve_Estado, "AC") || same(line.Es_Cve_Estado, "AP"))) {
             continue;
+        }
         const auto method =
             db.Forma_Pago.first([&](const auto& r) { return same(r.Fp_Cve_Forma_Pago, line.Fp_Cve_Forma_Pago); });
         const auto branch =
@@ -106,9 +107,10 @@ bool Treasury::Genera_Deposito(const Text& Bc_Cve_Banco_Cuenta, const Text& Rp_F
         Dp_Folio = data_.GetNextFolio(groups.front().branch, "DEPOSITO_PAGO");
         fail_if(Dp_Folio.empty(), tagged(tag, "Imposible obtener el folio del depósito"));
         int number = 0;  // of its own: a receipt in capture goes on as it was
-        for (const Deposit_group& group : groups)
+        for (const Deposit_group& group : groups) {
             deposit_group(group, four_digits(++number), Bc_Cve_Banco_Cuenta, folios, Dp_Fecha, Bm_Firme, Bm_Fecha_Firme,
                           sComentario, stamp);
+        }
         post(tag, "DEPOSITO_PAGO", Dp_Folio, groups.front().company);
         if (!data_.RegisterDocument("DEPOSITO_PAGO", Dp_Folio)) fail(tagged(tag, data_.LastError));
     });
@@ -187,8 +189,9 @@ bool Treasury::Cancelar_Deposito(const Text& Dp_Folio) {
                                                          : same(receipt.Es_Cve_Estado, "AD") ? Nullable("AP")
                                                                                              : std::nullopt);
         }
-        for (const auto& [receipt, back] : states)
+        for (const auto& [receipt, back] : states) {
             if (back.size() > 1) throw Failure{words::two_values};
+        }
         db.Recibo_Pago.update([&](const auto& r) { return same(r.Rp_Folio_Deposito, key); },
                               [&](auto& r) {
                                   r.Es_Cve_Estado = *states[in_one_case(r.Rp_Folio)].begin();

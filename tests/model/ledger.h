@@ -87,7 +87,7 @@ struct Ledger : Service {
 
     /// An amount in the account's own currency.
     static double in_currency_of(const Account& account, double amount, const Text& currency, double rate) {
-        if (same(account.Mn_Cve_Moneda, currency) || account.*Names::rate == 0) return amount;
+        if (same_code(account.Mn_Cve_Moneda, currency) || account.*Names::rate == 0) return amount;
         return cents(amount * rate / account.*Names::rate);
     }
 
@@ -121,7 +121,7 @@ struct Ledger : Service {
     /// Writes a payment under the account's highest number and one, which it gives, and moves the balance.
     Text pay(const Account& account, const Text& account_folio, const New_payment& payment) {
         const auto of_account = [&](const auto& r) { return same(r.*Names::payment_folio, account_folio); };
-        const bool own_currency = same(account.Mn_Cve_Moneda, payment.currency);
+        const bool own_currency = same_code(account.Mn_Cve_Moneda, payment.currency);
         int highest = 0;
         for (const auto& payment : payments().where(of_account)) highest = std::max(highest, std::stoi(payment.Pc_ID));
         typename Names::Payment row;
@@ -174,8 +174,9 @@ struct Ledger : Service {
         for (const auto& account : accounts().where([&](const auto& r) {
                  return same(r.*Names::document, document) && same(r.*Names::table, table) &&
                         differs(r.Es_Cve_Estado, "CA");
-             }))
+             })) {
             folios.push_back(account.*Names::folio);
+        }
         std::sort(folios.begin(), folios.end(), before);
         return folios;
     }
@@ -212,8 +213,9 @@ protected:
 private:
     void update_balance(const Text& folio) {
         double paid = 0;
-        for (const auto& payment : payments().where(live_of(folio)))
+        for (const auto& payment : payments().where(live_of(folio))) {
             if (same(payment.Pc_Afecta_Saldo, "SI")) paid += payment.Pc_Importe;
+        }
         accounts().update(of(folio), [&](auto& r) {
             r.*Names::paid = paid;
             r.*Names::balance = r.*Names::amount - paid;

@@ -63,8 +63,9 @@ bool Payables::AddPaymentLine(const Payment_line& line) {
                   {"El importe: ", number_text(amount), ", tiene el signo contrario al de la cuenta por pagar: ",
                    line.payable_folio, "; corrija el importe"});
         double balance = account.Cxp_Precio_Neto_Saldo;
-        for (const Pending& earlier : pending_)
+        for (const Pending& earlier : pending_) {
             if (same(earlier.line.payable_folio, line.payable_folio)) balance -= earlier.amount;
+        }
         refuse_if(std::abs(amount) > std::abs(balance) + half_a_cent || (balance < 0) != (amount < 0),
                   {"El pago: ", number_text(amount), ", es mayor al saldo: ", number_text(cents(balance)),
                    ", de la cuenta por pagar: ", line.payable_folio, "; pague a lo más el saldo"});

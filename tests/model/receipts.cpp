@@ -19,8 +19,9 @@ bool Treasury::Add_Recibo_Caja_Detalle() {
             if (const Text why = closed_period(RpEncabezado.Rp_Fecha); !why.empty()) fail(tagged(tag, why));
             fail_if(!exists_currency(RpEncabezado.Mn_Cve_Moneda),
                     "La moneda: " + RpEncabezado.Mn_Cve_Moneda + ", no existe o está dada de baja");
-            if (RpEncabezado.Rp_Tipo_Cambio <= 0)
+            if (RpEncabezado.Rp_Tipo_Cambio <= 0) {
                 fail("El tipo de cambio: " + number_text(RpEncabezado.Rp_Tipo_Cambio) + ", no es válido");
+            }
             RpEncabezado.Rp_Folio = data_.GetNextFolio(RpEncabezado.Sucursal.Sc_Cve_Sucursal, "RECIBO_PAGO");
             fail_if(RpEncabezado.Rp_Folio.empty(), "Error al intentar obtener el folio del recibo de caja!");
             line_counter_ = 0;
@@ -47,8 +48,9 @@ bool Treasury::Add_Recibo_Caja_Detalle() {
         RpDetalle.Rp_ID = line_id();
         if (Validar_Forma_Pago) {
             Payment_methods methods(suite_);
-            if (!methods.ValidatePaymentLine(method, RpDetalle.Rp_Cheque, RpDetalle.Rp_Banco))
+            if (!methods.ValidatePaymentLine(method, RpDetalle.Rp_Cheque, RpDetalle.Rp_Banco)) {
                 fail(tagged(tag, methods.LastError));
+            }
         }
         stop_unless(Inserta_Recibo_Pago());
     });
@@ -169,14 +171,16 @@ void Treasury::close_group(const Text& tag, const Text& folio, const Receipt_gro
         Payables payables(suite_);
         if (!payables.CreatePayable({group.value, group.branch, date, group.comment, "Recibo_Pago", folio,
                                      due_after(days), group.amount, group.amount, group.reference, group.currency,
-                                     group.rate}))
+                                     group.rate})) {
             fail(tagged(tag, payables.LastError));
+        }
         mark_receipt_applied(folio);
     } else if (group.solicitar == "02" || group.solicitar == "03") {
         Receivables receivables(suite_);
         if (!receivables.ApplyReceipt({group.value, "RECIBO_PAGO", folio, date, group.reference, group.comment,
-                                       group.branch, group.amount, group.currency, group.rate}))
+                                       group.branch, group.amount, group.currency, group.rate})) {
             fail(tagged(tag, receivables.LastError));
+        }
         mark_receipt_applied(folio);
     }
     if (group.creates_receivable == "SI") {
@@ -243,27 +247,32 @@ void Treasury::undo_closing(const Text& tag, const Text& folio, bool payments_to
     if (db.Anticipo_Cxc.any([&](const auto& r) {
             return same(r.An_Tabla, code) && same(r.An_Documento, key) && differs(r.Es_Cve_Estado, "CA");
         }) &&
-        !receivables.CancelDocumentAdvances(code, folio))
+        !receivables.CancelDocumentAdvances(code, folio)) {
         fail(tagged(tag, receivables.LastError));
+    }
     Payables payables(suite_);
     if (db.Cuenta_x_Pagar.any([&](const auto& r) {
             return same(r.Cxp_Tabla, code) && same(r.Cxp_Documento, key) && differs(r.Es_Cve_Estado, "CA");
         }) &&
-        !payables.CancelDocumentPayables(code, folio))
+        !payables.CancelDocumentPayables(code, folio)) {
         fail(tagged(tag, payables.LastError));
+    }
     if (db.Cuenta_x_Cobrar.any([&](const auto& r) {
             return same(r.Cxc_Tabla, code) && same(r.Cxc_Documento, key) && differs(r.Es_Cve_Estado, "CA");
         }) &&
-        !receivables.CancelDocumentReceivables(code, folio))
+        !receivables.CancelDocumentReceivables(code, folio)) {
         fail(tagged(tag, receivables.LastError));
+    }
 }
 
 void Treasury::undo_deposit(const Text& tag, const Text& folio, const Text& deposit, bool allowed) {
     std::map<Text, int> receipts;
     const Text key = quoted(deposit);
-    for (const auto& line : db.Recibo_Pago.rows())
-        if (differs(line.Es_Cve_Estado, "CA") && same(line.Rp_Folio_Deposito, key))
+    for (const auto& line : db.Recibo_Pago.rows()) {
+        if (differs(line.Es_Cve_Estado, "CA") && same(line.Rp_Folio_Deposito, key)) {
             ++receipts[in_one_case(line.Rp_Folio)];
+        }
+    }
     const Text message = "Imposible cancelar recibo: " + folio + "Este se encuentra depositado";
     fail_if(!allowed, tagged(tag, message));
     fail_if(receipts.size() >= 2, tagged(tag, message + line_break + "En conjunto con otros recibos"));

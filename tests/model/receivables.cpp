@@ -25,7 +25,7 @@ bool Receivables::ApplyReceipt(const Receipt_application& receipt) {
 double Receivables::pay_open_receivables(const Receipt_application& receipt) {
     const auto lines = db.Recibo_Pago.where(
         [&](const auto& r) {
-            return same(r.Rp_Folio, receipt.folio) && !r.Rp_Tabla.empty() && !r.Rp_Documento.empty();
+            return same(r.Rp_Folio, receipt.folio) && differs(r.Rp_Tabla, "") && differs(r.Rp_Documento, "");
         },
         &rows::Recibo_Pago::Rp_Id);
     auto open = db.Cuenta_x_Cobrar.where([&](const auto& r) {
@@ -147,9 +147,10 @@ bool Receivables::CancelDocumentAdvances(const Text& document_code, const Text& 
             },
             &rows::Anticipo_Cxc::An_Folio);
         for (const auto& advance : advances) {
-            for (const Text& own : of_document(advance_code, advance.An_Folio))
+            for (const Text& own : of_document(advance_code, advance.An_Folio)) {
                 refuse_if(has_live_payments(own),
                           {"El anticipo: ", advance.An_Folio, ", ya está aplicado; cancele antes su aplicación"});
+            }
             refuse_if(
                 suite.is_posted(advance_code, advance.An_Folio),
                 {"El anticipo: ", advance.An_Folio, ", está contabilizado; cancele antes su registro en contabilidad"});
@@ -180,7 +181,7 @@ void Receivables::cancel_payment(const Text& folio, const Text& id) {
     Ledger::cancel_payment(folio, id);
     const auto account = *accounts().first(of(folio));
     const Text& reference = payment->Pc_Referencia;
-    if (same(account.Cxc_Tabla, advance_code)) {
+    if (same_code(account.Cxc_Tabla, advance_code)) {
         if (!reference.empty()) {
             cancel_where([&](const auto& r) {
                 return same(r.Pc_Documento, account.Cxc_Documento) && same(r.Pc_Tabla, advance_code) &&
@@ -199,8 +200,9 @@ void Receivables::cancel_payment(const Text& folio, const Text& id) {
 
 template <class Where>
 void Receivables::cancel_where(Where&& where) {
-    for (const auto& payment : db.Pago_Cxc.where(where))
+    for (const auto& payment : db.Pago_Cxc.where(where)) {
         if (differs(payment.Es_Cve_Estado, "CA")) mark_payment_cancelled(payment.Cxc_Folio, payment.Pc_ID);
+    }
 }
 
 void Receivables::reopen_advance(const Text& advance) {

@@ -23,8 +23,9 @@ bool Treasury::Add_Solicitud_Cheque() {
             fail_if(header.Sch_Transferencia.empty(), "No se indicó el tipo de operación (cheque o transferencia)");
             fail_if(header.Sch_Aplicar.empty(), "No se indicó un valor válido para la opción: aplicar");
             fail_if(header.Sch_Firme.empty(), "No se indicó un valor válido para la opción: firme");
-            if (header.Sch_Tipo_Cambio <= 0)
+            if (header.Sch_Tipo_Cambio <= 0) {
                 fail("el tipo de cambio: " + number_text(header.Sch_Tipo_Cambio) + ", no es válido");
+            }
             check_beneficiary_of_request();
             fail_if(header.Sch_Importe == 0, "Importe del cheque erróneo!");
             header.Sch_Folio = data_.GetNextFolio(header.Sucursal.Sc_Cve_Sucursal, "SOLICITUD_CHEQUE");
@@ -182,8 +183,9 @@ bool Treasury::Afectar_Cheque_Presupuesto(const Text& Ch_Folio, int Tipo) {
     const Text tag = "Afectar_Cheque_Presupuesto()";
     return operation(tag, [&] {
         std::map<int, int> modes;
-        for (const Budget_kind& kind : kinds)
+        for (const Budget_kind& kind : kinds) {
             modes[kind.number] = to_integer(Value(suite_.parameter(kind.parameter, "0")));
+        }
         fail_if(Ch_Folio.empty(), tagged(tag, "No se ha especificado el folio del cheque"));
         // A kind without budgets: nothing but the parameters is read.
         const auto kind =
@@ -292,8 +294,9 @@ void Treasury::charge_to_budget(const Budget_kind& kind, const Budget_data& chec
         for (const auto& other : db.Cheque.rows()) {
             if (!differs(other.Es_Cve_Estado, "CA") || !differs(other.Es_Cve_Estado, "PXA")) continue;
             const auto data = budget_data(kind, other);
-            if (!data || !same(data->solicitar, kind.solicitar) || !same((*data).*level.key, check.*level.key))
+            if (!data || !same(data->solicitar, kind.solicitar) || !same((*data).*level.key, check.*level.key)) {
                 continue;
+            }
             const Calendar its_month = calendar(data->date);
             if (its_month.year == month.year && its_month.month == month.month) spent += data->amount;
         }

@@ -12,8 +12,9 @@ bool reads_true(const Text& text) {
 }
 
 Text capitals(Text text) {
-    for (char& c : text)
+    for (char& c : text) {
         if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+    }
     return text;
 }
 
@@ -23,8 +24,9 @@ Text prefix_of(const Text& code) {
         {"DEPOSITO_PAGO", "DP"},   {"SOLICITUD_CHEQUE", "SC"}, {"GASTO_X_COMPROBAR", "GC"},
         {"ANTICIPO_CXC", "AN"},    {"ANTICIPO_CXP", "AP"},     {"CUENTA_X_COBRAR", "CXC"},
         {"CUENTA_X_PAGAR", "CXP"}, {"GASTO_REGISTRO", "GR"},   {"POLIZA", "PZ"}};
-    for (const auto& [known, prefix] : prefixes)
+    for (const auto& [known, prefix] : prefixes) {
         if (known == code) return prefix;
+    }
     return code;
 }
 

@@ -49,8 +49,9 @@ public:
         return std::any_of(rows_.begin(), rows_.end(), where);
     }
 
-    /// Refused in the engine's words when there is a row of that key.
+    /// Refused when a value does not fit into its column, and in the engine's words when there is a row of that key.
     void insert(Row row) {
+        require_room(row);
         if (!by_key_.emplace(key_of(row), rows_.size()).second) throw Failure{taken};
         changed.insert(rows_.size());
         inserted.push_back(rows_.size());
@@ -59,12 +60,30 @@ public:
 
     template <class Where, class Set>
     void update(Where&& where, Set&& set) {
+        std::vector<std::pair<std::size_t, Row>> written;
         for (std::size_t at = 0; at < rows_.size(); ++at) {
             if (!where(std::as_const(rows_[at]))) continue;
-            set(rows_[at]);
+            set(written.emplace_back(at, rows_[at]).second);
+            require_room(written.back().second);
+        }
+        for (auto& [at, row] : written) {
+            rows_[at] = std::move(row);
             changed.insert(at);
         }
     }
+
+    /// What a column takes: so many characters, or dates; and what is said of a value that does not fit.
+    struct Limit {
+        std::optional<std::size_t> most;
+        bool date = false;
+        Text refusal;
+
+        bool takes(Column column) const {
+            if (column.null) return true;
+            return date ? column.text >= "1753-01-01" : !most || characters(column.text) <= *most;
+        }
+    };
+    std::vector<Limit> limits;  ///< of each column, in the order of the schema; none where there are fewer
 
     // ---- For whoever compares ---------------------------------------------------------------------------------------
 
@@ -107,6 +126,20 @@ public:
     }
 
 private:
+    void require_room(const Row& row) const {
+        std::size_t at = 0;
+        each_field(row, [&](const auto& field) {
+            if constexpr (std::is_constructible_v<Column, decltype(field)>) {
+                if (at < limits.size() && !limits[at].takes(field)) throw Failure{limits[at].refusal};
+                ++at;
+            } else if constexpr (requires { field.size(); }) {
+                at += field.size();  // a column a month
+            } else {
+                ++at;
+            }
+        });
+    }
+
     std::deque<Row> rows_;
     std::unordered_map<Text, std::size_t> by_key_;
 };

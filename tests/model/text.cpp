@@ -14,6 +14,18 @@ char lower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
+/// A byte of a text in one case: the letters A to Z, and those of À to Þ (two bytes each, the first of which is C3).
+unsigned char letter(std::string_view text, std::size_t at) {
+    const auto byte = static_cast<unsigned char>(text[at]);
+    const bool accented = at > 0 && static_cast<unsigned char>(text[at - 1]) == 0xC3;
+    if (accented && byte >= 0x80 && byte <= 0x9E && byte != 0x97) return static_cast<unsigned char>(byte + 0x20);
+    return static_cast<unsigned char>(lower(static_cast<char>(byte)));
+}
+
+std::string_view without_last_blanks(std::string_view text) {
+    return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
 /// Enough of a text to recognise it by: 200 bytes, cut between characters.
 Text beginning(const Text& text) {
     if (text.size() <= 200) return text;
@@ -25,9 +37,13 @@ Text beginning(const Text& text) {
 }  // namespace
 
 bool same(Column column, std::string_view text) {
-    return !column.null && column.text.size() == text.size() &&
-           std::equal(text.begin(), text.end(), column.text.begin(),
-                      [](char x, char y) { return lower(x) == lower(y); });
+    if (column.null) return false;
+    const std::string_view a = without_last_blanks(column.text), b = without_last_blanks(text);
+    if (a.size() != b.size()) return false;
+    for (std::size_t at = 0; at < a.size(); ++at) {
+        if (letter(a, at) != letter(b, at)) return false;
+    }
+    return true;
 }
 
 bool differs(Column column, std::string_view text) {
@@ -35,15 +51,23 @@ bool differs(Column column, std::string_view text) {
 }
 
 Text in_one_case(std::string_view text) {
-    Text one_case(text);
-    std::transform(one_case.begin(), one_case.end(), one_case.begin(), lower);
+    text = without_last_blanks(text);
+    Text one_case;
+    for (std::size_t at = 0; at < text.size(); ++at) one_case += static_cast<char>(letter(text, at));
     return one_case;
 }
 
 bool before(std::string_view a, std::string_view b) {
-    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
-        return static_cast<unsigned char>(lower(x)) < static_cast<unsigned char>(lower(y));
-    });
+    return in_one_case(a) < in_one_case(b);
+}
+
+bool same_code(std::string_view a, std::string_view b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return lower(x) == lower(y); });
+}
+
+std::size_t characters(std::string_view text) {
+    text = without_last_blanks(text);
+    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
 }
 
 Text quoted(const Text& text) {

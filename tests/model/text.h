@@ -51,13 +51,19 @@ struct Column {
     std::string_view text;
 };
 
-/// Whether a column equals a text, or differs from it, as the database compares: the letters A to Z without regard to
-/// case. A NULL does neither.
+/// Whether a column equals a text, or differs from it, as the database compares: without regard to case, of letters with
+/// accents too, and to blanks at the end. A NULL does neither.
 bool same(Column column, std::string_view text);
 bool differs(Column column, std::string_view text);
 Text in_one_case(std::string_view text);
 /// The order in which the database sorts texts.
 bool before(std::string_view a, std::string_view b);
+
+/// As the program itself compares codes: the letters A to Z without regard to case.
+bool same_code(std::string_view a, std::string_view b);
+
+/// How many characters a column must take for the text: blanks at the end need no room.
+std::size_t characters(std::string_view text);
 
 /// A text that the component puts between the quotes of a statement, as the database gets it: doubled apostrophes stand
 /// for themselves, a lone one fails the statement before it is sent. What fails first is named, so the order counts.

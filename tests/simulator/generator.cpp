@@ -64,8 +64,9 @@ Step Generator::next(const Stage& stage) {
 void Generator::observe(const Stage& stage, const Step& step) {
     const auto made = stage.made().find(step.id);
     if (made == stage.made().end()) return;
-    for (const auto& [table, keys] : made->second)
+    for (const auto& [table, keys] : made->second) {
         for (std::size_t at = 0; at < keys.size(); ++at) known_[table].push_back(reference(step.id, table, at));
+    }
 }
 
 // ---- Errands --------------------------------------------------------------------------------------------------------
@@ -142,15 +143,17 @@ void Generator::receipt(std::size_t user) {
     if (chance_.in_percent(55)) {
         plan_call(user, "Genera_Deposito", [=, this](const Stage& stage) {
             std::string folios = of_this(stage);
-            for (int more = chance_.below(3); more > 0; --more)
+            for (int more = chance_.below(3); more > 0; --more) {
                 folios += chance_.of({",", ", ", " ,  "}) + folio("Recibo_Pago");
+            }
             Json arguments = {account(), folios, date(stage), chance_.in_percent(50), date(stage)};
             if (chance_.in_percent(50)) arguments.push_back(text());
             return arguments;
         });
-        if (chance_.in_percent(30))
+        if (chance_.in_percent(30)) {
             plan_call(user, "Cancelar_Deposito",
                       [=, this](const Stage&) { return Json::array({folio("Deposito_Pago")}); });
+        }
     }
     if (chance_.in_percent(40)) {
         plan_call(user, "Cancelar_Recibo_Caja", [=, this](const Stage& stage) {
@@ -223,10 +226,11 @@ void Generator::check(std::size_t user) {
             if (chance_.in_percent(60)) arguments.push_back(chance_.in_percent(50));
             return arguments;
         });
-        if (chance_.in_percent(15))
+        if (chance_.in_percent(15)) {
             plan_call(user, "Aplicar_Cheque", [=, this](const Stage& stage) {
                 return Json::array({of_this(stage), date(stage)});
             });
+        }
     }
     if (chance_.in_percent(50)) plan_call(user, "Finalizar_Cheque", its_folio);
     if (chance_.in_percent(30)) plan_call(user, "Cancelar_Aplicacion_Cheque", its_folio);
@@ -342,9 +346,10 @@ Step Generator::another_session(const Stage& stage) {
     for (User& user : users_) user = {};
     extras_.clear();
     Date at = add_days(stage.now(), chance_.below(3));
-    if (chance_.in_percent(30))
+    if (chance_.in_percent(30)) {
         at = *parse_date(chance_.of({"2024-12-31T23:59:50", "2025-01-01T00:00:00", "2024-02-29T12:00:00",
                                      "2024-03-15T10:20:30", "2026-07-04T08:30:00"}));
+    }
     return {.kind = Step::Kind::session, .name = chance_.of({"CAJA1", "CAJA2", "jefa", "Ñandú"}), .at = at};
 }
 
@@ -489,11 +494,13 @@ double Generator::rate() {
 
 std::string Generator::text() {
     const int which = chance_.below(100);
-    if (which < 50)
+    if (which < 50) {
         return chance_.of({"Pago de facturas", "REF-1", "Cobranza del día", "Factura A-1001", "Ñandú, 50 %"});
+    }
     if (which < 65) return "";
-    if (which < 73)
+    if (which < 73) {
         return chance_.of({"O'Brien", "''", "x''y", "'", "'''", "'; DROP TABLE Cheque; --", "d''arc '", "a'b'c"});
+    }
     static const std::vector<std::string> odd = {"{}",
                                                  "{0}",
                                                  "}{",
@@ -551,8 +558,9 @@ std::string Generator::folio(const std::string& table) {
 
 std::string Generator::folio_list() {
     std::string list;
-    for (int count = 1 + chance_.below(3); count > 0; --count)
+    for (int count = 1 + chance_.below(3); count > 0; --count) {
         list += (list.empty() ? "" : chance_.of({",", ", ", ",,"})) + folio("Recibo_Pago");
+    }
     return list;
 }
 

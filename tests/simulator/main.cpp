@@ -5,7 +5,11 @@
 #include <fstream>
 #include <iostream>
 #include <map>
+#include <memory>
+#include <mutex>
 #include <optional>
+#include <thread>
+#include <vector>
 
 #include <CLI/CLI.hpp>
 
@@ -23,6 +27,7 @@ struct Options {
     double minutes = 0;
     int steps = 400;  ///< of one company
     int users = 3;
+    int threads = 1;
     bool statistics = false;
     std::string out = ".";
     std::string replay;
@@ -45,8 +50,20 @@ struct Tally {
         Count& count = members[step.name];
         ++count.calls;
         if (stage.succeeded()) ++count.done;
-        if (const auto* treasury = stage.treasury(step.object); treasury != nullptr && !stage.succeeded())
+        if (const auto* treasury = stage.treasury(step.object); treasury != nullptr && !stage.succeeded()) {
             ++count.errors[without_values(treasury->Error)];
+        }
+    }
+
+    void add(const Tally& other) {
+        calls += other.calls;
+        companies += other.companies;
+        for (const auto& [member, count] : other.members) {
+            Count& sum = members[member];
+            sum.calls += count.calls;
+            sum.done += count.done;
+            for (const auto& [error, times] : count.errors) sum.errors[error] += times;
+        }
     }
 
     /// A text without what stands in it by the way: digits.
@@ -57,9 +74,17 @@ struct Tally {
     }
 };
 
+/// A company of its own; they are copied from one, which one thread at a time may read.
+std::unique_ptr<Stage> new_stage() {
+    static std::mutex copying;
+    const std::lock_guard lock(copying);
+    return std::make_unique<Stage>();
+}
+
 /// The script of one company, as far as the two agree.
 std::optional<Finding> simulate(std::uint64_t seed, const Options& options, Tally& tally) {
-    Stage stage;
+    const std::unique_ptr<Stage> made = new_stage();
+    Stage& stage = *made;
     Generator generator({.seed = seed, .users = options.users});
     Script script;
     for (int at = 0; at < options.steps; ++at) {
@@ -108,31 +133,63 @@ int replay(const Options& options) {
     return 1;
 }
 
-int run(const Options& options) {
-    if (!options.replay.empty()) return replay(options);
-    const auto begin = std::chrono::steady_clock::now();
-    const auto seconds = [&] {
-        return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
-    };
-    const bool forever = options.calls == 0 && options.minutes == 0;
-    const long calls = forever ? 20'000 : options.calls;
-    const std::uint64_t first = options.seed_of_the_day ? seed_of_today() : options.seed;
-    std::uint64_t seed = first;
-    Tally tally;
-    while (tally.calls < calls || seconds() < options.minutes * 60) {
-        if (auto finding = simulate(seed, options, tally)) {
-            std::cerr << "seed " << seed << ", step " << finding->script.size() << ": the two differ\n";
-            report(shrunk(*std::move(finding)), "seed-" + std::to_string(seed), options);
+/// Companies one after the other, or several at a time, each thread with its own, until there are enough or two differ.
+class Run {
+public:
+    explicit Run(const Options& options)
+        : options_(options),
+          first_(options.seed_of_the_day ? seed_of_today() : options.seed),
+          next_(first_),
+          enough_(options.calls == 0 && options.minutes == 0 ? 20'000 : options.calls) {}
+
+    int operator()() {
+        std::vector<std::thread> threads;
+        for (int thread = 1; thread < options_.threads; ++thread) threads.emplace_back([this] { work(); });
+        work();
+        for (std::thread& thread : threads) thread.join();
+        if (finding_) {
+            std::cerr << "seed " << found_with_ << ", step " << finding_->script.size() << ": the two differ\n";
+            report(shrunk(*std::move(finding_)), "seed-" + std::to_string(found_with_), options_);
             return 1;
         }
-        ++seed;
+        if (options_.statistics) print(tally_);
+        std::cout << tally_.calls << " calls in " << tally_.companies << " companies, seeds " << first_ << " to "
+                  << next_ - 1 << ": the component and its model agree ("
+                  << static_cast<long>(static_cast<double>(tally_.calls) / seconds()) << " calls a second)\n";
+        return 0;
     }
-    if (options.statistics) print(tally);
-    std::cout << tally.calls << " calls in " << tally.companies << " companies, seeds " << first << " to " << seed - 1
-              << ": the component and its model agree ("
-              << static_cast<long>(static_cast<double>(tally.calls) / seconds()) << " calls a second)\n";
-    return 0;
-}
+
+private:
+    void work() {
+        while (const auto seed = next_seed()) {
+            Tally tally;
+            std::optional<Finding> finding = simulate(*seed, options_, tally);
+            const std::lock_guard lock(mutex_);
+            tally_.add(tally);
+            if (!finding || finding_) continue;
+            finding_ = std::move(finding);
+            found_with_ = *seed;
+        }
+    }
+
+    std::optional<std::uint64_t> next_seed() {
+        const std::lock_guard lock(mutex_);
+        if (finding_ || (tally_.calls >= enough_ && seconds() >= options_.minutes * 60)) return std::nullopt;
+        return next_++;
+    }
+
+    double seconds() const { return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin_).count(); }
+
+    const Options& options_;
+    const std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
+    const std::uint64_t first_;
+    std::mutex mutex_;  ///< of all that follows
+    std::uint64_t next_;
+    long enough_;
+    Tally tally_;
+    std::optional<Finding> finding_;
+    std::uint64_t found_with_ = 0;
+};
 
 }  // namespace
 }  // namespace cuvexa::simulator
@@ -147,13 +204,16 @@ int main(int argc, char** argv) {
     program.add_option("--minutes", options.minutes, "Minutes at least");
     program.add_option("--steps", options.steps, "Steps of one company")->capture_default_str();
     program.add_option("--users", options.users, "Instances that work in turn")->capture_default_str();
+    program.add_option("--threads", options.threads, "Threads, each with a component and companies of its own")
+        ->capture_default_str();
     program.add_flag("--statistics", options.statistics,
                      "Say at the end how often each member was called, and what it refused");
     program.add_option("--out", options.out, "Folder of what shows a difference")->capture_default_str();
     program.add_option("--replay", options.replay, "A script to play again");
     CLI11_PARSE(program, argc, argv);
     try {
-        return cuvexa::simulator::run(options);
+        if (!options.replay.empty()) return cuvexa::simulator::replay(options);
+        return cuvexa::simulator::Run(options)();
     } catch (const std::exception& failure) {
         std::cerr << "cuvexa_simulate: " << failure.what() << "\n";
         return 2;

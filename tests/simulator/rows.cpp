@@ -1,9 +1,11 @@
 #include "simulator/rows.h"
 
 #include <cmath>
+#include <sstream>
 #include <stdexcept>
 #include <type_traits>
 
+#include "cuvexa/suite/schema.h"
 #include "cuvexa/value.h"
 
 namespace cuvexa::simulator {
@@ -92,6 +94,28 @@ Text first_column(const Row& row) {
     return first;
 }
 
+/// What the columns of a table take, as the schema says it: a column a line.
+template <class Limit>
+std::vector<Limit> limits_of(const std::string& table) {
+    std::istringstream schema{std::string(schema_sql())};
+    std::string line;
+    while (std::getline(schema, line) && !line.starts_with("CREATE TABLE " + table + " ")) continue;
+    std::vector<Limit> limits;
+    while (std::getline(schema, line) && line.starts_with("    ")) {
+        std::string column, type;
+        std::istringstream(line) >> column >> type;
+        Limit limit{.refusal = "El valor no cabe en la columna " + column + ": admite "};
+        if (const auto open = type.find("char("); open != std::string::npos && std::isdigit(type[open + 5])) {
+            limit.most = std::stoul(type.substr(open + 5));
+            limit.refusal += "hasta " + std::to_string(*limit.most) + " caracteres";
+        }
+        limit.date = type == "datetime";
+        if (limit.date) limit.refusal += "de 1753-01-01 a 9999-12-31";
+        limits.push_back(std::move(limit));
+    }
+    return limits;
+}
+
 template <class Row>
 void bind_key(sqlite3_stmt* statement, const Row& row) {
     int at = 0;
@@ -122,8 +146,10 @@ Rows::Rows(sqlite3* database, model::Database& model) : database_(database), mod
         constexpr int keys = std::remove_reference_t<decltype(rows.at(0))>::keys;
         Table table = table_of(std::string(name), keys);
         rows.taken = "UNIQUE constraint failed: ";
-        for (int key = 0; key < keys; ++key)
+        for (int key = 0; key < keys; ++key) {
             rows.taken += (key == 0 ? "" : ", ") + table.name + "." + table.columns.at(static_cast<std::size_t>(key));
+        }
+        rows.limits = limits_of<typename std::remove_reference_t<decltype(rows)>::Limit>(table.name);
         tables_.emplace(table.name, std::move(table));
     });
     load_all();
@@ -132,8 +158,9 @@ Rows::Rows(sqlite3* database, model::Database& model) : database_(database), mod
 
 Rows::~Rows() {
     sqlite3_update_hook(database_, nullptr, nullptr);
-    for (const auto& [name, table] : tables_)
+    for (const auto& [name, table] : tables_) {
         for (sqlite3_stmt* const statement : {table.by_rowid, table.by_key, table.all}) sqlite3_finalize(statement);
+    }
 }
 
 Rows::Table Rows::table_of(const std::string& name, int keys) {
@@ -141,19 +168,22 @@ Rows::Table Rows::table_of(const std::string& name, int keys) {
     table.name = name;
     table.by_rowid = prepared("SELECT * FROM " + name + " WHERE rowid = ?");
     table.all = prepared("SELECT * FROM " + name + " ORDER BY rowid");
-    for (int column = 0; column < sqlite3_column_count(table.all); ++column)
+    for (int column = 0; column < sqlite3_column_count(table.all); ++column) {
         table.columns.push_back(sqlite3_column_name(table.all, column));
+    }
     std::string condition;
-    for (int key = 0; key < keys; ++key)
+    for (int key = 0; key < keys; ++key) {
         condition += (key == 0 ? " WHERE " : " AND ") + table.columns.at(static_cast<std::size_t>(key)) + " = ?";
+    }
     table.by_key = prepared("SELECT * FROM " + name + condition);
     return table;
 }
 
 sqlite3_stmt* Rows::prepared(const std::string& text) {
     sqlite3_stmt* statement = nullptr;
-    if (sqlite3_prepare_v2(database_, text.c_str(), -1, &statement, nullptr) != SQLITE_OK)
+    if (sqlite3_prepare_v2(database_, text.c_str(), -1, &statement, nullptr) != SQLITE_OK) {
         throw std::runtime_error(text + ": " + sqlite3_errmsg(database_));
+    }
     return statement;
 }
 
@@ -259,9 +289,10 @@ void Rows::compare_whole(Table& table, model::Table<Row>& rows, std::vector<std:
         }
     }
     sqlite3_reset(table.all);
-    if (count != rows.rows().size())
+    if (count != rows.rows().size()) {
         differences.push_back(table.name + ": " + std::to_string(count) + " rows, the model has " +
                               std::to_string(rows.rows().size()));
+    }
 }
 
 std::vector<std::string> Rows::compare_all() {

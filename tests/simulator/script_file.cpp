@@ -11,8 +11,9 @@ namespace {
 constexpr std::array<const char*, 7> kinds = {"create", "call", "get", "let", "sql", "clock", "session"};
 
 Step::Kind kind_named(const std::string& name) {
-    for (std::size_t at = 0; at < kinds.size(); ++at)
+    for (std::size_t at = 0; at < kinds.size(); ++at) {
         if (kinds[at] == name) return static_cast<Step::Kind>(at);
+    }
     throw std::runtime_error("no step is called " + name);
 }
 
@@ -102,9 +103,11 @@ private:
             params["object"] = objects_.at(step.object);
             params["member"] = step.name;
             Json arguments = resolved(step.arguments, made_);
-            for (Json& argument : arguments)
-                if (argument.is_object() && argument.contains("object"))
+            for (Json& argument : arguments) {
+                if (argument.is_object() && argument.contains("object")) {
                     argument["object"] = objects_[argument["object"].get<int>()];
+                }
+            }
             if (step.kind == Step::Kind::call) params["args"] = std::move(arguments);
             if (step.kind == Step::Kind::let) params["value"] = std::move(arguments.at(0));
         }

@@ -90,8 +90,9 @@ Finding shrunk(Finding finding) {
     bool again = true;
     while (again) {
         again = false;
-        for (std::size_t count = finding.script.size() / 2; count >= 1; count /= 2)
+        for (std::size_t count = finding.script.size() / 2; count >= 1; count /= 2) {
             again = take_out_steps(finding, count) || again;
+        }
         again = make_arguments_plainer(finding) || again;
     }
     return finding;

@@ -29,4 +29,7 @@ if(CMAKE_BUILD_TYPE STREQUAL "Release")
 endif()
 add_test(NAME simulation.fixed_seeds COMMAND cuvexa_simulate --seed 1 --calls ${calls} --out ${CMAKE_BINARY_DIR}/simulation)
 add_test(NAME simulation.seeds_of_the_day COMMAND cuvexa_simulate --day --calls ${calls} --out ${CMAKE_BINARY_DIR}/simulation)
-set_tests_properties(simulation.fixed_seeds simulation.seeds_of_the_day PROPERTIES TIMEOUT 900)
+math(EXPR calls "${calls} / 5")
+add_test(NAME simulation.sixteen_threads
+    COMMAND cuvexa_simulate --seed 1000 --threads 16 --calls ${calls} --out ${CMAKE_BINARY_DIR}/simulation)
+set_tests_properties(simulation.sixteen_threads simulation.fixed_seeds simulation.seeds_of_the_day PROPERTIES TIMEOUT 900)

@@ -85,8 +85,9 @@ std::vector<std::string> Stage::run(const Step& step) {
     switch (step.kind) {
         case Step::Kind::sql:
             if (sqlite3_exec(database_.embedded(), resolved(step.name, made_).c_str(), nullptr, nullptr, nullptr) !=
-                SQLITE_OK)
+                SQLITE_OK) {
                 differences_.push_back(std::string("the script is wrong: ") + sqlite3_errmsg(database_.embedded()));
+            }
             rows_.load_changed();
             return differences_;
         case Step::Kind::clock:
@@ -182,8 +183,9 @@ Stage::Outcome Stage::run_model(const Step& step, std::vector<Variant>& argument
 /// database adds in an order of its own.
 double Stage::largest_movement() const {
     double largest = 1;
-    for (const auto& movement : model_rows_.Banco_Movimiento.rows())
+    for (const auto& movement : model_rows_.Banco_Movimiento.rows()) {
         largest = std::max(largest, std::abs(movement.Bm_Importe) * 1e-5);
+    }
     return largest;
 }
 

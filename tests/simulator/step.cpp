@@ -36,8 +36,9 @@ std::string resolved(const std::string& text, const std::map<int, Made>& made) {
 Json resolved(const Json& value, const std::map<int, Made>& made) {
     if (value.is_string()) return resolved(value.get_ref<const std::string&>(), made);
     Json copy = value;
-    if (value.is_structured())
+    if (value.is_structured()) {
         for (Json& part : copy) part = resolved(part, made);
+    }
     return copy;
 }
 
