@@ -205,7 +205,8 @@ TEST_P(Failing_memory, refuses_a_request_at_most_and_the_session_goes_on) {
                 const auto answer = under_test.ask(request["method"], params);
                 ASSERT_TRUE(answer.contains("result")) << answer;
                 if (request["id"] == 5) {
-                    EXPECT_EQ(answer["result"]["value"], true) << "what failed is over";
+                    EXPECT_EQ(answer["result"]["value"], true)
+                        << "what failed is over, " << under_test.ask("get", {{"object", object}, {"member", "Error"}});
                 }
             }
             EXPECT_EQ(under_test.finish(), 0);

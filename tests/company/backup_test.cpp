@@ -54,8 +54,8 @@ protected:
     /// Makes the company larger than what is copied at once.
     void grow() const {
         Sqlite_connection connection(options.database, {.synchronous = Synchronous::off});
-        const std::string comment(100000, 'x');
-        for (int i = 0; i < 30; ++i) {
+        const std::string comment(8000, 'x');
+        for (int i = 0; i < 400; ++i) {
             connection.execute("INSERT INTO Recibo_Pago (Rp_Folio, Rp_Id, Rp_Comentario) VALUES ('R', '" +
                                std::to_string(i) + "', '" + comment + "')");
         }
