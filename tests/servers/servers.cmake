@@ -84,6 +84,9 @@ if(TARGET cuvexa AND EXISTS /usr/bin/python3)
         add_users_test(${way}.killed_programs ${on_server} ${python} ${here}/kill_test.py programs ${program} --repeat 2)
         add_users_test(${way}.killed_server ${on_server} ${python} ${here}/kill_test.py server ${program}
             --kills 2 --repeat 2)
+        if(way STREQUAL "postgresql")
+            add_users_test(postgresql.clock ${on_server} ${python} ${here}/clock_test.py ${program})
+        endif()
         # What was acknowledged must survive.
         set_tests_properties(${way}.killed_server PROPERTIES ENVIRONMENT CUVEXA_TEST_DURABLE=1)
         foreach(what demonstration no_value_becomes_a_statement many_users killed_programs killed_server)
