@@ -74,6 +74,10 @@ void write_database(const std::filesystem::path& file, std::int64_t receipts) {
              "Dp_Importe, 'MXN', 1, 'FI' FROM Deposito_Pago UNION ALL "
              "SELECT Ch_Folio, 'SRR-MXN', 'CHEQUE', Ch_Folio, '', '2024-02-10', '2024-02-10', 'CHQ', "
              "-Ch_Importe, 'MXN', 1, 'FI' FROM Cheque WHERE Ch_Folio LIKE 'OLD-%'");
+    for (const char* finished : {"SELECT DISTINCT Dp_Folio, 'DEPOSITO_PAGO', 1 FROM Deposito_Pago",
+                                 "SELECT Bm_Folio, 'BANCO_MOVIMIENTO', 1 FROM Banco_Movimiento"}) {
+        run_bare(rows, std::string("INSERT INTO Documento_Registrado(Dr_Documento, Dr_Codigo, Dr_Veces) ") + finished);
+    }
     run_bare(rows,
              "UPDATE Banco_Cuenta SET Bc_Saldo = (SELECT SUM(Bm_Importe) FROM Banco_Movimiento) "
              "WHERE Bc_Cve_Banco_Cuenta = 'SRR-MXN'");

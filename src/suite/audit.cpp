@@ -1,206 +1,25 @@
 #include "cuvexa/suite/audit.h"
 
 #include <charconv>
-#include <string_view>
 
 #include "core/rows.h"
+#include "suite/audit_rules.h"
 
 namespace cuvexa {
 namespace {
 
-/// A rule: its query gives one row per finding, with a column Documento and, where `first` and `second` name them, two
-/// columns Primero and Segundo.
-struct Rule {
-    const char* name;
-    const char* document;  ///< what the column Documento names
-    const char* first;
-    const char* second;
-    const char* remedy;
-    const char* query;
-};
+using reference::Audit_rule;
 
-constexpr Rule rules[] = {
-    {"saldo-de-cuenta", "Cuenta bancaria", "saldo de la cuenta", "suma de sus movimientos vivos",
-     "Corrija Bc_Saldo a la suma de los movimientos vivos y después el saldo del banco.",
-     "SELECT Banco_Cuenta.Bc_Cve_Banco_Cuenta AS Documento, Banco_Cuenta.Bc_Saldo AS Primero, "
-     "   ISNULL(SUM(Banco_Movimiento.Bm_Importe),0) AS Segundo "
-     "FROM Banco_Cuenta "
-     "   LEFT JOIN Banco_Movimiento ON Banco_Movimiento.Bc_Cve_Banco_Cuenta = Banco_Cuenta.Bc_Cve_Banco_Cuenta AND "
-     "      Banco_Movimiento.Es_Cve_Estado <> 'CA' "
-     "GROUP BY Banco_Cuenta.Bc_Cve_Banco_Cuenta, Banco_Cuenta.Bc_Saldo "
-     "HAVING ABS(Banco_Cuenta.Bc_Saldo - ISNULL(SUM(Banco_Movimiento.Bm_Importe),0)) >= 0.005 "
-     "ORDER BY Banco_Cuenta.Bc_Cve_Banco_Cuenta"},
-    {"saldo-de-banco", "Banco", "saldo del banco", "suma de los saldos de sus cuentas",
-     "Corrija Bn_Saldo a la suma de los saldos de sus cuentas.",
-     "SELECT Banco.Bn_Cve_Banco AS Documento, Banco.Bn_Saldo AS Primero, ISNULL(SUM(Banco_Cuenta.Bc_Saldo),0) AS "
-     "Segundo "
-     "FROM Banco "
-     "   LEFT JOIN Banco_Cuenta ON Banco_Cuenta.Bn_Cve_Banco = Banco.Bn_Cve_Banco "
-     "GROUP BY Banco.Bn_Cve_Banco, Banco.Bn_Saldo "
-     "HAVING ABS(Banco.Bn_Saldo - ISNULL(SUM(Banco_Cuenta.Bc_Saldo),0)) >= 0.005 "
-     "ORDER BY Banco.Bn_Cve_Banco"},
-    {"deposito-sin-movimiento", "Renglón de depósito", "importe del renglón", nullptr,
-     "Registre el movimiento bancario del renglón, o cancele el depósito y genérelo de nuevo.",
-     "SELECT Deposito_Pago.Dp_Folio + '/' + Deposito_Pago.Dp_Id AS Documento, Deposito_Pago.Dp_Importe AS Primero "
-     "FROM Deposito_Pago "
-     "   LEFT JOIN Banco_Movimiento ON Banco_Movimiento.Bm_Documento = Deposito_Pago.Dp_Folio AND "
-     "      Banco_Movimiento.Bm_Tabla = 'DEPOSITO_PAGO' AND "
-     "      Banco_Movimiento.Bm_Documento_ID = Deposito_Pago.Dp_Id AND Banco_Movimiento.Es_Cve_Estado <> 'CA' "
-     "WHERE Deposito_Pago.Es_Cve_Estado <> 'CA' AND Banco_Movimiento.Bm_Folio IS NULL "
-     "ORDER BY Deposito_Pago.Dp_Folio, Deposito_Pago.Dp_Id"},
-    {"deposito-y-movimiento-difieren", "Renglón de depósito", "importe del renglón", "importe de su movimiento",
-     "Cancele el depósito y genérelo de nuevo.",
-     "SELECT Deposito_Pago.Dp_Folio + '/' + Deposito_Pago.Dp_Id AS Documento, Deposito_Pago.Dp_Importe AS Primero, "
-     "   Banco_Movimiento.Bm_Importe AS Segundo "
-     "FROM Deposito_Pago "
-     "   INNER JOIN Banco_Movimiento ON Banco_Movimiento.Bm_Documento = Deposito_Pago.Dp_Folio AND "
-     "      Banco_Movimiento.Bm_Tabla = 'DEPOSITO_PAGO' AND "
-     "      Banco_Movimiento.Bm_Documento_ID = Deposito_Pago.Dp_Id AND Banco_Movimiento.Es_Cve_Estado <> 'CA' "
-     "WHERE Deposito_Pago.Es_Cve_Estado <> 'CA' AND "
-     "   ABS(ABS(Banco_Movimiento.Bm_Importe) - ABS(Deposito_Pago.Dp_Importe)) >= 0.005 "
-     "ORDER BY Deposito_Pago.Dp_Folio, Deposito_Pago.Dp_Id"},
-    {"deposito-y-recibos-difieren", "Depósito", "importe del depósito", "importe de los recibos marcados con él",
-     "Quedó a medias: cancele el depósito y genérelo de nuevo.",
-     "SELECT Deposito_Pago.Dp_Folio AS Documento, SUM(Deposito_Pago.Dp_Importe) AS Primero, "
-     "   (SELECT ISNULL(SUM(Rp_Importe),0) FROM Recibo_Pago "
-     "      WHERE Recibo_Pago.Rp_Folio_Deposito = Deposito_Pago.Dp_Folio AND "
-     "         Recibo_Pago.Es_Cve_Estado IN ('DP', 'AD')) AS Segundo "
-     "FROM Deposito_Pago "
-     "WHERE Deposito_Pago.Es_Cve_Estado <> 'CA' "
-     "GROUP BY Deposito_Pago.Dp_Folio "
-     "HAVING ABS(SUM(Deposito_Pago.Dp_Importe) - "
-     "   (SELECT ISNULL(SUM(Rp_Importe),0) FROM Recibo_Pago "
-     "      WHERE Recibo_Pago.Rp_Folio_Deposito = Deposito_Pago.Dp_Folio AND "
-     "         Recibo_Pago.Es_Cve_Estado IN ('DP', 'AD'))) >= 0.005 "
-     "ORDER BY Deposito_Pago.Dp_Folio"},
-    {"recibo-sin-deposito", "Renglón de recibo", "importe del renglón", nullptr,
-     "Su depósito no existe o está cancelado: regrese el renglón a 'AC' (o 'AP') y deposítelo de nuevo.",
-     "SELECT Recibo_Pago.Rp_Folio + '/' + Recibo_Pago.Rp_Id AS Documento, Recibo_Pago.Rp_Importe AS Primero "
-     "FROM Recibo_Pago "
-     "   LEFT JOIN Deposito_Pago ON Deposito_Pago.Dp_Folio = Recibo_Pago.Rp_Folio_Deposito AND "
-     "      Deposito_Pago.Dp_Id = Recibo_Pago.Rp_Deposito_ID AND Deposito_Pago.Es_Cve_Estado <> 'CA' "
-     "WHERE Recibo_Pago.Es_Cve_Estado IN ('DP', 'AD') AND Deposito_Pago.Dp_Folio IS NULL "
-     "ORDER BY Recibo_Pago.Rp_Folio, Recibo_Pago.Rp_Id"},
-    {"movimiento-de-deposito-cancelado", "Movimiento bancario", "importe del movimiento", nullptr,
-     "Su depósito está cancelado: cancele el movimiento.",
-     "SELECT DISTINCT Banco_Movimiento.Bm_Folio AS Documento, Banco_Movimiento.Bm_Importe AS Primero "
-     "FROM Banco_Movimiento "
-     "   INNER JOIN Deposito_Pago ON Deposito_Pago.Dp_Folio = Banco_Movimiento.Bm_Documento AND "
-     "      Deposito_Pago.Es_Cve_Estado = 'CA' "
-     "WHERE Banco_Movimiento.Bm_Tabla = 'DEPOSITO_PAGO' AND Banco_Movimiento.Es_Cve_Estado <> 'CA' "
-     "ORDER BY Banco_Movimiento.Bm_Folio"},
-    {"cheque-aplicado-con-renglones-abiertos", "Renglón de cheque", "importe del renglón", nullptr,
-     "Cancele la aplicación del cheque y aplíquelo de nuevo.",
-     "SELECT Cheque_x_Aplicar.Ch_Folio + '/' + Cheque_x_Aplicar.Cxa_ID AS Documento, "
-     "   Cheque_x_Aplicar.Cxa_Importe AS Primero "
-     "FROM Cheque "
-     "   INNER JOIN Cheque_x_Aplicar ON Cheque_x_Aplicar.Ch_Folio = Cheque.Ch_Folio "
-     "WHERE Cheque.Es_Cve_Estado = 'AP' AND Cheque_x_Aplicar.Es_Cve_Estado = 'AC' "
-     "ORDER BY Cheque_x_Aplicar.Ch_Folio, Cheque_x_Aplicar.Cxa_ID"},
-    {"cheque-aplicado-a-medias", "Renglón de cheque", "importe del renglón", nullptr,
-     "El cheque sigue sin aplicar: aplíquelo de nuevo, o cancele su aplicación.",
-     "SELECT Cheque_x_Aplicar.Ch_Folio + '/' + Cheque_x_Aplicar.Cxa_ID AS Documento, "
-     "   Cheque_x_Aplicar.Cxa_Importe AS Primero "
-     "FROM Cheque "
-     "   INNER JOIN Cheque_x_Aplicar ON Cheque_x_Aplicar.Ch_Folio = Cheque.Ch_Folio "
-     "WHERE Cheque.Es_Cve_Estado IN ('AC', 'PXA') AND Cheque_x_Aplicar.Es_Cve_Estado = 'AP' "
-     "ORDER BY Cheque_x_Aplicar.Ch_Folio, Cheque_x_Aplicar.Cxa_ID"},
-    {"cheque-sin-encabezado", "Cheque", "importe de sus renglones", nullptr,
-     "Su captura no terminó: créelo, o cancele sus renglones.",
-     "SELECT Cheque_x_Aplicar.Ch_Folio AS Documento, SUM(Cheque_x_Aplicar.Cxa_Importe) AS Primero "
-     "FROM Cheque_x_Aplicar "
-     "   LEFT JOIN Cheque ON Cheque.Ch_Folio = Cheque_x_Aplicar.Ch_Folio "
-     "WHERE Cheque.Ch_Folio IS NULL AND Cheque_x_Aplicar.Es_Cve_Estado <> 'CA' "
-     "GROUP BY Cheque_x_Aplicar.Ch_Folio "
-     "ORDER BY Cheque_x_Aplicar.Ch_Folio"},
-    // A transfer between own accounts names its destination and has no movement.
-    {"cheque-sin-movimiento", "Cheque", "importe del cheque", nullptr,
-     "Registre su movimiento con Registra_Movimiento_Bancario_Cheque, o cancele el cheque.",
-     "SELECT Cheque.Ch_Folio AS Documento, Cheque.Ch_Importe AS Primero "
-     "FROM Cheque "
-     "   LEFT JOIN Banco_Movimiento ON Banco_Movimiento.Bm_Documento = Cheque.Ch_Folio AND "
-     "      Banco_Movimiento.Bm_Tabla = 'CHEQUE' AND Banco_Movimiento.Es_Cve_Estado <> 'CA' "
-     "WHERE Cheque.Es_Cve_Estado IN ('AC', 'AP') AND Cheque.Ch_Cuenta_Destino = '' AND "
-     "   Banco_Movimiento.Bm_Folio IS NULL "
-     "ORDER BY Cheque.Ch_Folio"},
-    {"cheque-cancelado-a-medias", "Cheque", "importe del cheque", nullptr,
-     "Cancele el cheque otra vez; si ya no tiene movimiento vivo, cancele sus renglones.",
-     "SELECT DISTINCT Cheque.Ch_Folio AS Documento, Cheque.Ch_Importe AS Primero "
-     "FROM Cheque "
-     "   INNER JOIN Cheque_x_Aplicar ON Cheque_x_Aplicar.Ch_Folio = Cheque.Ch_Folio "
-     "WHERE Cheque.Es_Cve_Estado = 'CA' AND Cheque_x_Aplicar.Es_Cve_Estado <> 'CA' "
-     "ORDER BY Cheque.Ch_Folio"},
-    {"movimiento-de-cheque-cancelado", "Movimiento bancario", "importe del movimiento", nullptr,
-     "Su cheque está cancelado: cancele el movimiento.",
-     "SELECT Banco_Movimiento.Bm_Folio AS Documento, Banco_Movimiento.Bm_Importe AS Primero "
-     "FROM Banco_Movimiento "
-     "   INNER JOIN Cheque ON Cheque.Ch_Folio = Banco_Movimiento.Bm_Documento AND Cheque.Es_Cve_Estado = 'CA' "
-     "WHERE Banco_Movimiento.Bm_Tabla = 'CHEQUE' AND Banco_Movimiento.Es_Cve_Estado <> 'CA' "
-     "ORDER BY Banco_Movimiento.Bm_Folio"},
-    {"gasto-por-comprobar-sin-pagar", "Gasto por comprobar", "importe del gasto", nullptr,
-     "Su cheque ya tiene movimiento: márquelo pagado ('PA').",
-     "SELECT Gasto_x_Comprobar.Gc_Folio AS Documento, Gasto_x_Comprobar.Gc_Importe AS Primero "
-     "FROM Gasto_x_Comprobar "
-     "   INNER JOIN Banco_Movimiento ON Banco_Movimiento.Bm_Documento = Gasto_x_Comprobar.Gc_Documento AND "
-     "      Banco_Movimiento.Bm_Tabla = 'CHEQUE' AND Banco_Movimiento.Es_Cve_Estado <> 'CA' "
-     "WHERE Gasto_x_Comprobar.Gc_Tabla = 'CHEQUE' AND Gasto_x_Comprobar.Es_Cve_Estado = 'PXA' "
-     "ORDER BY Gasto_x_Comprobar.Gc_Folio"},
-    {"recibo-cerrado-a-medias", "Recibo de caja", "importe de la cuenta por pagar", nullptr,
-     "Su cuenta por pagar existe y el recibo no está aplicado: cancélela y cierre el recibo de nuevo.",
-     "SELECT DISTINCT Recibo_Pago.Rp_Folio AS Documento, Cuenta_x_Pagar.Cxp_Importe AS Primero "
-     "FROM Cuenta_x_Pagar "
-     "   INNER JOIN Recibo_Pago ON Recibo_Pago.Rp_Folio = Cuenta_x_Pagar.Cxp_Documento AND "
-     "      Recibo_Pago.Es_Cve_Estado IN ('AC', 'DP') "
-     "WHERE Cuenta_x_Pagar.Cxp_Tabla = 'RECIBO_PAGO' AND Cuenta_x_Pagar.Es_Cve_Estado <> 'CA' "
-     "ORDER BY Recibo_Pago.Rp_Folio"},
-    {"solicitud-cancelada-a-medias", "Solicitud de cheque", "importe de la solicitud", nullptr,
-     "Todos sus renglones están cancelados y ella no: cancélela otra vez.",
-     "SELECT Solicitud_Cheque.Sch_Folio AS Documento, Solicitud_Cheque.Sch_Importe AS Primero "
-     "FROM Solicitud_Cheque "
-     "WHERE Solicitud_Cheque.Es_Cve_Estado <> 'CA' AND "
-     "   EXISTS (SELECT Scd_Id FROM Solicitud_Cheque_Detalle "
-     "      WHERE Solicitud_Cheque_Detalle.Sch_Folio = Solicitud_Cheque.Sch_Folio) AND "
-     "   NOT EXISTS (SELECT Scd_Id FROM Solicitud_Cheque_Detalle "
-     "      WHERE Solicitud_Cheque_Detalle.Sch_Folio = Solicitud_Cheque.Sch_Folio AND "
-     "         Solicitud_Cheque_Detalle.Es_Cve_Estado <> 'CA') "
-     "ORDER BY Solicitud_Cheque.Sch_Folio"},
-    {"saldo-de-cuenta-por-cobrar", "Cuenta por cobrar", "saldo", "importe menos pagos vivos",
-     "Corrija Cxc_Precio_Neto_Saldo y Cxc_Precio_Neto_Pago según sus pagos vivos.",
-     "SELECT Cuenta_x_Cobrar.Cxc_Folio AS Documento, Cuenta_x_Cobrar.Cxc_Precio_Neto_Saldo AS Primero, "
-     "   Cuenta_x_Cobrar.Cxc_Precio_Neto_Importe - ISNULL(SUM(Pago_Cxc.Pc_Importe),0) AS Segundo "
-     "FROM Cuenta_x_Cobrar "
-     "   LEFT JOIN Pago_Cxc ON Pago_Cxc.Cxc_Folio = Cuenta_x_Cobrar.Cxc_Folio AND Pago_Cxc.Es_Cve_Estado <> 'CA' AND "
-     "      Pago_Cxc.Pc_Afecta_Saldo = 'SI' "
-     "WHERE Cuenta_x_Cobrar.Es_Cve_Estado <> 'CA' "
-     "GROUP BY Cuenta_x_Cobrar.Cxc_Folio, Cuenta_x_Cobrar.Cxc_Precio_Neto_Saldo, "
-     "   Cuenta_x_Cobrar.Cxc_Precio_Neto_Importe "
-     "HAVING ABS(Cuenta_x_Cobrar.Cxc_Precio_Neto_Saldo - Cuenta_x_Cobrar.Cxc_Precio_Neto_Importe + "
-     "   ISNULL(SUM(Pago_Cxc.Pc_Importe),0)) >= 0.005 "
-     "ORDER BY Cuenta_x_Cobrar.Cxc_Folio"},
-    {"saldo-de-cuenta-por-pagar", "Cuenta por pagar", "saldo", "importe menos pagos vivos",
-     "Corrija Cxp_Precio_Neto_Saldo y Cxp_Precio_Neto_Pago según sus pagos vivos.",
-     "SELECT Cuenta_x_Pagar.Cxp_Folio AS Documento, Cuenta_x_Pagar.Cxp_Precio_Neto_Saldo AS Primero, "
-     "   Cuenta_x_Pagar.Cxp_Precio_Neto_Importe - ISNULL(SUM(Pago_Cxp.Pc_Importe),0) AS Segundo "
-     "FROM Cuenta_x_Pagar "
-     "   LEFT JOIN Pago_Cxp ON Pago_Cxp.Cxp_Folio = Cuenta_x_Pagar.Cxp_Folio AND Pago_Cxp.Es_Cve_Estado <> 'CA' "
-     "WHERE Cuenta_x_Pagar.Es_Cve_Estado <> 'CA' "
-     "GROUP BY Cuenta_x_Pagar.Cxp_Folio, Cuenta_x_Pagar.Cxp_Precio_Neto_Saldo, "
-     "   Cuenta_x_Pagar.Cxp_Precio_Neto_Importe "
-     "HAVING ABS(Cuenta_x_Pagar.Cxp_Precio_Neto_Saldo - Cuenta_x_Pagar.Cxp_Precio_Neto_Importe + "
-     "   ISNULL(SUM(Pago_Cxp.Pc_Importe),0)) >= 0.005 "
-     "ORDER BY Cuenta_x_Pagar.Cxp_Folio"},
-    {"poliza-descuadrada", "Póliza", "cargos", "abonos",
-     "Corrija la póliza en contabilidad, o cancélela y genérela de nuevo.",
-     "SELECT Poliza.Pz_Folio AS Documento, ISNULL(SUM(Poliza_Detalle.Pzd_Cargo),0) AS Primero, "
-     "   ISNULL(SUM(Poliza_Detalle.Pzd_Abono),0) AS Segundo "
-     "FROM Poliza "
-     "   LEFT JOIN Poliza_Detalle ON Poliza_Detalle.Pz_Folio = Poliza.Pz_Folio "
-     "WHERE Poliza.Es_Cve_Estado <> 'CA' "
-     "GROUP BY Poliza.Pz_Folio "
-     "HAVING ABS(ISNULL(SUM(Poliza_Detalle.Pzd_Cargo),0) - ISNULL(SUM(Poliza_Detalle.Pzd_Abono),0)) >= 0.005 OR "
-     "   COUNT(Poliza_Detalle.Pzd_ID) = 0 "
-     "ORDER BY Poliza.Pz_Folio"},
-};
+/// All rules, in the order in which they are checked.
+std::vector<Audit_rule> all_rules() {
+    using namespace reference;
+    std::vector<Audit_rule> all;
+    for (const auto family : {number_rules(), balance_rules(), deposit_rules(), check_rules(), expense_rules(),
+                              receipt_rules(), request_rules(), movement_rules(), ledger_rules(), voucher_rules()}) {
+        all.insert(all.end(), family.begin(), family.end());
+    }
+    return all;
+}
 
 /// The amount with two decimals, as the operator reads it.
 std::string money(double amount) {
@@ -209,28 +28,44 @@ std::string money(double amount) {
     return std::string(digits, end);
 }
 
-std::string figures(const Rule& rule, const Rows& row) {
+std::string figures(const Audit_rule& rule, const Rows& row) {
+    if (rule.first == nullptr) return row.text("Detalle");
     std::string text = std::string(rule.first) + " " + money(row.number("Primero"));
     if (rule.second != nullptr) text += std::string(", ") + rule.second + " " + money(row.number("Segundo"));
     return text;
+}
+
+Finding finding_of(const Audit_rule& rule, const Rows& row) {
+    const std::string kind = rule.document == nullptr ? std::string() : std::string(rule.document) + " ";
+    return {rule.name, kind + row.text("Documento"), figures(rule, row), rule.remedy};
+}
+
+/// What the rule finds; with a database that answers but cannot compute it, that is the finding.
+void check(Connection& connection, const Audit_rule& rule, std::vector<Finding>& findings) {
+    try {
+        for (Rows row(connection.execute(rule.query)); !row.eof(); row.next()) {
+            findings.push_back(finding_of(rule, row));
+        }
+    } catch (const Database_error& failure) {
+        connection.execute("SELECT GETDATE() AS Ahora");  // throws when it does not answer
+        findings.push_back({rule.name, "Revisión " + std::string(rule.name), failure.what(),
+                            "La revisión no se pudo hacer: corrija primero lo que otras encontraron."});
+    }
 }
 
 }  // namespace
 
 std::vector<std::string> audit_checks() {
     std::vector<std::string> names;
-    for (const Rule& rule : rules) names.emplace_back(rule.name);
+    for (const Audit_rule& rule : all_rules()) names.emplace_back(rule.name);
     return names;
 }
 
 std::vector<Finding> audit(Connection& connection, const std::function<void(const std::string& check)>& progress) {
     std::vector<Finding> findings;
-    for (const Rule& rule : rules) {
+    for (const Audit_rule& rule : all_rules()) {
         if (progress) progress(rule.name);
-        for (Rows row(connection.execute(rule.query)); !row.eof(); row.next()) {
-            findings.push_back(
-                {rule.name, std::string(rule.document) + " " + row.text("Documento"), figures(rule, row), rule.remedy});
-        }
+        check(connection, rule, findings);
     }
     return findings;
 }

@@ -1,0 +1,186 @@
+// What an operator does who follows the advice of a finding: with the component's members where the advice names one, by
+// hand where it names a column.
+#include <map>
+
+#include "interruptions/scenario.h"
+
+namespace cuvexa::tests {
+namespace {
+
+using Advice = std::function<bool(Company&, const std::string& document)>;
+
+std::string before_mark(const std::string& document, char mark) {
+    return document.substr(0, document.find(mark));
+}
+std::string after_mark(const std::string& document, char mark) {
+    return document.substr(document.find(mark) + 1);
+}
+
+/// A statement in which "?" stands for the document.
+Advice by_hand(const std::string& statement) {
+    return [statement](Company& company, const std::string& document) {
+        std::string text = statement;
+        for (auto at = text.find('?'); at != std::string::npos; at = text.find('?', at + document.size())) {
+            text.replace(at, 1, document);
+        }
+        company.sql(text);
+        return true;
+    };
+}
+
+bool cancel_receipt(Company& company, const std::string& folio) {
+    return company.treasury().Cancelar_Recibo_Caja(before_mark(folio, '/'), true, true);
+}
+bool cancel_deposit(Company& company, const std::string& folio) {
+    return company.treasury().Cancelar_Deposito(before_mark(folio, '/'));
+}
+bool cancel_movement(Company& company, const std::string& folio) {
+    return company.treasury().Cancelar_Movimiento_Bancos(folio);
+}
+bool cancel_check(Company& company, const std::string& folio) {
+    return company.treasury().Cancelar_Cheque(folio);
+}
+bool take_application_back(Company& company, const std::string& folio) {
+    return company.treasury().Cancelar_Aplicacion_Cheque(before_mark(folio, '/'));
+}
+
+bool give_movement(Company& company, const std::string& folio) {
+    const std::map<std::string, int> budgets = {{"05", 0}, {"02", 1}, {"04", 3}, {"03", 4}};
+    const std::string purpose = company.scalar(
+        "SELECT Tc_Solicitar FROM Cheque JOIN Tipo_Cheque USING (Tc_Cve_Tipo_Cheque) WHERE Ch_Folio = '" + folio + "'");
+    const auto budget = budgets.find(purpose);
+    if (budget != budgets.end() && !company.treasury().Afectar_Cheque_Presupuesto(folio, budget->second)) return false;
+    if (company.scalar("SELECT Es_Cve_Estado FROM Cheque WHERE Ch_Folio = '" + folio + "'") == "PXA") return true;
+    return company.treasury().Registra_Movimiento_Bancario_Cheque(folio);
+}
+
+bool cancel_check_again(Company& company, const std::string& folio) {
+    const bool moves = company.scalar("SELECT COUNT(*) FROM Banco_Movimiento WHERE Bm_Documento = '" + folio +
+                                      "' AND Es_Cve_Estado <> 'CA'") != "0";
+    if (moves) return cancel_check(company, folio);
+    company.sql("UPDATE Cheque_x_Aplicar SET Es_Cve_Estado = 'CA' WHERE Ch_Folio = '" + folio + "'");
+    return true;
+}
+
+bool cancel_with_document(Company& company, const std::string& movement) {
+    const std::string owner =
+        company.scalar("SELECT Bm_Documento FROM Banco_Movimiento WHERE Bm_Folio = '" + movement + "'");
+    if (owner.starts_with("DP-")) return cancel_deposit(company, owner);
+    if (owner.starts_with("CH-")) return cancel_check(company, owner);
+    return cancel_movement(company, movement);
+}
+
+bool cancel_document(Company& company, const std::string& folio) {
+    if (folio.starts_with("RP-")) return cancel_receipt(company, folio);
+    if (folio.starts_with("DP-")) return cancel_deposit(company, folio);
+    if (folio.starts_with("CH-")) return cancel_check(company, folio);
+    return cancel_with_document(company, folio);
+}
+
+bool cancel_payment(Company& company, const std::string& payment) {
+    return company.suite()->new_accounts_receivable()->CancelPayment(before_mark(payment, ':'),
+                                                                     after_mark(payment, ':'));
+}
+
+bool cancel_what_a_closing_left(Company& company, const std::string& receipt) {
+    const auto receivables = company.suite()->new_accounts_receivable();
+    for (const std::string& payment :
+         company.rows("SELECT Cxc_Folio || ':' || Pc_ID FROM Pago_Cxc WHERE Pc_Documento = '" + receipt +
+                      "' AND Es_Cve_Estado <> 'CA'")) {
+        if (!cancel_payment(company, payment)) return false;
+    }
+    return receivables->CancelDocumentAdvances("RECIBO_PAGO", receipt) &&
+           receivables->CancelDocumentReceivables("RECIBO_PAGO", receipt) &&
+           company.suite()->new_accounts_payable()->CancelDocumentPayables("RECIBO_PAGO", receipt);
+}
+
+bool register_cancellation(Company& company, const std::string& movement) {
+    return company.suite()->data()->RegisterDocument("BANCO_MOVIMIENTO", movement);
+}
+
+const std::map<std::string, Advice>& advices() {
+    static const std::map<std::string, Advice> all = {
+        {"saldo-de-cuenta",
+         by_hand("UPDATE Banco_Cuenta SET Bc_Saldo = (SELECT ISNULL(SUM(Bm_Importe), 0) FROM Banco_Movimiento WHERE "
+                 "Bc_Cve_Banco_Cuenta = '?' AND Es_Cve_Estado <> 'CA') WHERE Bc_Cve_Banco_Cuenta = '?'")},
+        {"saldo-de-banco",
+         by_hand("UPDATE Banco SET Bn_Saldo = (SELECT ISNULL(SUM(Bc_Saldo), 0) FROM Banco_Cuenta WHERE Bn_Cve_Banco = "
+                 "'?') WHERE Bn_Cve_Banco = '?'")},
+        {"deposito-sin-movimiento", cancel_deposit},
+        {"deposito-y-movimiento-difieren", cancel_deposit},
+        {"deposito-y-recibos-difieren", cancel_deposit},
+        {"deposito-sin-registrar", cancel_deposit},
+        {"movimiento-de-deposito-cancelado", cancel_movement},
+        {"movimiento-de-cheque-cancelado", cancel_movement},
+        {"movimiento-duplicado", cancel_movement},
+        {"movimiento-sin-registrar", cancel_with_document},
+        {"cancelacion-de-movimiento-sin-registrar", register_cancellation},
+        {"cheque-aplicado-con-renglones-abiertos", take_application_back},
+        {"cheque-aplicado-a-medias", take_application_back},
+        {"cheque-con-efectos-sin-aplicar", take_application_back},
+        {"cheque-y-pagos-difieren", take_application_back},
+        {"cheque-y-cuentas-por-cobrar-difieren", take_application_back},
+        {"cheque-sin-su-anticipo-a-proveedor", take_application_back},
+        {"cheque-y-gasto-difieren", take_application_back},
+        {"cheque-sin-sus-anticipos", take_application_back},
+        {"movimiento-de-cheque-sin-marcar", take_application_back},
+        {"aplicacion-de-cheque-cancelada-a-medias", take_application_back},
+        {"anticipo-a-proveedor-sin-cheque",
+         by_hand("UPDATE Cuenta_x_Pagar SET Cxp_Tabla = 'ANTICIPO_CXP-CA:' + Cxp_Folio WHERE Cxp_Folio = '?'")},
+        {"anticipo-aplicado-a-medias", cancel_payment},
+        {"cheque-sin-encabezado", by_hand("UPDATE Cheque_x_Aplicar SET Es_Cve_Estado = 'CA' WHERE Ch_Folio = '?'")},
+        {"cheque-sin-movimiento", give_movement},
+        {"cheque-duplicado", cancel_check},
+        {"cheque-de-gasto-sin-gasto", cancel_check},
+        {"cheque-de-solicitud-cancelada", cancel_check},
+        {"cheque-cancelado-a-medias", cancel_check_again},
+        {"cheque-sin-finalizar",
+         [](Company& company, const std::string& folio) { return company.treasury().Finalizar_Cheque(folio); }},
+        {"gasto-por-comprobar-sin-pagar",
+         by_hand("UPDATE Gasto_x_Comprobar SET Es_Cve_Estado = 'PA' WHERE Gc_Folio = '?'")},
+        {"recibo-sin-deposito",
+         by_hand("UPDATE Recibo_Pago SET Es_Cve_Estado = CASE Es_Cve_Estado WHEN 'AD' THEN 'AP' ELSE 'AC' END, "
+                 "Rp_Folio_Deposito = '', Rp_Deposito_ID = '' WHERE Rp_Folio + '/' + Rp_Id = '?'")},
+        {"recibo-cerrado-a-medias", cancel_receipt},
+        {"recibo-y-aplicacion-difieren", cancel_receipt},
+        {"recibo-y-cuentas-por-cobrar-difieren", cancel_receipt},
+        {"aplicacion-de-recibo-cancelado", cancel_what_a_closing_left},
+        {"solicitud-cancelada-a-medias",
+         [](Company& company, const std::string& folio) {
+             return company.treasury().Cancelar_Solicitud_Cheque(folio);
+         }},
+        {"solicitud-autorizada-a-medias",
+         [](Company& company, const std::string& folio) {
+             return company.treasury().Autorizar_Solicitud_Cheque(folio);
+         }},
+        {"saldo-de-cuenta-por-cobrar",
+         by_hand("UPDATE Cuenta_x_Cobrar SET Cxc_Precio_Neto_Pago = (SELECT ISNULL(SUM(Pc_Importe), 0) FROM Pago_Cxc "
+                 "WHERE Cxc_Folio = '?' AND Es_Cve_Estado <> 'CA'), Cxc_Precio_Neto_Saldo = Cxc_Precio_Neto_Importe - "
+                 "(SELECT ISNULL(SUM(Pc_Importe), 0) FROM Pago_Cxc WHERE Cxc_Folio = '?' AND Es_Cve_Estado <> 'CA') "
+                 "WHERE Cxc_Folio = '?'")},
+        {"saldo-de-cuenta-por-pagar",
+         by_hand("UPDATE Cuenta_x_Pagar SET Cxp_Precio_Neto_Pago = (SELECT ISNULL(SUM(Pc_Importe), 0) FROM Pago_Cxp "
+                 "WHERE Cxp_Folio = '?' AND Es_Cve_Estado <> 'CA'), Cxp_Precio_Neto_Saldo = Cxp_Precio_Neto_Importe - "
+                 "(SELECT ISNULL(SUM(Pc_Importe), 0) FROM Pago_Cxp WHERE Cxp_Folio = '?' AND Es_Cve_Estado <> 'CA') "
+                 "WHERE Cxp_Folio = '?'")},
+        {"cuenta-de-anticipo-sin-anticipo",
+         by_hand("UPDATE Cuenta_x_Cobrar SET Es_Cve_Estado = 'CA' WHERE Cxc_Folio = '?'")},
+        {"anticipo-sin-su-cuenta", by_hand("UPDATE Anticipo_Cxc SET Es_Cve_Estado = 'CA' WHERE An_Folio = '?'")},
+        {"anticipo-usado-con-saldo", by_hand("UPDATE Anticipo_Cxc SET Es_Cve_Estado = 'AC' WHERE An_Folio = '?'")},
+        {"renglones-sin-poliza", by_hand("DELETE FROM Poliza_Detalle WHERE Pz_Folio = '?'")},
+        {"poliza-duplicada", by_hand("UPDATE Poliza SET Es_Cve_Estado = 'CA' WHERE Pz_Folio = '?'")},
+        {"documento-con-poliza-cancelada", cancel_document},
+    };
+    return all;
+}
+
+}  // namespace
+
+std::string follow(Company& company, const std::string& rule, const std::string& document) {
+    const auto advice = advices().find(rule);
+    if (advice == advices().end()) return "nobody knows how to follow the advice of " + rule;
+    const std::string folio = document.substr(document.rfind(' ') + 1);
+    return advice->second(company, folio) ? "" : rule + ", " + document + ": " + company.treasury().Error();
+}
+
+}  // namespace cuvexa::tests
