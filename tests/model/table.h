@@ -80,7 +80,7 @@ public:
 
         bool takes(Column column) const {
             if (column.null) return true;
-            return date ? column.text >= "1753-01-01" : !most || characters(column.text) <= *most;
+            return date ? same(column, "") || column.text >= "1753-01-01" : !most || characters(column.text) <= *most;
         }
     };
     std::vector<Limit> limits;  ///< of each column, in the order of the schema; none where there are fewer
