@@ -2,7 +2,7 @@
 // the same call brings everything to where an undisturbed one does, or the audit names a document and says what to do; who
 // follows that comes to a database that adds up. And where the call is simply repeated, what was doubled is found.
 //
-// A few statements of each operation by default; CUVEXA_WHOLE=1 takes every one and prints how many there were.
+// A few statements of each operation by default; CUVEXA_WALK=whole takes every one and prints how many there were.
 #include <cstdlib>
 #include <iostream>
 
@@ -15,7 +15,7 @@ namespace {
 using Findings = std::vector<Finding>;
 
 bool whole() {
-    return std::getenv("CUVEXA_WHOLE") != nullptr;
+    return std::getenv("CUVEXA_WALK") != nullptr;
 }
 
 std::string told(const Findings& findings) {
