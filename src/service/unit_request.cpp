@@ -5,6 +5,7 @@
 #include <thread>
 #include <utility>
 
+#include "cuvexa/lost_connection.h"
 #include "cuvexa/module.h"
 #include "cuvexa/unit_of_work.h"
 #include "service/reply.h"
@@ -36,6 +37,11 @@ Unit_reply failure(int status, Fate fate, std::string_view message) {
     return reply;
 }
 
+Unit_reply unknown() {
+    return failure(503, Fate::unknown,
+                   "the database was lost while the request was being kept; its outcome is unknown");
+}
+
 Unit_reply reply_to(Batch_result result, Fate fate) {
     Unit_reply reply;
     reply.fate = fate;
@@ -58,11 +64,17 @@ public:
 
     bool lost() const { return lost_; }
 
+    /// Whether it is known that the units of earlier tries under the key were not kept, or that one was.
+    bool has_looked() const { return looked_; }
+
+    /// Whether its connection was lost while the unit was being kept.
+    bool may_be_kept() const { return lost_ && keeping_; }
+
 private:
     std::optional<Unit_reply> run_whole(Module& module);
     std::optional<Unit_reply> kept_earlier();
     std::optional<Unit_reply> undone(Batch_result result);
-    std::optional<Unit_reply> failed(const std::string& description);
+    std::optional<Unit_reply> failed(const Database_error& error);
 
     Work_session& session_;
     Watched_connection& connection_;
@@ -72,6 +84,7 @@ private:
     bool keeping_key_ = false;
     bool keeping_ = false;
     bool lost_ = false;
+    bool looked_ = false;
 };
 
 std::optional<Unit_reply> Try::run() {
@@ -82,7 +95,7 @@ std::optional<Unit_reply> Try::run() {
         if (request_.whole) return run_whole(module);
         return reply_to(Batch(module, limits_, false).run(json_), Fate::by_itself);
     } catch (const Database_error& error) {
-        return failed(error.what());
+        return failed(error);
     }
 }
 
@@ -106,6 +119,7 @@ std::optional<Unit_reply> Try::run_whole(Module& module) {
 std::optional<Unit_reply> Try::kept_earlier() {
     if (!request_.key) return std::nullopt;
     auto earlier = find_answer(connection_.unwatched(), *request_.key);
+    looked_ = true;
     if (!earlier) return std::nullopt;
     if (earlier->fingerprint != request_.key->fingerprint) {
         return failure(422, Fate::not_tried, "this key was used for another request");
@@ -117,25 +131,20 @@ std::optional<Unit_reply> Try::kept_earlier() {
 
 /// An operation tells that the database was in its way as it tells a refusal.
 std::optional<Unit_reply> Try::undone(Batch_result result) {
-    if (connection_.met_conflict()) return std::nullopt;
+    lost_ = connection_.was_lost();
+    if (lost_ || connection_.met_conflict()) return std::nullopt;
     if (connection_.found_disk_full()) {
         return failure(507, Fate::undone, "the database's disk is full; nothing was kept");
-    }
-    if (!connection_.is_alive()) {
-        lost_ = true;
-        return std::nullopt;
     }
     return reply_to(std::move(result), Fate::undone);
 }
 
-std::optional<Unit_reply> Try::failed(const std::string& description) {
+std::optional<Unit_reply> Try::failed(const Database_error& error) {
+    const std::string description = error.what();
     if (connection_.was_late()) return failure(504, Fate::undone, "not done in time; nothing was kept");
-    lost_ = !connection_.is_alive();
+    lost_ = connection_.was_lost() || dynamic_cast<const Lost_connection_error*>(&error) != nullptr;
     // With a key the next try finds out whether this one was kept.
-    if (lost_ && keeping_ && !request_.key) {
-        return failure(503, Fate::unknown,
-                       "the database was lost while the request was being kept; its outcome is unknown");
-    }
+    if (may_be_kept() && !request_.key) return unknown();
     if (lost_ || connection_.met_conflict()) return std::nullopt;
     if (Watched_connection::is_disk_full(description)) {
         return failure(507, Fate::undone, "the database's disk is full; nothing was kept");
@@ -144,25 +153,54 @@ std::optional<Unit_reply> Try::failed(const std::string& description) {
     return failure(503, Fate::undone, description + "; nothing was kept");
 }
 
-Unit_reply run_repeatedly(Company_sessions& company, const Unit_request& request, const Json_in& json,
-                          const Batch_limits& limits) {
-    for (std::size_t repeats = 0;; ++repeats) {
-        auto session = company.lend(Access::write, request.until);
-        Try attempt(*session, request, json, limits);
-        auto reply = attempt.run();
-        const std::uint64_t statements = session->connection().statements();
-        if (attempt.lost()) {
-            session.give_up();
-            company.forget_idle();
-        }
-        const bool last = repeats == most_repeats || !request.whole || Clock::now() >= request.until;
-        if (!reply && last) reply = failure(503, Fate::undone, "other requests are in the way; nothing was kept");
+/// The tries of one request.
+class Tries {
+public:
+    Tries(Company_sessions& company, const Unit_request& request, const Json_in& json, const Batch_limits& limits)
+        : company_(company), request_(request), json_(json), limits_(limits) {}
+
+    Unit_reply run();
+
+private:
+    std::optional<Unit_reply> run_once();
+    bool is_last() const { return repeats_ == most_repeats || !request_.whole || Clock::now() >= request_.until; }
+
+    Company_sessions& company_;
+    const Unit_request& request_;
+    const Json_in& json_;
+    const Batch_limits& limits_;
+    std::size_t repeats_ = 0;
+    bool may_be_kept_ = false;  ///< the unit of an earlier try; nobody has looked since
+};
+
+Unit_reply Tries::run() {
+    for (;; ++repeats_) {
+        auto reply = run_once();
+        if (!reply && is_last()) reply = failure(503, Fate::undone, "other requests are in the way; nothing was kept");
         if (reply) {
-            reply->repeats = repeats;
-            reply->statements = statements;
+            if (may_be_kept_ && reply->fate != Fate::kept) reply = unknown();
+            reply->repeats = repeats_;
             return *std::move(reply);
         }
-        back_off(repeats, request.until);
+        back_off(repeats_, request_.until);
+    }
+}
+
+std::optional<Unit_reply> Tries::run_once() {
+    try {
+        auto session = company_.lend(Access::write, request_.until);
+        Try attempt(*session, request_, json_, limits_);
+        auto reply = attempt.run();
+        if (reply) reply->statements = session->connection().statements();
+        may_be_kept_ = (may_be_kept_ && !attempt.has_looked()) || attempt.may_be_kept();
+        if (attempt.lost()) {
+            session.give_up();
+            company_.forget_idle();
+        }
+        return reply;
+    } catch (const std::exception&) {
+        if (!may_be_kept_) throw;
+        return unknown();
     }
 }
 
@@ -171,7 +209,7 @@ Unit_reply run_repeatedly(Company_sessions& company, const Unit_request& request
 Unit_reply run_unit(Company_sessions& company, const Unit_request& request, const Batch_limits& limits) {
     try {
         const Json_in json = parsed_body(request.body, limits);
-        return run_repeatedly(company, request, json, limits);
+        return Tries(company, request, json, limits).run();
     } catch (const automation::Rpc_error& error) {
         Unit_reply reply{400};
         reply.body = automation::error_answer(error);

@@ -1,5 +1,7 @@
 #include "service/watched_connection.h"
 
+#include "cuvexa/lost_connection.h"
+
 namespace cuvexa::service {
 
 // In the words of the embedded engine, and of PostgreSQL.
@@ -11,7 +13,7 @@ bool Watched_connection::is_disk_full(std::string_view description) {
 void Watched_connection::watch(Clock::time_point until) {
     until_ = until;
     statements_ = 0;
-    late_ = full_ = false;
+    late_ = lost_ = full_ = false;
     conflicts_before_ = conflicts();
 }
 
@@ -23,6 +25,9 @@ std::unique_ptr<Recordset> Watched_connection::execute(std::string_view text) {
     ++statements_;
     try {
         return connection_.execute(text);
+    } catch (const Lost_connection_error&) {
+        lost_ = true;
+        throw;
     } catch (const Database_error& error) {
         full_ = full_ || is_disk_full(error.what());
         throw;

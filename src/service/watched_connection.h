@@ -25,6 +25,7 @@ public:
     std::uint64_t statements() const { return statements_; }
     bool was_late() const { return late_; }  ///< a statement was refused because the time was over
     bool met_conflict() const { return conflicts() != conflicts_before_; }  ///< another session was in the way
+    bool was_lost() const { return lost_; }  ///< the connection was lost; the session goes on with another one
     bool found_disk_full() const { return full_; }
 
     /// Whether the database still answers.
@@ -41,6 +42,7 @@ private:
     std::uint64_t statements_ = 0;
     std::uint64_t conflicts_before_ = 0;
     bool late_ = false;
+    bool lost_ = false;
     bool full_ = false;
 };
 

@@ -3,6 +3,7 @@
 
 #include "core/rows.h"
 #include "cuvexa/database/sqlite_connection.h"
+#include "cuvexa/lost_connection.h"
 #include "cuvexa/suite/audit.h"
 #include "service/running_service.h"
 
@@ -209,6 +210,37 @@ TEST_F(Service_unit, the_log_and_the_metrics_tell_what_was_called_and_no_values)
     EXPECT_GT(line["statements"], 10);
     EXPECT_THAT(log.str(), testing::Not(HasSubstr("4711")));
     EXPECT_THAT(log.str(), testing::Not(HasSubstr(bearer)));
+}
+
+// ---- What a session remembers of its failures -----------------------------------------------------------------------
+
+/// Fails every statement in one way.
+template <class Failure>
+class Failing final : public Connection {
+public:
+    std::unique_ptr<Recordset> execute(std::string_view) override { throw Failure("No hay espacio en el disco: x"); }
+};
+
+TEST(Service_watched_connection, knows_a_lost_connection_from_a_full_disk_and_from_the_end_of_its_time) {
+    Failing<Lost_connection_error> losing;
+    service::Watched_connection lost(losing);
+    EXPECT_THROW(lost.execute("SELECT 1"), Lost_connection_error);
+    EXPECT_TRUE(lost.was_lost());
+    EXPECT_FALSE(lost.found_disk_full());
+    lost.watch(service::Clock::time_point::max());
+    EXPECT_FALSE(lost.was_lost()) << "each request begins anew";
+
+    Failing<Database_error> failing;
+    service::Watched_connection full(failing);
+    EXPECT_THROW(full.execute("INSERT"), Database_error);
+    EXPECT_TRUE(full.found_disk_full());
+    EXPECT_FALSE(full.was_lost());
+    EXPECT_EQ(full.statements(), 1u);
+
+    full.watch(service::Clock::now());
+    EXPECT_THROW(full.execute("INSERT"), Database_error);
+    EXPECT_TRUE(full.was_late());
+    EXPECT_EQ(full.statements(), 0u) << "it did not reach the database";
 }
 
 }  // namespace
