@@ -19,10 +19,10 @@ std::vector<const CLI::Option*> options_that(const CLI::App& command, bool (*hol
 std::size_t distance(std::string_view from, std::string_view to) {
     std::vector<std::size_t> row(to.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
-    for (std::size_t i = 0; i < from.size(); ++i) {
+    for (const char letter : from) {
         std::size_t diagonal = row[0]++;
         for (std::size_t j = 0; j < to.size(); ++j) {
-            const std::size_t changed = diagonal + (from[i] == to[j] ? 0 : 1);
+            const std::size_t changed = diagonal + (letter == to[j] ? 0 : 1);
             diagonal = row[j + 1];
             row[j + 1] = std::min({changed, diagonal + 1, row[j] + 1});
         }
@@ -32,6 +32,7 @@ std::size_t distance(std::string_view from, std::string_view to) {
 
 std::vector<std::string> names_of(const std::vector<const CLI::App*>& commands) {
     std::vector<std::string> names;
+    names.reserve(commands.size());
     for (const CLI::App* command : commands) names.push_back(command->get_name());
     return names;
 }

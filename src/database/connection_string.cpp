@@ -107,7 +107,7 @@ std::vector<std::string> passwords(const std::string& connection_string) {
     return found;
 }
 
-std::string without_secrets(std::string text, const std::vector<std::string>& secrets) {
+std::string without_secrets(const std::string& text, const std::vector<std::string>& secrets) {
     std::string shown;
     for (std::size_t at = 0; at < text.size();) {
         std::size_t longest = 0;

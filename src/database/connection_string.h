@@ -43,7 +43,7 @@ std::string without_savepoints(const std::string& connection_string);
 std::vector<std::string> passwords(const std::string& connection_string);
 
 /// A text in which nothing of those can be read.
-std::string without_secrets(std::string text, const std::vector<std::string>& secrets);
+std::string without_secrets(const std::string& text, const std::vector<std::string>& secrets);
 
 /// The connection string as it may be shown: without its password.
 std::string without_password(std::string_view connection_string);
