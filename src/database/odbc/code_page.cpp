@@ -23,6 +23,7 @@ void* converter_to(int number) {
     if (number == 0 || number == utf8) return nullptr;
     const std::string name = number == latin_1 ? "ISO-8859-1" : "CP" + std::to_string(number);
     const iconv_t converter = iconv_open(name.c_str(), "UTF-8");
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): this is how iconv_open says that it failed
     return converter == reinterpret_cast<iconv_t>(-1) ? nullptr : converter;
 }
 
