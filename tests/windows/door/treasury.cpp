@@ -145,9 +145,9 @@ Variant Treasury::call_with(std::string_view member, std::vector<Variant>& argum
 }
 
 bool Treasury::Registra_Movimiento_Banco(tBnMovimiento& movement) {
-    std::vector<Variant> arguments{cuvexa::Record(movement)};
+    std::vector<Variant> arguments{automation::Record(movement)};
     const bool done = std::get<bool>(call_with("Registra_Movimiento_Banco", arguments));
-    movement = std::get<tBnMovimiento>(std::get<cuvexa::Record>(arguments[0]));
+    movement = std::get<tBnMovimiento>(std::get<automation::Record>(arguments[0]));
     return done;
 }
 
