@@ -1,5 +1,5 @@
 # The windows of the two dialogs, and the same toolkit inside a library of its own.
-cuvexa_windows_test(dialogs cuvexa_win32 cuvexa_sqlite cuvexa_suite)
+cuvexa_windows_test(dialogs cuvexa_windows_test_server cuvexa_win32 cuvexa_sqlite cuvexa_suite)
 if(TARGET cuvexa_windows_dialogs_tests)
     add_library(cuvexa_windows_dialogs_library MODULE ${CMAKE_CURRENT_LIST_DIR}/../dialogs_library/toolkit.cpp)
     set_target_properties(cuvexa_windows_dialogs_library PROPERTIES PREFIX ""
