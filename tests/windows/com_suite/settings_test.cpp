@@ -108,7 +108,7 @@ TEST_F(Settings, what_is_no_database_of_this_version_is_refused) {
     make_sample_company(file);
     Sqlite_connection(file).execute("UPDATE Esquema_Suite SET Eq_Version = 77");
     EXPECT_THAT(refusal(),
-                ::testing::StartsWith("La versión del esquema de la base de datos es 77 y la de este programa es 1"));
+                ::testing::StartsWith("La versión del esquema de la base de datos es 77 y la de este programa es 2"));
 }
 
 TEST_F(Settings, a_server_is_refused_without_showing_its_password) {
