@@ -412,7 +412,7 @@ TEST(Company_names, of_servers_that_do_not_answer_are_refused_without_their_pass
 #ifdef CUVEXA_WITH_ODBC
             EXPECT_THAT(failure.what(), StartsWith("No es posible abrir la sesión con el servidor de base de datos ("));
 #else
-            EXPECT_THAT(failure.what(), StartsWith("Este programa se construyó sin servidores de base de datos"));
+            EXPECT_THAT(failure.what(), StartsWith("Este programa se construyó sin estos servidores de base de datos"));
 #endif
             EXPECT_THAT(failure.what(), Not(HasSubstr("secreto-80")));
         }
