@@ -62,7 +62,7 @@ endif()
 # Programs of users, in Debian's own interpreter, where Debian's parser is.
 function(add_users_test name)
     add_test(NAME ${name} COMMAND ${ARGN})
-    set_tests_properties(${name} PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 300 LABELS servers RUN_SERIAL TRUE)
+    set_tests_properties(${name} PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 1200 LABELS servers RUN_SERIAL TRUE)
 endfunction()
 
 if(TARGET cuvexa AND EXISTS /usr/bin/python3)
