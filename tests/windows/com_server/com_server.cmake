@@ -42,6 +42,6 @@ foreach(server cuvexa_dll cuvexa_suite_dll)
         add_test(NAME windows.relink.${name}
             COMMAND ${CMAKE_CURRENT_LIST_DIR}/relink_test ${CMAKE_BINARY_DIR} bin/${name}.dll)
         set_tests_properties(windows.imports.${name} windows.relink.${name} PROPERTIES
-            SKIP_RETURN_CODE 77 TIMEOUT 120 LABELS windows)
+            SKIP_RETURN_CODE 77 TIMEOUT 600 LABELS windows)
     endif()
 endforeach()
