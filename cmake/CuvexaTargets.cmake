@@ -5,6 +5,10 @@ add_library(cuvexa_options INTERFACE)
 target_compile_features(cuvexa_options INTERFACE cxx_std_20)
 target_compile_options(cuvexa_options INTERFACE -Wall -Wextra -Wpedantic)
 
+# For the operations and for what callers include: no value loses anything unsaid, no name hides another.
+add_library(cuvexa_strict INTERFACE)
+target_compile_options(cuvexa_strict INTERFACE -Werror=conversion -Werror=shadow)
+
 # cuvexa_sources(<out> <room>...): the sources of the rooms.
 function(cuvexa_sources out)
     set(found)

@@ -23,7 +23,7 @@ std::optional<Date> date_of(const Calendar& parts) {
     const bool time_exists = parts.hour >= 0 && parts.hour < 24 && parts.minute >= 0 && parts.minute < 60 &&
                              parts.second >= 0 && parts.second < 60;
     if (!day.ok() || parts.year < 100 || parts.year > 9999 || !time_exists) return std::nullopt;
-    const double whole = (sys_days(day) - epoch).count();
+    const auto whole = static_cast<double>((sys_days(day) - epoch).count());
     const double time = (parts.hour * 3600 + parts.minute * 60 + parts.second) / static_cast<double>(seconds_per_day);
     return Date{whole < 0 ? whole - time : whole + time};  // before the epoch the fraction counts away from zero
 }
