@@ -15,19 +15,20 @@ std::vector<const CLI::Option*> options_that(const CLI::App& command, bool (*hol
     return command.get_options([holds](const CLI::Option* option) { return holds(option); });
 }
 
-/// How many letters must be put in, taken out or changed to make one word of another.
+/// How many letters must be put in, taken out, changed or swapped with the next one to make one word of another.
 std::size_t distance(std::string_view from, std::string_view to) {
-    std::vector<std::size_t> row(to.size() + 1);
-    std::iota(row.begin(), row.end(), std::size_t{0});
-    for (const char letter : from) {
-        std::size_t diagonal = row[0]++;
-        for (std::size_t j = 0; j < to.size(); ++j) {
-            const std::size_t changed = diagonal + (letter == to[j] ? 0 : 1);
-            diagonal = row[j + 1];
-            row[j + 1] = std::min({changed, diagonal + 1, row[j] + 1});
+    std::vector<std::vector<std::size_t>> rows(from.size() + 1, std::vector<std::size_t>(to.size() + 1));
+    std::iota(rows[0].begin(), rows[0].end(), std::size_t{0});
+    for (std::size_t i = 1; i <= from.size(); ++i) {
+        rows[i][0] = i;
+        for (std::size_t j = 1; j <= to.size(); ++j) {
+            const std::size_t changed = rows[i - 1][j - 1] + (from[i - 1] == to[j - 1] ? 0 : 1);
+            rows[i][j] = std::min({changed, rows[i - 1][j] + 1, rows[i][j - 1] + 1});
+            const bool swapped = i > 1 && j > 1 && from[i - 1] == to[j - 2] && from[i - 2] == to[j - 1];
+            if (swapped) rows[i][j] = std::min(rows[i][j], rows[i - 2][j - 2] + 1);
         }
     }
-    return row.back();
+    return rows.back().back();
 }
 
 std::vector<std::string> names_of(const std::vector<const CLI::App*>& commands) {

@@ -62,6 +62,7 @@ TEST_F(Cli_use, wrong_says_what_is_missing_and_what_was_meant) {
     const std::pair<const char*, const char*> lines[] = {
         {"", "a command is missing: init, upgrade, "},
         {"shw accounts", "there is no command shw, did you mean show? (see cuvexa --help)\n"},
+        {"audti", "there is no command audti, did you mean audit? (see cuvexa --help)\n"},
         {"dance", "there is no command dance (see cuvexa --help)\n"},
         {"suite --db a.db flios X", "there is no command flios, did you mean folios? (see cuvexa suite --help)\n"},
         {"suite --db a.db",
