@@ -2,7 +2,6 @@
 // that the product sends, as it was sent and with values that are none of a column's.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <vector>
@@ -11,9 +10,9 @@
 #include "cuvexa/errors.h"
 #include "cuvexa/suite/schema.h"
 #include "cuvexa/unit_of_work.h"
-#include "database/conninfo.h"
 #include "database/postgresql/engine.h"
 #include "database/row_set.h"
+#include "servers/session.h"
 #include "support/statement_files.h"
 #include "support/test_database.h"
 
@@ -62,8 +61,8 @@ std::vector<std::string> variations(const std::string& statement) {
 class Both_ways : public ::testing::Test {
 protected:
     void SetUp() override {
-        const char* const text = std::getenv("CUVEXA_TEST_DB");
-        if (text == nullptr || !database::is_conninfo(text)) GTEST_SKIP() << "CUVEXA_TEST_DB is no text of PostgreSQL";
+        const std::string text = postgresql_text();
+        if (text.empty()) GTEST_SKIP() << "CUVEXA_TEST_DB is no text of PostgreSQL";
         company = std::make_unique<Test_database>(sample_company_sql());
         prepared = std::make_unique<Postgresql_connection>(text, Postgresql_options{.kept_statements = 1000});
         bare = std::make_unique<Postgresql_connection>(text, Postgresql_options{.kept_statements = 0});

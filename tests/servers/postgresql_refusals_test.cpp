@@ -2,7 +2,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <memory>
 #include <string>
 
@@ -10,7 +9,7 @@
 #include "cuvexa/database/postgresql_connection.h"
 #include "cuvexa/errors.h"
 #include "cuvexa/unit_of_work.h"
-#include "database/conninfo.h"
+#include "servers/session.h"
 
 namespace cuvexa::tests {
 namespace {
@@ -25,9 +24,8 @@ constexpr auto no_session = "No es posible abrir la sesión con el servidor de b
 class Refusals : public ::testing::Test {
 protected:
     void SetUp() override {
-        const char* const text = std::getenv("CUVEXA_TEST_DB");
-        if (text == nullptr || !database::is_conninfo(text)) GTEST_SKIP() << "CUVEXA_TEST_DB is no text of PostgreSQL";
-        uri = text;
+        uri = postgresql_text();
+        if (uri.empty()) GTEST_SKIP() << "CUVEXA_TEST_DB is no text of PostgreSQL";
         session = std::make_unique<Postgresql_connection>(uri);
         session->prepare_database();
         clean();
@@ -41,24 +39,11 @@ protected:
             failure(*session, text);
     }
 
-    static std::string failure(Connection& connection, const std::string& statement) {
-        try {
-            connection.execute(statement);
-        } catch (const Database_error& error) {
-            return error.what();
-        }
-        return "";
-    }
-
     /// What opening fails with; the session then works, when it opens after all.
     std::string refusal(const std::string& text) const {
-        try {
-            Postgresql_connection opened(text);
-            return failure(opened, "SELECT 1 AS V");
-        } catch (const Database_error& error) {
-            EXPECT_THAT(error.what(), Not(HasSubstr(password())));
-            return error.what();
-        }
+        const std::string said = failure_of([&] { Postgresql_connection(text).execute("SELECT 1 AS V"); });
+        EXPECT_THAT(said, Not(HasSubstr(password())));
+        return said;
     }
 
     std::string password() const {

@@ -4,12 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <cstdlib>
 #include <memory>
 #include <string>
 
 #include "cuvexa/errors.h"
 #include "cuvexa/unit_of_work.h"
+#include "servers/session.h"
 #include "support/test_server.h"
 
 namespace cuvexa::tests {
@@ -20,32 +20,13 @@ using ::testing::HasSubstr;
 using ::testing::Not;
 using ::testing::StartsWith;
 
-class Session : public ::testing::Test {
+class Session : public Session_with_table<Server_connection> {
 protected:
     void SetUp() override {
-        const char* const text = std::getenv("CUVEXA_TEST_DB");
-        if (text == nullptr) GTEST_SKIP() << "CUVEXA_TEST_DB names no server";
-        connection_string = text;
-        session = open_server(connection_string);
-        session->prepare_database();
-        drop();
-        session->execute(
-            "CREATE TABLE Prueba (Llave int NOT NULL, Texto varchar(max) DEFAULT '', Numero float, "
-            "Fecha datetime, PRIMARY KEY (Llave))");
+        connection_string = server_text();
+        if (connection_string.empty()) GTEST_SKIP() << "CUVEXA_TEST_DB names no server";
+        begin(open_server(connection_string));
     }
-    void TearDown() override {
-        if (session) drop();
-    }
-
-    void drop() {
-        try {
-            session->execute("DROP TABLE Prueba");
-        } catch (const Database_error&) {
-            // It was not there.
-        }
-    }
-
-    Value value(const std::string& query) { return session->execute(query)->field("V"); }
 
     /// Two units of work that each add what the other one counts; what the second said.
     std::string failure_of_the_second(Connection& second) {
@@ -64,23 +45,13 @@ protected:
         return said;
     }
 
-    std::string failure(const std::string& statement) {
-        try {
-            session->execute(statement);
-        } catch (const Database_error& error) {
-            return error.what();
-        }
-        return "";
-    }
-
     /// Another session ends this one's.
     void terminate() {
-        const std::string id = to_text(value("SELECT pg_backend_pid() AS V"));
+        const std::string id = text("SELECT pg_backend_pid() AS V");
         open_server(connection_string)->execute("SELECT pg_terminate_backend(" + id + ", 10000)");
     }
 
     std::string connection_string;
-    std::unique_ptr<Server_connection> session;
 };
 
 TEST_F(Session, units_of_work_are_serializable_and_a_bare_statement_is_as_the_server_has_it) {
@@ -266,13 +237,8 @@ TEST_F(Session, a_unit_of_work_of_which_a_statement_failed_is_not_kept_and_says_
         session->execute("INSERT INTO Prueba (Llave) VALUES (1)");
         EXPECT_THAT(failure("INSERT INTO Prueba (Llave) VALUES (1)"), HasSubstr("[23505"));
         EXPECT_THAT(failure("INSERT INTO Prueba (Llave) VALUES (2)"), HasSubstr("[25P02"));
-        try {
-            unit.commit();
-            ADD_FAILURE() << "it was said to be kept";
-        } catch (const Database_error& error) {
-            EXPECT_THAT(error.what(),
-                        StartsWith("La unidad de trabajo se deshizo, porque falló una de sus instrucciones"));
-        }
+        EXPECT_THAT(failure_of([&] { unit.commit(); }),
+                    StartsWith("La unidad de trabajo se deshizo, porque falló una de sus instrucciones"));
     }
     session->execute("INSERT INTO Prueba (Llave) VALUES (3)");
     EXPECT_EQ(to_text(value("SELECT MAX(Llave) AS V FROM Prueba")), "3");
@@ -294,12 +260,7 @@ TEST_F(Session, a_statement_waits_for_another_user_only_so_long) {
     const auto other = open_server(connection_string, {.lock_timeout_ms = 100});
     const Unit_of_work held(*session);
     session->execute("UPDATE Prueba SET Texto = 'mío'");
-    try {
-        other->execute("UPDATE Prueba SET Texto = 'tuyo'");
-        FAIL() << "it did not wait";
-    } catch (const Database_error& error) {
-        EXPECT_THAT(error.what(), HasSubstr("lock"));
-    }
+    EXPECT_THAT(tests::failure(*other, "UPDATE Prueba SET Texto = 'tuyo'"), HasSubstr("lock"));
 }
 
 TEST_F(Session, a_statement_that_never_ends_is_cut_off) {
@@ -340,13 +301,9 @@ TEST_F(Session, a_lost_connection_ends_the_unit_of_work_which_says_so) {
 }
 
 TEST_F(Session, no_failure_shows_the_password) {
-    try {
-        open_server(without_its_password(connection_string).text, {.password = "secreto-77"});
-        FAIL() << "it was let in";
-    } catch (const Database_error& error) {
-        EXPECT_THAT(error.what(),
-                    AllOf(StartsWith("No es posible abrir la sesión"), HasSubstr("["), Not(HasSubstr("secreto-77"))));
-    }
+    const std::string without = without_its_password(connection_string).text;
+    EXPECT_THAT(failure_of([&] { open_server(without, {.password = "secreto-77"}); }),
+                AllOf(StartsWith("No es posible abrir la sesión"), HasSubstr("["), Not(HasSubstr("secreto-77"))));
 }
 
 TEST_F(Session, the_password_may_be_given_apart) {
