@@ -24,22 +24,12 @@
 #include "cuvexa/tesoreria.h"
 #include "support/company.h"
 #include "support/places.h"
+#include "support/programs.h"
 
 namespace cuvexa::tests {
 namespace {
 
 namespace fs = std::filesystem;
-
-bool on_path(const std::string& program) {
-    return std::system(("command -v " + program + " >/dev/null 2>&1").c_str()) == 0;
-}
-
-std::string missing_program() {
-    for (const auto* program : {"Xvfb", "xdotool", "import"}) {
-        if (!on_path(program)) return program;
-    }
-    return fs::exists(tests::in_build("bin/cuvexa")) ? "" : "cuvexa";
-}
 
 /// A display that nobody else uses, of the size of a small office screen.
 class X_server {
@@ -88,7 +78,8 @@ std::string read_file(const fs::path& path) {
 class Real_window : public ::testing::Test {
 protected:
     void SetUp() override {
-        if (const auto missing = missing_program(); !missing.empty()) GTEST_SKIP() << missing << " is not installed";
+        for (const char* const program : {"Xvfb", "xdotool", "import"}) CUVEXA_NEEDS_PROGRAM(program);
+        if (!fs::exists(tests::in_build("bin/cuvexa"))) GTEST_SKIP() << "there is no program cuvexa";
         folder_ = fs::temp_directory_path() / ("cuvexa-window-" + std::to_string(getpid()));
         fs::create_directories(folder_);
         fs::create_directories(pictures_);

@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "support/places.h"
+#include "support/programs.h"
 
 namespace cuvexa {
 namespace {
@@ -163,7 +164,7 @@ TEST_F(Scratch_house, a_database_that_a_test_left_behind_is_found_without_git_to
 }
 
 TEST_F(Scratch_house, with_git_what_it_does_not_track_is_nobody_s_business) {
-    if (std::system("git --version >/dev/null 2>&1") != 0) GTEST_SKIP() << "git is not installed";
+    CUVEXA_NEEDS_PROGRAM("git");
     write("src/a.cpp", "int a;\n");
     write("src/b.o", "");
     const std::string git = "git -C '" + root.string() + "' ";

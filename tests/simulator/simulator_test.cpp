@@ -14,6 +14,7 @@
 #include "simulator/script_file.h"
 #include "simulator/shrink.h"
 #include "support/places.h"
+#include "support/programs.h"
 
 namespace cuvexa::simulator {
 namespace {
@@ -186,7 +187,7 @@ std::pair<std::string, int> run(const std::string& command) {
 TEST(Simulator, the_session_shows_the_same_with_the_program) {
     const std::string program = tests::in_build("bin/cuvexa");
     if (!std::filesystem::exists(program)) GTEST_SKIP() << "there is no program cuvexa";
-    if (run("command -v sqlite3").second != 0) GTEST_SKIP() << "there is no program sqlite3";
+    CUVEXA_NEEDS_PROGRAM("sqlite3");
     Script script = script_with_a_cent_too_much();
     script.insert(script.begin() + 3,
                   {.id = 20, .kind = Step::Kind::session, .name = "CAJA''2", .at = make_date(2024, 3, 15, 9, 30, 0)});
