@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "automation/invoke.h"
+#include "automation/openrpc.h"
 #include "cuvexa/errors.h"
 
 namespace cuvexa::automation {
@@ -203,6 +204,7 @@ std::string Rpc_session::run(const std::string& method, const Json_value* params
     if (method == "get") return get(Params(params, {"object", "member"}));
     if (method == "let") return let(Params(params, {"object", "member", "value"}));
     if (method == "release") return release(Params(params, {"object"}));
+    if (method == "rpc.discover") return discover(Params(params, {}));
     throw Rpc_error{rpc_method_not_found, "no method " + method};
 }
 
@@ -242,6 +244,10 @@ std::string Rpc_session::release(const Params& params) {
     object(params.at("object"));
     objects_.erase(*params.at("object").as<Json_number>()->whole());
     return R"({"value":null})";
+}
+
+std::string Rpc_session::discover(const Params&) {
+    return openrpc_document();
 }
 
 Variant Rpc_session::run_method(Automation_object& object, const Member& member, std::vector<Variant>& arguments) {

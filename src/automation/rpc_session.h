@@ -70,6 +70,7 @@ private:
     std::string get(const Params& params);
     std::string let(const Params& params);
     std::string release(const Params& params);
+    static std::string discover(const Params& params);
 
     Variant run_method(Automation_object& object, const Member& member, std::vector<Variant>& arguments);
     std::vector<Variant> arguments(const Member& member, const Json_value& args);

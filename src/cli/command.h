@@ -32,6 +32,7 @@ void add_backup(CLI::App& program);
 void add_restore(CLI::App& program);
 void add_demo(CLI::App& program);
 void add_rpc(CLI::App& program);
+void add_describe(CLI::App& program);
 void add_show(CLI::App& program);
 void add_parameter(CLI::App& program);
 void add_suite(CLI::App& program);

@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "automation/openrpc.h"
 #include "service/form.h"
 #include "service/kept_answers.h"
 #include "service/secrets.h"
@@ -208,6 +209,10 @@ Reply Service::reply_to(Request& request) {
         request.told.resource = "readyz";
         return ready();
     }
+    if (request.is("GET", "openrpc.json")) {
+        request.told.resource = "openrpc";
+        return {200, automation::openrpc_document(), "application/json", {{"Cache-Control", "no-cache"}}};
+    }
     request.token = bearer(request.http);
     return request.token ? reply_to_bearer(request) : unauthorized(request);
 }
@@ -241,7 +246,7 @@ Reply Service::reply_of_company(Request& request) {
         request.told.resource = "rpc";
         return request.token->read_only ? error_reply(403, "not authorized") : rpc(request);
     }
-    if (request.http.method == "GET" && request.steps.size() == 2 && request.steps[0] == "requests-done") {
+    if (request.http.method == "GET" && request.steps.size() > 1 && request.steps[0] == "requests-done") {
         request.told.resource = "requests-done";
         return request_done(request);
     }
@@ -340,11 +345,14 @@ Reply Service::rpc(Request& request) {
     return reply;
 }
 
-/// What was answered to a request with a key: who lost the answer asks here.
+/// What was answered to a request with a key, which may hold slashes: who lost the answer asks here.
 Reply Service::request_done(Request& request) {
+    constexpr std::string_view resource = "/requests-done/";
+    const std::string& path = request.http.path;
+    const std::string key = path.substr(path.find(resource) + resource.size());
     auto session = request.company->lend(Access::read, Clock::now() + options_.time);
     try {
-        auto kept = find_answer(session->connection().unwatched(), {request.token->name, sha256(request.steps[1]), ""});
+        auto kept = find_answer(session->connection().unwatched(), {request.token->name, sha256(key), ""});
         if (!kept) return error_reply(404, "nothing was kept under this key");
         return {kept->status, std::move(kept->body), "application/json", {{"Cuvexa-Outcome", "kept"}}};
     } catch (const Database_error& error) {

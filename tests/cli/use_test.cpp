@@ -97,6 +97,10 @@ TEST_F(Cli_use, help_says_of_each_command_what_the_command_says) {
     }
 }
 
+TEST_F(Cli_use, the_component_is_described_for_machines) {
+    EXPECT_THAT(output_of("describe"), testing::AllOf(StartsWith("{\"openrpc\":"), HasSubstr("\"Genera_Deposito\"")));
+}
+
 TEST_F(Cli_use, a_result_that_cannot_be_written_is_a_failure) {
     make_company();
     const std::string line = "cd '" + folder.string() + "' && '" + in_build("bin/cuvexa") +

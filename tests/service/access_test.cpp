@@ -55,6 +55,17 @@ TEST_F(Service_access, a_token_is_good_for_its_company_and_its_right_alone) {
     EXPECT_EQ(post_as(bearer, body, "/norte/nothing")->status, 404);
 }
 
+TEST_F(Service_access, the_description_for_machines_is_for_anybody_and_is_what_a_request_discovers) {
+    start();
+    httplib::Client client("127.0.0.1", running->port());
+    const auto described = client.Get("/openrpc.json");
+    ASSERT_TRUE(described);
+    EXPECT_EQ(described->status, 200);
+    EXPECT_EQ(described->get_header_value("Content-Type"), "application/json");
+    const auto discovered = post(Json{{"jsonrpc", "2.0"}, {"id", 1}, {"method", "rpc.discover"}});
+    EXPECT_EQ(Json::parse(discovered->body)["result"], Json::parse(described->body));
+}
+
 TEST_F(Service_access, a_service_that_runs_knows_new_and_removed_tokens_at_once) {
     start();
     const std::string body = create(1).dump();

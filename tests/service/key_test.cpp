@@ -80,6 +80,9 @@ TEST_F(Service_keys, who_lost_the_answer_may_ask_for_it) {
     const std::string answered = post(receipt(), with_key("k-1"))->body;
     EXPECT_EQ(get("/requests-done/k-1")->body, answered);
     EXPECT_EQ(get("/requests-done/k-2")->status, 404);
+    const std::string with_a_slash = post(receipt(), with_key("order/1 a"))->body;
+    EXPECT_EQ(get("/requests-done/order%2F1%20a")->body, with_a_slash);
+    EXPECT_EQ(get("/requests-done/order")->status, 404);
     EXPECT_EQ(get("/requests-done/k-1", {{"Authorization", "Bearer " + token({"bea"})}})->status, 404)
         << "it is nobody else's";
 }
