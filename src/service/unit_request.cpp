@@ -37,9 +37,13 @@ Unit_reply failure(int status, Fate fate, std::string_view message) {
     return reply;
 }
 
-Unit_reply unknown() {
+/// Who sent a key can ask for the outcome.
+Unit_reply unknown(const Unit_request& request) {
     return failure(503, Fate::unknown,
-                   "the database was lost while the request was being kept; its outcome is unknown");
+                   request.key ? "the database was lost while the request was being kept; its outcome is unknown: ask "
+                                 "requests-done for its key, or send it again with it"
+                               : "the database was lost while the request was being kept; its outcome is unknown, and "
+                                 "without a key nobody can ask for it: look before you send it again");
 }
 
 Unit_reply reply_to(Batch_result result, Fate fate) {
@@ -144,7 +148,7 @@ std::optional<Unit_reply> Try::failed(const Database_error& error) {
     if (connection_.was_late()) return failure(504, Fate::undone, "not done in time; nothing was kept");
     lost_ = connection_.was_lost() || dynamic_cast<const Lost_connection_error*>(&error) != nullptr;
     // With a key the next try finds out whether this one was kept.
-    if (may_be_kept() && !request_.key) return unknown();
+    if (may_be_kept() && !request_.key) return unknown(request_);
     if (lost_ || connection_.met_conflict()) return std::nullopt;
     if (Watched_connection::is_disk_full(description)) {
         return failure(507, Fate::undone, "the database's disk is full; nothing was kept");
@@ -178,7 +182,7 @@ Unit_reply Tries::run() {
         auto reply = run_once();
         if (!reply && is_last()) reply = failure(503, Fate::undone, "other requests are in the way; nothing was kept");
         if (reply) {
-            if (may_be_kept_ && reply->fate != Fate::kept) reply = unknown();
+            if (may_be_kept_ && reply->fate != Fate::kept) reply = unknown(request_);
             reply->repeats = repeats_;
             return *std::move(reply);
         }
@@ -200,7 +204,7 @@ std::optional<Unit_reply> Tries::run_once() {
         return reply;
     } catch (const std::exception&) {
         if (!may_be_kept_) throw;
-        return unknown();
+        return unknown(request_);
     }
 }
 

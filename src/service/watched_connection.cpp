@@ -4,10 +4,10 @@
 
 namespace cuvexa::service {
 
-// In the words of the embedded engine, and of PostgreSQL.
+// In the words of the embedded engine, and of PostgreSQL by either way: "[53100]", "[53100, 7]".
 bool Watched_connection::is_disk_full(std::string_view description) {
     return description.starts_with("No hay espacio en el disco") ||
-           description.find("[53100,") != std::string_view::npos;
+           description.find("[53100") != std::string_view::npos;
 }
 
 void Watched_connection::watch(Clock::time_point until) {

@@ -1,5 +1,6 @@
 """What the tests of the clients stand on: a sample company of their own, and a service of it."""
 
+import http.client
 import http.server
 import json
 import os
@@ -37,26 +38,46 @@ class Company(unittest.TestCase):
         return json.loads(run("show", view, "--json", "--db", self.database))
 
 
+class Service_process:
+    """`cuvexa serve` on a database, with a token of its own, in a folder of its own."""
+
+    def __init__(self, database, folder, *arguments):
+        tokens = os.path.join(folder, "tokens.json")
+        self.token = run("token", "add", "ana", "--tokens", tokens).split()[-1]
+        self.command = [CUVEXA, "serve", "--db", database, "--tokens", tokens, "--server-date", DAY, *arguments]
+        self.start("127.0.0.1:0")
+
+    def start(self, listen):
+        self.process = subprocess.Popen([*self.command, "--listen", listen], stderr=subprocess.PIPE, encoding="utf-8")
+        self.listen = json.loads(self.process.stderr.readline())["listening"]
+        self.address = "http://" + self.listen
+        self.log = threading.Thread(target=self.process.stderr.read)
+        self.log.start()
+
+    def kill(self):
+        self.process.kill()
+        self.gone()
+
+    def end(self):
+        """It finishes what it does; its exit code."""
+        self.process.terminate()
+        return self.gone()
+
+    def gone(self):
+        code = self.process.wait()
+        self.log.join()
+        self.process.stderr.close()
+        return code
+
+
 class Served(Company):
     """And a service of it, which ends with the test."""
 
     def setUp(self):
         super().setUp()
-        tokens = os.path.join(self.folder, "tokens.json")
-        self.token = run("token", "add", "ana", "--tokens", tokens).split()[-1]
-        process = subprocess.Popen(
-            [CUVEXA, "serve", "--db", self.database, "--tokens", tokens, "--listen", "127.0.0.1:0", "--server-date", DAY,
-             "--synchronous", "off"], stderr=subprocess.PIPE, encoding="utf-8")
-        self.addCleanup(self.end, process)
-        self.address = "http://" + json.loads(process.stderr.readline())["listening"]
-        self.log = threading.Thread(target=process.stderr.read, daemon=True)
-        self.log.start()
-
-    def end(self, process):
-        process.terminate()
-        self.assertEqual(process.wait(), 0)
-        self.log.join()
-        process.stderr.close()
+        service = Service_process(self.database, self.folder, "--synchronous", "off")
+        self.addCleanup(lambda: self.assertEqual(service.end(), 0))
+        self.address, self.token = service.address, service.token
 
 
 class Obstacle(http.server.ThreadingHTTPServer):
@@ -94,7 +115,6 @@ class Passing(http.server.BaseHTTPRequestHandler):
             self.pass_on(body, lose=deed == "lose")
 
     def pass_on(self, body, lose):
-        import http.client
         connection = http.client.HTTPConnection(self.server.behind.rpartition("/")[2])
         connection.request("POST", self.path, body, dict(self.headers.items()))
         response = connection.getresponse()

@@ -73,6 +73,16 @@ if(TARGET cuvexa AND EXISTS /usr/bin/python3)
     add_users_test(servers.no_value_becomes_a_statement ${python} ${here}/values_test.py ${program} $<TARGET_FILE:cuvexa_compose>)
     add_users_test(sqlite.many_users ${python} ${here}/load_test.py ${program} --users 1,8 --rounds 4)
     add_users_test(sqlite.killed_programs ${python} ${here}/kill_test.py programs ${program} --repeat 2)
+    if(TARGET cuvexa_clients AND TARGET cuvexa_service)
+        # Ten runs of each: service_kill_test.py CUVEXA CLIENTS --runs 10
+        set(with_clients ${program} ${CMAKE_BINARY_DIR}/clients)
+        add_users_test(sqlite.killed_service ${python} ${here}/service_kill_test.py ${with_clients})
+        if(TARGET cuvexa_postgresql)
+            add_users_test(postgresql.service ${here}/with_postgresql ${python} ${here}/service_test.py ${with_clients})
+            add_users_test(postgresql.killed_service ${here}/with_postgresql ${python} ${here}/service_kill_test.py
+                ${with_clients})
+        endif()
+    endif()
     foreach(way ${ways})
         set(on_server ${here}/with_postgresql ${way_of_${way}})
         add_users_test(${way}.demonstration ${on_server} sh -c
