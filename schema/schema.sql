@@ -271,6 +271,8 @@ CREATE TABLE Recibo_Pago (
 );
 CREATE INDEX Ix_Recibo_Pago_Rp_Folio_Deposito_Rp_Folio
     ON Recibo_Pago (Rp_Folio_Deposito, Rp_Folio, Es_Cve_Estado);
+CREATE INDEX Ix_Recibo_Pago_Rp_Fecha
+    ON Recibo_Pago (Rp_Fecha, Rp_Folio, Rp_Id);
 
 -- Deposits, one row per group of receipt lines.
 CREATE TABLE Deposito_Pago (
@@ -295,6 +297,8 @@ CREATE TABLE Deposito_Pago (
     Es_Cve_Estado varchar(10) DEFAULT 'AC',
     PRIMARY KEY (Dp_Folio, Dp_Id)
 );
+CREATE INDEX Ix_Deposito_Pago_Dp_Fecha
+    ON Deposito_Pago (Dp_Fecha, Dp_Folio, Dp_Id);
 
 -- ---- Bank movements --------------------------------------------------------------------------------------------
 
@@ -325,8 +329,10 @@ CREATE TABLE Banco_Movimiento (
 );
 CREATE INDEX Ix_Banco_Movimiento_Bm_Documento
     ON Banco_Movimiento (Bm_Documento, Bm_Tabla);
-CREATE INDEX Ix_Banco_Movimiento_Bc_Cve_Banco_Cuenta
-    ON Banco_Movimiento (Bc_Cve_Banco_Cuenta, Es_Cve_Estado, Bm_Importe);
+CREATE INDEX Ix_Banco_Movimiento_Bc_Cve_Banco_Cuenta_Bm_Fecha
+    ON Banco_Movimiento (Bc_Cve_Banco_Cuenta, Bm_Fecha, Es_Cve_Estado, Bm_Importe);
+CREATE INDEX Ix_Banco_Movimiento_Bm_Fecha
+    ON Banco_Movimiento (Bm_Fecha, Bm_Folio);
 
 -- ---- Checks, transfers and their requests ----------------------------------------------------------------------
 
@@ -368,6 +374,8 @@ CREATE INDEX Ix_Cheque_Tc_Cve_Tipo_Cheque
     ON Cheque (Tc_Cve_Tipo_Cheque, Ch_Fecha);
 CREATE INDEX Ix_Cheque_Ch_Solicitar_Valor
     ON Cheque (Ch_Solicitar_Valor, Ch_Fecha);
+CREATE INDEX Ix_Cheque_Ch_Fecha
+    ON Cheque (Ch_Fecha, Ch_Folio);
 
 -- Lines of checks.
 CREATE TABLE Cheque_x_Aplicar (
@@ -388,6 +396,8 @@ CREATE TABLE Cheque_x_Aplicar (
     Es_Cve_Estado varchar(10) DEFAULT 'AC',
     PRIMARY KEY (Ch_Folio, Cxa_ID)
 );
+CREATE INDEX Ix_Cheque_x_Aplicar_Cxp_Folio
+    ON Cheque_x_Aplicar (Cxp_Folio, Ch_Folio);
 
 -- Check requests.
 CREATE TABLE Solicitud_Cheque (
@@ -416,6 +426,8 @@ CREATE TABLE Solicitud_Cheque (
     Es_Cve_Estado varchar(10) DEFAULT 'AC',
     PRIMARY KEY (Sch_Folio)
 );
+CREATE INDEX Ix_Solicitud_Cheque_Sch_Fecha
+    ON Solicitud_Cheque (Sch_Fecha, Sch_Folio);
 
 -- Documents that a check request pays.
 CREATE TABLE Solicitud_Cheque_Detalle (
@@ -435,6 +447,8 @@ CREATE TABLE Solicitud_Cheque_Detalle (
     Es_Cve_Estado varchar(10) DEFAULT 'AC',
     PRIMARY KEY (Sch_Folio, Scd_Id)
 );
+CREATE INDEX Ix_Solicitud_Cheque_Detalle_Scd_Documento
+    ON Solicitud_Cheque_Detalle (Scd_Documento, Scd_Tabla, Sch_Folio);
 
 -- Expenses to be justified. Estado: 'PXA' until the check has its movement, then 'PA'.
 CREATE TABLE Gasto_x_Comprobar (
@@ -624,6 +638,8 @@ CREATE INDEX Ix_Cuenta_x_Cobrar_Cxc_Documento
     ON Cuenta_x_Cobrar (Cxc_Documento, Cxc_Tabla);
 CREATE INDEX Ix_Cuenta_x_Cobrar_Cl_Cve_Cliente
     ON Cuenta_x_Cobrar (Cl_Cve_Cliente, Mn_Cve_Moneda, Cxc_Precio_Neto_Saldo);
+CREATE INDEX Ix_Cuenta_x_Cobrar_Cxc_Fecha
+    ON Cuenta_x_Cobrar (Cxc_Fecha, Cxc_Folio);
 
 -- Payments of receivables. Pc_Importe, in the receivable's currency, carries the sign of the receivable; the columns
 -- ending in _Pago are what was handed over. Pc_Afecta_Saldo 'NO': kept on record, without effect on the balance.
@@ -688,6 +704,8 @@ CREATE INDEX Ix_Cuenta_x_Pagar_Cxp_Documento
     ON Cuenta_x_Pagar (Cxp_Documento, Cxp_Tabla);
 CREATE INDEX Ix_Cuenta_x_Pagar_Pv_Cve_Proveedor
     ON Cuenta_x_Pagar (Pv_Cve_Proveedor);
+CREATE INDEX Ix_Cuenta_x_Pagar_Cxp_Fecha
+    ON Cuenta_x_Pagar (Cxp_Fecha, Cxp_Folio);
 
 -- Payments of payables, as those of receivables.
 CREATE TABLE Pago_Cxp (
@@ -746,6 +764,8 @@ CREATE TABLE Anticipo_Cxc (
 );
 CREATE INDEX Ix_Anticipo_Cxc_An_Documento
     ON Anticipo_Cxc (An_Documento, An_Tabla);
+CREATE INDEX Ix_Anticipo_Cxc_An_Fecha
+    ON Anticipo_Cxc (An_Fecha, An_Folio);
 
 -- Bank accounts known for the party of a document.
 CREATE TABLE Documento_Cuenta_Bancaria (
@@ -791,6 +811,8 @@ CREATE TABLE Poliza (
 );
 CREATE INDEX Ix_Poliza_Pz_Documento
     ON Poliza (Pz_Documento, Pz_Tabla);
+CREATE INDEX Ix_Poliza_Pz_Fecha
+    ON Poliza (Pz_Fecha, Pz_Folio);
 
 -- Lines of vouchers, in local currency.
 CREATE TABLE Poliza_Detalle (

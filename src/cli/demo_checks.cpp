@@ -1,6 +1,6 @@
 // Checks and transfers: one of each purpose, one held back by its budget, two applied.
 #include "cli/demo.h"
-#include "cli/views.h"
+#include "core/text.h"
 
 namespace cuvexa::cli {
 
@@ -39,7 +39,7 @@ struct Purpose {
 
 std::string in_list(const std::vector<std::string>& folios) {
     std::string list;
-    for (const std::string& folio : folios) list += (list.empty() ? "" : ", ") + sql_text(folio);
+    for (const std::string& folio : folios) list += (list.empty() ? "" : ", ") + sql_quoted(folio);
     return list;
 }
 
@@ -211,7 +211,7 @@ void budget_chapter(Stage& stage) {
     set_line(stage, "Anticipo", 15000);
     stage.call("Crear_Cheque_Anticipo_Cxp");
     const std::string folio = check_in_capture(stage);
-    stage.rows("Cheque", checks_select("Ch_Folio = " + sql_text(folio)), check_columns);
+    stage.rows("Cheque", checks_select("Ch_Folio = " + sql_quoted(folio)), check_columns);
     keep_check(stage);
     stage.refused_call("Aplicar_Cheque", {folio, stage.today()});
     stage.balances();

@@ -1,6 +1,6 @@
 // The typical flow: a receipt is captured, closed and deposited.
 #include "cli/demo.h"
-#include "cli/views.h"
+#include "core/text.h"
 
 namespace cuvexa::cli {
 
@@ -42,7 +42,7 @@ void show_receipt(Stage& stage) {
                "SELECT Recibo_Pago.*, Fp_Descripcion FROM Recibo_Pago "
                "INNER JOIN Forma_Pago ON Forma_Pago.Fp_Cve_Forma_Pago = Recibo_Pago.Fp_Cve_Forma_Pago "
                "WHERE Rp_Folio = " +
-                   sql_text(stage.receipt) + " ORDER BY Rp_Id",
+                   sql_quoted(stage.receipt) + " ORDER BY Rp_Id",
                receipt_columns);
 }
 
@@ -113,11 +113,12 @@ void deposit_chapter(Stage& stage) {
     stage.call("Genera_Deposito", {"SRR-MXN", stage.receipt, stage.today(), true, stage.today(), "Corte del día"});
     const std::string deposit = stage.get("Dp_Folio");
     stage.get("FolioMovimiento");
-    stage.rows("Deposito_Pago", "SELECT * FROM Deposito_Pago WHERE Dp_Folio = " + sql_text(deposit) + " ORDER BY Dp_Id",
+    stage.rows("Deposito_Pago",
+               "SELECT * FROM Deposito_Pago WHERE Dp_Folio = " + sql_quoted(deposit) + " ORDER BY Dp_Id",
                deposit_columns);
     stage.rows("Banco_Movimiento",
                "SELECT * FROM Banco_Movimiento WHERE Bm_Tabla = 'DEPOSITO_PAGO' AND Bm_Documento = " +
-                   sql_text(deposit) + " ORDER BY Bm_Folio",
+                   sql_quoted(deposit) + " ORDER BY Bm_Folio",
                movement_columns);
     show_receipt(stage);
     stage.balances();

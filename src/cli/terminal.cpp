@@ -2,11 +2,14 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <nlohmann/json.hpp>
+
+#include "reports/rows_text.h"
 
 namespace cuvexa::cli {
 
 namespace {
+
+using reports::date_text;
 
 bool to_the_right(Column_kind kind) {
     return kind == Column_kind::amount || kind == Column_kind::rate || kind == Column_kind::number;
@@ -20,22 +23,6 @@ std::string decimals(double number, int count) {
 
 bool is_number(const Value& value) {
     return std::holds_alternative<double>(value) || std::holds_alternative<std::int64_t>(value);
-}
-
-// An engine without dates gives the text that was stored, another a date: both become one form.
-std::string date_text(const Value& value) {
-    const std::string text = to_text(value);
-    const auto date = parse_date(text);
-    return date ? iso_date(*date) : text;
-}
-
-nlohmann::ordered_json json_value(const Value& value, Column_kind kind) {
-    if (is_null(value)) return nullptr;
-    if (kind == Column_kind::date) return date_text(value);
-    if (const auto* flag = std::get_if<bool>(&value)) return *flag;
-    if (const auto* whole = std::get_if<std::int64_t>(&value)) return *whole;
-    if (const auto* number = std::get_if<double>(&value)) return *number;
-    return to_text(value);
 }
 
 std::string aligned(const std::string& text, std::size_t width, Column_kind kind) {
@@ -54,15 +41,6 @@ void print_line(std::ostream& out, std::string_view indent, const std::vector<st
 }
 
 }  // namespace
-
-std::vector<Row> read_rows(Recordset& recordset, std::span<const Column> columns) {
-    std::vector<Row> rows;
-    for (; !recordset.eof(); recordset.move_next()) {
-        Row& row = rows.emplace_back();
-        for (const Column& column : columns) row.push_back(recordset.field(column.name));
-    }
-    return rows;
-}
 
 std::string cell_text(const Value& value, Column_kind kind) {
     if (is_number(value) && kind == Column_kind::amount) return decimals(to_number(value), 2);
@@ -96,11 +74,7 @@ void print_json(std::ostream& out, std::span<const Column> columns, const std::v
     out << '[';
     const char* separator = "\n  ";
     for (const Row& row : rows) {
-        auto object = nlohmann::ordered_json::object();
-        for (std::size_t i = 0; i < row.size(); ++i) {
-            object[std::string(columns[i].name)] = json_value(row[i], columns[i].kind);
-        }
-        out << separator << object.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+        out << separator << reports::written(reports::json_of_row(row, columns));
         separator = ",\n  ";
     }
     out << (rows.empty() ? "]\n" : "\n]\n");

@@ -9,29 +9,13 @@
 #include <string_view>
 #include <vector>
 
-#include "cuvexa/data_access.h"
+#include "reports/table.h"
 
 namespace cuvexa::cli {
 
-/// What a column holds decides how it is written.
-enum class Column_kind {
-    text,
-    date,    ///< 2024-03-15
-    amount,  ///< two decimals, to the right
-    rate,    ///< four decimals, to the right
-    number,  ///< as it is, to the right
-};
-
-struct Column {
-    std::string_view name;     ///< of the database; what JSON calls it
-    std::string_view heading;  ///< what a reader sees
-    Column_kind kind = Column_kind::text;
-};
-
-using Row = std::vector<Value>;
-
-/// The columns of all rows that `recordset` gives.
-std::vector<Row> read_rows(Recordset& recordset, std::span<const Column> columns);
+using reports::Column;
+using reports::Column_kind;
+using reports::Row;
 
 /// A value as a cell of a table; characters that would break the line become blanks.
 std::string cell_text(const Value& value, Column_kind kind);

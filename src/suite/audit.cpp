@@ -70,4 +70,12 @@ std::vector<Finding> audit(Connection& connection, const std::function<void(cons
     return findings;
 }
 
+std::vector<Finding> audit_one(Connection& connection, const std::string& name) {
+    std::vector<Finding> findings;
+    for (const Audit_rule& rule : all_rules()) {
+        if (rule.name == name) check(connection, rule, findings);
+    }
+    return findings;
+}
+
 }  // namespace cuvexa

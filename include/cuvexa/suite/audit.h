@@ -24,4 +24,7 @@ std::vector<std::string> audit_checks();
 /// name. Changes nothing. Amounts that differ by less than half a cent are equal.
 std::vector<Finding> audit(Connection& connection, const std::function<void(const std::string& check)>& progress = {});
 
+/// What one rule finds; nothing for a name that is none.
+std::vector<Finding> audit_one(Connection& connection, const std::string& check);
+
 }  // namespace cuvexa
