@@ -13,7 +13,7 @@ if(NOT OPENSSL_FOUND OR NOT Threads_FOUND OR NOT CUVEXA_HTTPLIB_INCLUDE OR NOT C
     return()
 endif()
 
-cuvexa_library(service INTERNAL ROOMS service USES company automation)
+cuvexa_library(service INTERNAL ROOMS service USES company automation reports)
 target_include_directories(cuvexa_service SYSTEM PUBLIC $<BUILD_INTERFACE:${CUVEXA_HTTPLIB_INCLUDE}>)
 # As the library itself was compiled: its classes have other members without these.
 target_compile_definitions(cuvexa_service PUBLIC

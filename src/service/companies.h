@@ -31,6 +31,7 @@ public:
 
     Watched_connection& connection() { return connection_; }
     const std::shared_ptr<Reference_suite>& suite() { return suite_; }
+    Date_style date_style() const { return company_.date_style(); }
 
 private:
     Company company_;

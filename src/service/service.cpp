@@ -10,6 +10,7 @@
 #include "automation/openrpc.h"
 #include "service/form.h"
 #include "service/kept_answers.h"
+#include "service/resources.h"
 #include "service/secrets.h"
 
 namespace cuvexa::service {
@@ -250,6 +251,11 @@ Reply Service::reply_of_company(Request& request) {
         request.told.resource = "requests-done";
         return request_done(request);
     }
+    const bool reads = request.http.method == "GET" || request.http.method == "HEAD";
+    if (reads && is_resource(request.steps)) {
+        request.told.resource = request.steps[0];
+        return read(request);
+    }
     return error_reply(404, "no such resource");
 }
 
@@ -356,6 +362,23 @@ Reply Service::request_done(Request& request) {
         if (!kept) return error_reply(404, "nothing was kept under this key");
         return {kept->status, std::move(kept->body), "application/json", {{"Cuvexa-Outcome", "kept"}}};
     } catch (const Database_error& error) {
+        session.give_up();
+        throw Company_error(error.what());
+    }
+}
+
+/// What there is to read, each statement of it as the database stands.
+Reply Service::read(Request& request) {
+    auto session = request.company->lend(Access::read, Clock::now() + options_.time);
+    Watched_connection& connection = session->connection();
+    connection.watch(Clock::now() + options_.time);
+    try {
+        Reply reply = resource({connection, session->date_style()}, request.steps, request.http);
+        request.told.statements = connection.statements();
+        return reply;
+    } catch (const Database_error& error) {
+        request.told.failure = error.what();
+        if (connection.was_late()) return error_reply(504, "not done in time");
         session.give_up();
         throw Company_error(error.what());
     }

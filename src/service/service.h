@@ -79,6 +79,7 @@ private:
     Reply sign_in(const Request& request) const;
     Reply rpc(Request& request);
     Reply request_done(Request& request);
+    Reply read(Request& request);
     void forget_old_answers(Company_sessions& company);
     bool read_body(Request& request, std::string& body, Reply& reply) const;
     Reply ready();

@@ -78,6 +78,11 @@ TEST_F(Service_documentation, the_examples_of_the_page_run_as_they_stand) {
     EXPECT_LT(out.find(body), out.find("Idempotency-Replayed: true"));
     EXPECT_THAT(out, HasSubstr("DP-MTY-00000001"));
     EXPECT_EQ(out.find("DP-MTY-00000002"), std::string::npos) << "done once";
+    EXPECT_THAT(out, HasSubstr(R"("rows":[{"Rp_Folio":"RP-MTY-00000001")")) << "the list";
+    EXPECT_THAT(out,
+                HasSubstr(R"({"kind":"receipts","folio":"RP-MTY-00000001","title":"Recibo de caja","state":"DP")"));
+    EXPECT_THAT(out, HasSubstr(R"("closing":{"balance":1500.0,"firm":1500.0}})"));
+    EXPECT_THAT(content_of(folder / "movements.csv"), HasSubstr("\r\nBM-00000001,2024-03-15,SRR-MXN,DEP,1500,"));
 }
 
 }  // namespace
