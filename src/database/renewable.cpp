@@ -44,6 +44,10 @@ void Unit_watch::ran(std::string_view text) noexcept {
     if (undoes(text) || keeps(text)) unit_ = Unit::none;
 }
 
+bool Unit_watch::goes_on_with_failed(std::string_view text) const noexcept {
+    return unit_ == Unit::failed && !keeps(text) && !undoes(text);
+}
+
 bool Unit_watch::cannot_keep(std::string_view text) const noexcept {
     return unit_ == Unit::failed && keeps(text);
 }

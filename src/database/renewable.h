@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <functional>
 #include <memory>
 #include <string>
@@ -23,6 +24,9 @@ public:
     /// Throws `Database_error` when it would go on with a unit that is over.
     bool lets_send(std::string_view text);
 
+    /// Whether it belongs to a unit of which a statement has failed, on a server that takes nothing more of it.
+    bool goes_on_with_failed(std::string_view text) const noexcept;
+
     /// Whether it would keep a unit of which a statement has failed, on a server that keeps no such unit.
     bool cannot_keep(std::string_view text) const noexcept;
 
@@ -38,7 +42,8 @@ private:
 };
 
 /// A `Session` runs a text by `execute`, throws `Lost_connection_error` when its connection is lost, and tells its
-/// `conflicts` and whether a `failure_ends_unit` of work. The statement after that one runs in another session, unless it belongs to a unit of work that is over.
+/// `conflicts` and whether a `failure_ends_unit` of work. The statement after that one runs in another session, unless it
+/// belongs to a unit of work that is over. Whatever goes on with a unit that a failure has ended fails with that failure.
 template <class Session>
 class Renewable {
 public:
@@ -48,6 +53,7 @@ public:
 
     std::unique_ptr<Recordset> execute(std::string_view text) {
         if (!unit_.lets_send(text)) return std::make_unique<Row_set>(std::make_shared<std::vector<std::string>>());
+        if (unit_.goes_on_with_failed(text)) std::rethrow_exception(why_);
         if (lost_) renew();
         if (unit_.cannot_keep(text)) undo();
         try {
@@ -59,6 +65,7 @@ public:
             unit_.lost(text);
             throw;
         } catch (...) {
+            why_ = std::current_exception();
             unit_.failed(text, session_->failure_ends_unit());
             throw;
         }
@@ -85,6 +92,7 @@ private:
     Open open_;
     std::unique_ptr<Session> session_;
     Unit_watch unit_;
+    std::exception_ptr why_;  ///< the last statement failed
     std::uint64_t conflicts_before_ = 0;
     bool lost_ = false;
 };

@@ -30,6 +30,7 @@ public:
         wire_->sent.push_back(std::to_string(number_) + " " + std::string(text));
         if (std::exchange(wire_->dead, false)) throw Lost_connection_error("lost");
         if (text == "WRONG") throw Database_error("wrong");
+        if (text == "IN THE WAY") throw Conflict_error("in the way");
         return std::make_unique<database::Row_set>(std::make_shared<std::vector<std::string>>());
     }
     std::uint64_t conflicts() const noexcept { return 1; }
@@ -122,6 +123,16 @@ TEST_F(Renewed, a_unit_of_which_a_statement_failed_is_undone_where_the_server_do
         EXPECT_EQ(wire.sent.back(), ends ? "1 ROLLBACK TRANSACTION" : "1 COMMIT TRANSACTION");
         EXPECT_EQ(run("A"), "");
     }
+}
+
+TEST_F(Renewed, what_goes_on_with_a_failed_unit_fails_with_what_ended_it_and_is_not_sent) {
+    run("BEGIN TRANSACTION");
+    EXPECT_EQ(run("IN THE WAY"), "in the way");
+    EXPECT_EQ(run("WRONG"), "in the way");
+    EXPECT_THROW(connection.execute("A"), Conflict_error) << "whoever repeats what met another session sees that";
+    EXPECT_EQ(run("ROLLBACK TRANSACTION"), "");
+    EXPECT_EQ(run("B"), "");
+    EXPECT_EQ(wire.sent, (Sent{"1 BEGIN TRANSACTION", "1 IN THE WAY", "1 ROLLBACK TRANSACTION", "1 B"}));
 }
 
 TEST_F(Renewed, a_unit_that_ended_well_or_not_is_not_over_later) {
