@@ -4,10 +4,12 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 
 #include "cuvexa/data_access.h"
+#include "cuvexa/database/replica.h"
 #include "cuvexa/suite/reference_suite.h"
 
 namespace cuvexa {
@@ -105,6 +107,9 @@ public:
 
     /// What its operator should know of how it could be opened, in Spanish; empty mostly.
     const std::string& notice() const;
+
+    /// How far behind that is which is read of it from now on; none unless it is read from a server's replica.
+    std::optional<Replica> replica() const;
 
     /// How the database reads dates alike under every setting.
     Date_style date_style() const;

@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/command.h"
+#include "cli/replica.h"
 #include "core/utf8.h"
 #include "cuvexa/suite/audit.h"
 
@@ -63,16 +64,18 @@ void show_progress(const std::string& check) {
 
 void run_audit(const Audit_options& options) {
     const Company company = open_to_read(options.company);
+    const auto replica = company.replica();
     const bool watched = isatty(STDERR_FILENO) != 0;
     const auto findings =
         audit(company.connection(), watched ? show_progress : std::function<void(const std::string&)>());
     if (watched) std::cerr << "\r\033[K";
 
     if (options.json) {
-        print_findings_json(findings);
+        print_json_read(std::cout, replica, "findings", [&] { print_findings_json(findings); });
     } else {
         print_findings(findings);
         if (findings.empty()) std::cout << "Todo cuadra: " << audit_checks().size() << " revisiones sin diferencias\n";
+        print_replica(std::cout, replica);
     }
     if (!findings.empty()) throw Refused("Diferencias encontradas: " + std::to_string(findings.size()));
 }

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "cli/command.h"
+#include "cli/replica.h"
 #include "cli/terminal.h"
 #include "reports/views.h"
 
@@ -32,12 +33,14 @@ const reports::View& view_named(std::string_view name) {
 void show(const Show_options& options) {
     const reports::View& view = view_named(options.view);
     const Company company = open_to_read(options.company);
+    const auto replica = company.replica();
     const auto table = reports::read_view({company.connection(), company.date_style()}, view, options.key);
     if (options.json) {
-        print_json(std::cout, table.columns, table.rows);
+        print_json_read(std::cout, replica, "rows", [&] { print_json(std::cout, table.columns, table.rows); });
     } else {
         std::cout << view.title << '\n';
         print_table(std::cout, table.columns, table.rows);
+        print_replica(std::cout, replica);
     }
 }
 

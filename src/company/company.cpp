@@ -8,6 +8,7 @@
 #include "company/files.h"
 #include "company/version.h"
 #include "cuvexa/database/script.h"
+#include "cuvexa/database/server_connection.h"
 #include "cuvexa/database/trace.h"
 #include "cuvexa/suite/schema.h"
 #include "cuvexa/unit_of_work.h"
@@ -31,6 +32,11 @@ public:
     Connection& untraced() { return *engine_.connection; }
     Date_style date_style() const { return engine_.date_style; }
     const std::string& notice() const { return engine_.notice; }
+
+    std::optional<Replica> replica() const {
+        auto* const server = dynamic_cast<Server_connection*>(engine_.connection.get());
+        return server == nullptr ? std::nullopt : server->replica();
+    }
 
     /// Writes what a new company begins with: whole or not at all.
     void fill(Contents contents) {
@@ -168,6 +174,10 @@ Connection& Company::connection() const {
 
 const std::string& Company::notice() const {
     return session_->notice();
+}
+
+std::optional<Replica> Company::replica() const {
+    return company::told([&] { return session_->replica(); });
 }
 
 Date_style Company::date_style() const {

@@ -32,6 +32,7 @@ constexpr std::array servers = {
                "SELECT CAST(COLLATIONPROPERTY(CAST(DATABASEPROPERTYEX(DB_NAME(), 'Collation') AS varchar(128)), "
                "'CodePage') AS int) AS code_page",
            .date_columns = "",
+           .replica = "",
            .lost = sql_server_lost,
            .conflict = sql_server_conflict,
            .serializable = "SET TRANSACTION ISOLATION LEVEL SERIALIZABLE",
@@ -50,6 +51,10 @@ constexpr std::array servers = {
                "SELECT LOWER(column_name) AS column_name FROM information_schema.columns "
                "WHERE table_schema = ANY (current_schemas(false)) GROUP BY LOWER(column_name) "
                "HAVING BOOL_AND(data_type IN ('date', 'timestamp without time zone', 'timestamp with time zone'))",
+           .replica =
+               "SELECT EXTRACT(EPOCH FROM clock_timestamp() - pg_last_xact_replay_timestamp()) AS behind_s, "
+               "COALESCE(pg_wal_lsn_diff(pg_last_wal_receive_lsn(), pg_last_wal_replay_lsn()), 0) AS unapplied_bytes, "
+               "(SELECT COUNT(*) FROM pg_stat_wal_receiver) AS receives WHERE pg_is_in_recovery()",
            .lost = postgresql_lost,
            .conflict = postgresql_conflict,
            .serializable = "",
@@ -79,6 +84,17 @@ std::vector<std::string> Server::session_statements(const Waits& waits) const {
         fill(text, statement_hole, waits.statement_s * 1000);
     }
     return texts;
+}
+
+std::optional<Replica> Server::replica_told(
+    const std::function<std::unique_ptr<Recordset>(std::string_view)>& ask) const {
+    if (replica.empty()) return std::nullopt;
+    const auto row = ask(replica);
+    if (row->eof()) return std::nullopt;
+    const Value behind_s = row->field("behind_s");
+    return Replica{.behind_s = is_null(behind_s) ? std::nullopt : std::optional(std::max(to_number(behind_s), 0.0)),
+                   .unapplied_bytes = static_cast<std::int64_t>(to_number(row->field("unapplied_bytes"))),
+                   .receives = to_number(row->field("receives")) != 0};
 }
 
 bool Server::ends_statements() const noexcept {

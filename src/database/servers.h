@@ -1,11 +1,16 @@
 // The servers that are known, one row each: all in which they differ.
 #pragma once
 
+#include <functional>
+#include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "cuvexa/data_access.h"
+#include "cuvexa/database/replica.h"
 #include "cuvexa/date.h"
 #include "database/dialect/dialect.h"
 
@@ -53,6 +58,9 @@ struct Server {
     /// it takes '' for 1 January 1900.
     std::string_view date_columns;
 
+    /// Gives, on a replica alone, one row: `behind_s`, `unapplied_bytes`, `receives`; empty: the server does not say.
+    std::string_view replica;
+
     /// How the SQLSTATE begins when the connection was lost.
     std::span<const std::string_view> lost;
 
@@ -72,6 +80,9 @@ struct Server {
 
     /// The statements with which a session begins.
     std::vector<std::string> session_statements(const Waits& waits) const;
+
+    /// How far behind the server is, told by `ask`, which runs a text in the server's words.
+    std::optional<Replica> replica_told(const std::function<std::unique_ptr<Recordset>(std::string_view)>& ask) const;
 
     /// Whether the session itself ends a statement that runs too long.
     bool ends_statements() const noexcept;

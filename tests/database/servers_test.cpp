@@ -50,6 +50,33 @@ std::string failure(Interpreter& interpreter, std::string_view text) {
     }
 }
 
+/// A row as a replica gives it.
+std::unique_ptr<Recordset> row_of_replica(const std::optional<double>& behind_s) {
+    auto rows = std::make_unique<database::Row_set>(std::make_shared<std::vector<std::string>>(
+        std::vector<std::string>{"behind_s", "unapplied_bytes", "receives"}));
+    if (behind_s) {
+        rows->add(*behind_s);
+    } else {
+        rows->add_null();
+    }
+    rows->add(std::int64_t{512});
+    rows->add(std::int64_t{0});
+    return rows;
+}
+
+TEST(Servers, a_replica_says_how_far_behind_it_is) {
+    const auto told = [](std::optional<double> behind_s) {
+        return postgresql.replica_told([&](std::string_view) { return row_of_replica(behind_s); });
+    };
+    EXPECT_EQ(told(2.5)->behind_s, 2.5);
+    EXPECT_EQ(told(-0.1)->behind_s, 0) << "a clock that is behind the primary's";
+    EXPECT_EQ(told(std::nullopt)->behind_s, std::nullopt) << "nothing was applied yet";
+    EXPECT_EQ(told(2.5)->unapplied_bytes, 512);
+    EXPECT_FALSE(told(2.5)->receives);
+    EXPECT_FALSE(sql_server.replica_told(
+        [](std::string_view) -> std::unique_ptr<Recordset> { throw Database_error("it was asked"); }));
+}
+
 TEST(Servers, a_session_begins_with_its_servers_statements_and_the_waits_asked_for) {
     EXPECT_THAT(sql_server.session_statements({.lock_ms = 250, .statement_s = 60}),
                 ElementsAre("SET LOCK_TIMEOUT 250"));

@@ -245,6 +245,10 @@ TEST_F(Session, a_unit_of_work_of_which_a_statement_failed_is_not_kept_and_says_
     EXPECT_EQ(to_text(value("SELECT COUNT(*) AS V FROM Prueba")), "1");
 }
 
+TEST_F(Session, a_server_that_nobody_is_ahead_of_is_no_replica) {
+    EXPECT_FALSE(session->replica().has_value());
+}
+
 TEST_F(Session, no_savepoint_stands_before_a_statement) {
     if (session->server_name() != "PostgreSQL") GTEST_SKIP() << "in PostgreSQL's own words";
     Unit_of_work unit(*session);

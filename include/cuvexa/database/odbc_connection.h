@@ -36,6 +36,7 @@ public:
     void prepare_database() override;
     Date_style date_style() const noexcept override;
     const std::string& server_name() const noexcept override;
+    std::optional<Replica> replica() override;
     std::string translate(std::string_view text) const override;
 
 private:

@@ -1,10 +1,12 @@
 // A session of a database server that many users share.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "cuvexa/data_access.h"
+#include "cuvexa/database/replica.h"
 #include "cuvexa/date.h"
 
 namespace cuvexa {
@@ -22,6 +24,9 @@ public:
 
     /// What the server calls itself.
     virtual const std::string& server_name() const noexcept = 0;
+
+    /// How far behind the server is; none of one that is no replica, or does not say.
+    virtual std::optional<Replica> replica() = 0;
 
     /// The statement as the server would be given it with its literals in place.
     virtual std::string translate(std::string_view text) const = 0;

@@ -83,6 +83,11 @@ const std::string& Odbc_connection::server_name() const noexcept {
     return parts_->session().session.name();
 }
 
+std::optional<Replica> Odbc_connection::replica() {
+    odbc::Session& session = parts_->session().session;
+    return session.server().replica_told([&](std::string_view text) { return session.run(text); });
+}
+
 std::string Odbc_connection::translate(std::string_view text) const {
     return parts_->session().interpreter.translate(text);
 }

@@ -61,6 +61,10 @@ void Engine::prepare_database() {
     }
 }
 
+std::optional<Replica> Engine::replica() {
+    return session_.server().replica_told([this](std::string_view text) { return rows_of(session_.run(text).get()); });
+}
+
 Result Engine::run(std::string_view text) {
     const auto& tokens = interpreter_.read(text);
     const std::string_view verb = tokens.front().in(text);

@@ -22,6 +22,7 @@ public:
 
     std::unique_ptr<Recordset> execute(std::string_view text);
     void prepare_database();
+    std::optional<Replica> replica();
     std::string translate(std::string_view text) { return interpreter_.translate(text); }
 
     std::uint64_t conflicts() const noexcept { return session_.conflicts(); }

@@ -40,6 +40,10 @@ const std::string& Postgresql_connection::server_name() const noexcept {
     return parts_->session().session().name();
 }
 
+std::optional<Replica> Postgresql_connection::replica() {
+    return parts_->session().replica();
+}
+
 std::string Postgresql_connection::translate(std::string_view text) const {
     return parts_->session().translate(text);
 }
