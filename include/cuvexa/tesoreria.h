@@ -11,7 +11,14 @@
 // comparison is coarser: a total that a statement added up is zero when it is nearer to zero than half a millionth (lines of
 // 0.1, 0.2 and -0.3 add up to 5.55E-17). A column of a row is converted when a step uses it: a NULL, which converts to no
 // number and no date, stops the step that needs one and no earlier one. "Number order" of lines is the order of their texts:
-// "10000" stands before "9999".
+// "10000" stands before "9999". A result that is no finite number is stored nowhere and read from nowhere: its statement fails
+// with the same text on every engine, "El resultado no cabe en un número".
+//
+// Nothing is locked either. Every member looks before it writes, each with statements of its own, so two users who at the same
+// moment deposit one receipt, apply one check or cancel one movement may both be told True, and the money moves twice. A host
+// with more than one user runs each call as a unit of work (cuvexa/unit_of_work.h; `--atomic` of `cuvexa rpc`): then one of them
+// is told True, and the other one a refusal, or that another session was in the way. FinReciboCaja does not ask whether a
+// receipt was closed before: who calls it twice closes twice, whether at once or one after the other.
 //
 // The two dialogs, `PedirDatosDeposito` and `PedirDatosFormaPago`, leave `Error` as it is: what their forms refuse is shown
 // through `SessionServices::ReportError`, and what fails outside the forms reaches the caller as an exception.

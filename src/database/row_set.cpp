@@ -2,6 +2,7 @@
 
 #include "core/case.h"
 #include "cuvexa/errors.h"
+#include "database/dialect/limits.h"
 
 namespace cuvexa::database {
 
@@ -10,6 +11,10 @@ Date with_fraction(Date date, double seconds) noexcept {
     const double rest = seconds / 86400;
     date.days += date.days < 0 ? -rest : rest;
     return date;
+}
+
+void refuse_no_number() {
+    throw Database_error(std::string(dialect::no_number_text));
 }
 
 std::int64_t Row_set::rows() const noexcept {

@@ -1,6 +1,7 @@
 // Rows read completely before they are walked, so that an open recordset holds nothing of the database.
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -18,6 +19,9 @@ using Column_names = std::shared_ptr<const std::vector<std::string>>;
 /// The date so many seconds, less than one, after that one.
 Date with_fraction(Date date, double seconds) noexcept;
 
+/// Throws the `Database_error` of a result that is not finite.
+[[noreturn]] void refuse_no_number();
+
 /// A recordset in memory. An engine adds the cells row by row, left to right, before it hands the recordset out.
 class Row_set : public Recordset {
 public:
@@ -25,7 +29,11 @@ public:
 
     void add_null() { cells_.push_back({Kind::null, {}, 0}); }
     void add(std::int64_t number) { cells_.push_back({Kind::whole, {.whole = number}, 0}); }
-    void add(double number) { cells_.push_back({Kind::real, {.real = number}, 0}); }
+    /// Throws `Database_error` for a number that is not finite.
+    void add(double number) {
+        if (!std::isfinite(number)) refuse_no_number();
+        cells_.push_back({Kind::real, {.real = number}, 0});
+    }
     void add(Date date) { cells_.push_back({Kind::date, {.real = date.days}, 0}); }
     void add(std::string_view text) {
         cells_.push_back({Kind::text, {.offset = bytes_.size()}, text.size()});

@@ -93,6 +93,9 @@ struct Server {
     /// Whether that SQLSTATE says that another session was in the way.
     bool says_conflict(std::string_view state) const noexcept;
 
+    /// Whether that SQLSTATE says that a result is no finite number or too large for its type: the standard's own.
+    bool says_no_number(std::string_view state) const noexcept { return state == "22003"; }
+
     /// What goes around a statement that begins with this word.
     Transaction_words around(std::string_view first_word) const noexcept;
 };

@@ -2,6 +2,7 @@
 #include <cmath>
 #include <limits>
 
+#include "cuvexa/suite/audit.h"
 #include "support/in_turn.h"
 #include "support/texts.h"
 
@@ -23,6 +24,13 @@ protected:
 
     bool record() { return company.treasury().Registra_Movimiento_Banco(movement); }
     std::string error() { return company.treasury().Error(); }
+
+    /// The rules by which the audit finds something.
+    std::vector<std::string> found() {
+        std::vector<std::string> rules;
+        for (const Finding& finding : audit(company.connection())) rules.push_back(finding.check);
+        return rules;
+    }
 
     Company company;
     tBnMovimiento movement = Company::movement();
@@ -298,6 +306,28 @@ TEST_F(Bank_movement, numbers_that_are_none_write_no_row) {
         EXPECT_FALSE(record());
     }
     EXPECT_EQ(touched(company.changes()), "+Folio_Serie");
+}
+
+TEST_F(Bank_movement, a_balance_stays_a_number) {
+    company.sql("UPDATE Banco_Cuenta SET Bc_Saldo = 0");
+    company.sql("UPDATE Banco SET Bn_Saldo = 0");
+    movement = Company::movement(1e308);
+    ASSERT_TRUE(record()) << error();
+    movement = Company::movement(1e308);
+    movement.Bm_Documento = "EC-2";
+    EXPECT_FALSE(record());
+    EXPECT_EQ(error(), tag_with_blank + "El resultado no cabe en un número");
+    EXPECT_EQ(company.scalar("SELECT Bc_Saldo FROM Banco_Cuenta WHERE Bc_Cve_Banco_Cuenta = 'SRR-MXN'"), "1.0e+308");
+
+    // Its row stands, which the sum of the movements shows, and the audit says what to do.
+    EXPECT_EQ(company.treasury().GetSaldo("SRR-MXN"), 0);
+    EXPECT_EQ(error(), "Cuvexa.dll - GetSaldo()\r\nEl resultado no cabe en un número");
+    EXPECT_THAT(found(), testing::IsSupersetOf({"importe-que-no-es-un-numero", "movimiento-sin-registrar"}));
+    const std::string left = company.treasury().FolioMovimiento;
+    EXPECT_TRUE(company.treasury().Cancelar_Movimiento_Bancos(left)) << error();
+    company.sql("UPDATE Banco_Cuenta SET Bc_Saldo = 1E308 WHERE Bc_Cve_Banco_Cuenta = 'SRR-MXN'");
+    company.sql("UPDATE Banco SET Bn_Saldo = 1E308 WHERE Bn_Cve_Banco = 'SIERRA'");
+    EXPECT_THAT(found(), IsEmpty());
 }
 
 TEST_F(Bank_movement, a_quote_in_any_text_fails_and_smuggles_nothing_in) {

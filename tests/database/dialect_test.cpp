@@ -254,7 +254,8 @@ TEST_F(Dialect_on_sqlite, tables_and_indexes_are_created_with_built_in_types_and
                 ElementsAre("CREATE UNIQUE INDEX IX_T ON T ( C DESC , D )",
                             "CREATE TABLE [T] ( Id INTEGER NOT NULL , A TEXT COLLATE NOCASE NOT NULL DEFAULT 'x' , "
                             "B TEXT COLLATE NOCASE DEFAULT ( 'y' ) CONSTRAINT \"B: admite hasta 10 caracteres\" "
-                            "CHECK ( LENGTH(RTRIM( B ))<= 10 ) , C REAL DEFAULT 0 , D INTEGER , "
+                            "CHECK ( LENGTH(RTRIM( B ))<= 10 ) , C REAL DEFAULT 0 "
+                            "CONSTRAINT \"C: admite números finitos\" CHECK ( ABS( C )<9E999 ) , D INTEGER , "
                             "E TEXT DEFAULT ( strftime('%Y-%m-%dT%H:%M:%S','now','localtime') ) , "
                             "CONSTRAINT PK_T PRIMARY KEY ( A , B ) )"));
     run("INSERT INTO T(Id, C) VALUES (1, 2)");

@@ -12,12 +12,15 @@ using dialect::limit_refusal;
 using testing::ElementsAre;
 
 constexpr const char* too_long = "El valor no cabe en la columna Texto: admite hasta 10 caracteres";
+constexpr const char* no_number = "El resultado no cabe en un número";
 constexpr const char* no_date = "El valor no cabe en la columna Fecha: admite de 1753-01-01 a 9999-12-31";
 
 class Limits : public testing::Test {
 protected:
     Limits() {
-        db.execute("CREATE TABLE T (Id int PRIMARY KEY, Texto varchar(10) NOT NULL DEFAULT '', Fecha datetime)");
+        db.execute(
+            "CREATE TABLE T (Id int PRIMARY KEY, Texto varchar(10) NOT NULL DEFAULT '', Fecha datetime, "
+            "Numero float)");
     }
 
     std::string text(const std::string& value) { return put("Texto", value); }
@@ -58,6 +61,30 @@ TEST_F(Limits, a_date_outside_of_the_calendar_of_the_server_is_refused_in_every_
     EXPECT_EQ(failure(db, "UPDATE T SET Fecha = NULL"), "");
 }
 
+TEST_F(Limits, a_result_that_is_not_finite_is_refused_wherever_it_would_go) {
+    for (const char* const number : {"1E999", "-1E999", "1E308 * 10", "1E308 * 10 * Id"}) {
+        db.execute("DELETE FROM T");
+        db.execute("INSERT INTO T (Id, Numero) VALUES (1, -1E308)");
+        const std::string value = number;
+        EXPECT_EQ(failure(db, "UPDATE T SET Numero = " + value), no_number) << value;
+        EXPECT_EQ(failure(db, "INSERT INTO T (Id, Numero) SELECT 2, " + value + " FROM T"), no_number) << value;
+        EXPECT_EQ(failure(db, "SELECT " + value + " AS v FROM T"), no_number) << value;
+    }
+    EXPECT_EQ(failure(db, "UPDATE T SET Numero = Numero + Numero"), no_number);
+    EXPECT_EQ(failure(db, "SELECT SUM(Numero * 10) AS v FROM T"), no_number);
+    EXPECT_EQ(put("Numero", "1E999"), no_number) << "a text that is one";
+    EXPECT_EQ(put("Numero", "-1.7E308"), "");
+    EXPECT_EQ(failure(db, "UPDATE T SET Numero = NULL"), "");
+    EXPECT_THAT(column(db, "v", "SELECT 1E-999 AS v"), ElementsAre("0")) << "what is too small is zero";
+}
+
+TEST_F(Limits, a_number_that_is_not_finite_in_a_file_of_another_program_is_not_read) {
+    sqlite3_exec(sqlite::handle_of(db), "CREATE TABLE A (Numero); INSERT INTO A VALUES (9E999)", nullptr, nullptr,
+                 nullptr);
+    EXPECT_EQ(failure(db, "SELECT Numero FROM A"), no_number);
+    EXPECT_EQ(failure(db, "SELECT Id FROM T"), "") << "the connection goes on";
+}
+
 TEST_F(Limits, a_column_without_a_length_and_one_that_is_added_later) {
     db.execute("CREATE TABLE L (A varchar(max), B text, C nvarchar(3), D char(2))");
     const std::string text(9000, 'x');
@@ -85,6 +112,9 @@ TEST(Limit_refusal, is_read_from_what_an_engine_says) {
     EXPECT_EQ(limit_refusal("la relación «t» viola la restricción «check» «Texto: admite hasta 10 caracteres»"),
               too_long);
     EXPECT_EQ(limit_refusal("violates check constraint \"Fecha: admite de 1753-01-01 a 9999-12-31\""), no_date);
+    EXPECT_EQ(limit_refusal("CHECK constraint failed: Bc_Saldo: admite números finitos"), no_number);
+    EXPECT_EQ(limit_refusal("la relación «t» viola la restricción «check» «Bc_Saldo: admite números finitos»"),
+              no_number);
     EXPECT_EQ(
         limit_refusal("String or binary data would be truncated in table 'c.dbo.T', column 'Texto'. Truncated "
                       "value: '123'. [22001, 2628]"),

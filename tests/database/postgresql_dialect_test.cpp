@@ -63,7 +63,8 @@ TEST(Postgresql_dialect, columns_have_its_types) {
         "CREATE TABLE T ( a citext NOT NULL CONSTRAINT \"a: admite hasta 60 caracteres\" "
         "CHECK ( CHAR_LENGTH(RTRIM( a ))<= 60 ) , b timestamp(3) DEFAULT NULL "
         "CONSTRAINT \"b: admite de 1753-01-01 a 9999-12-31\" CHECK ( b >='1753-01-01' AND  b <'10000-01-01' ) , "
-        "c double precision DEFAULT 0 , d smallint , PRIMARY KEY ( a ) )");
+        "c double precision DEFAULT 0 CONSTRAINT \"c: admite números finitos\" CHECK ( ABS( c )<'Infinity' ) , "
+        "d smallint , PRIMARY KEY ( a ) )");
 }
 
 std::string with_dates(std::string_view text) {

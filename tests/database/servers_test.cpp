@@ -97,6 +97,13 @@ TEST(Servers, a_server_that_no_row_names_is_spoken_to_as_sql_server) {
     EXPECT_NE(&postgresql, &sql_server);
 }
 
+TEST(Servers, a_result_that_is_no_number_shows_in_the_state) {
+    EXPECT_TRUE(postgresql.says_no_number("22003")) << "value out of range: overflow";
+    EXPECT_TRUE(sql_server.says_no_number("22003")) << "Arithmetic overflow error converting expression";
+    EXPECT_FALSE(postgresql.says_no_number("22012")) << "division by zero";
+    EXPECT_FALSE(sql_server.says_no_number("22001")) << "a text that is too long";
+}
+
 TEST(Servers, a_lost_connection_shows_in_the_state) {
     EXPECT_TRUE(sql_server.says_lost("08S01"));
     EXPECT_TRUE(postgresql.says_lost("08006"));

@@ -95,6 +95,21 @@ TEST_F(Session, a_double_comes_back_to_the_last_bit) {
     }
 }
 
+TEST_F(Session, a_result_that_is_not_finite_is_refused_as_on_the_embedded_engine) {
+    const std::string no_number = "El resultado no cabe en un número";
+    session->execute("INSERT INTO Prueba (Llave, Numero) VALUES (1, 1E308)");
+    EXPECT_EQ(failure("UPDATE Prueba SET Numero = Numero + Numero"), no_number);
+    EXPECT_EQ(failure("UPDATE Prueba SET Numero = 1E999"), no_number);
+    EXPECT_EQ(failure("SELECT SUM(Numero * 10) AS V FROM Prueba"), no_number);
+    EXPECT_EQ(std::get<double>(value("SELECT Numero AS V FROM Prueba")), 1e308);
+    if (session->server_name() != "PostgreSQL") return;  // others know no such number
+    for (const char* const number : {"NaN", "Infinity", "-Infinity"}) {
+        EXPECT_EQ(failure(std::string("UPDATE Prueba SET Numero = '") + number + "'"), no_number) << number;
+        EXPECT_EQ(failure(std::string("SELECT CAST('") + number + "' AS float) AS V"), no_number) << number;
+    }
+    EXPECT_EQ(failure("SELECT 1E308 * 10 AS V"), no_number) << "a decimal there";
+}
+
 TEST_F(Session, a_date_comes_back_as_a_date) {
     session->execute("INSERT INTO Prueba (Llave, Fecha) VALUES (1, '2024-03-15T10:20:30')");
     EXPECT_EQ(std::get<Date>(value("SELECT Fecha AS V FROM Prueba")), make_date(2024, 3, 15, 10, 20, 30));

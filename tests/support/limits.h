@@ -1,4 +1,4 @@
-// What fits into a column of the schema: the lengths and dates that its text gives, tried on any engine.
+// What fits into a column of the schema: the lengths, dates and numbers that its text gives, tried on any engine.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -50,7 +50,7 @@ inline std::string limit_failure(Connection& connection, const std::string& stat
 /// whose keys are of the form of these.
 inline void expect_limits_of_the_schema(Connection& connection) {
     const std::vector<Schema_column> columns = schema_columns();
-    int texts = 0, dates = 0;
+    int texts = 0, dates = 0, numbers = 0;
     for (const Schema_column& column : columns) {
         // A row of that table with only what it needs, and the value in its column.
         const auto insert = [&](const std::string& value) {
@@ -77,10 +77,16 @@ inline void expect_limits_of_the_schema(Connection& connection) {
             EXPECT_EQ(insert("1753-01-01"), "") << column.table << '.' << column.name;
             remove();
             ++dates;
+        } else if (column.type == "float") {
+            EXPECT_EQ(insert("-1E999"), "El resultado no cabe en un número") << column.table << '.' << column.name;
+            EXPECT_EQ(insert("-1.7E308"), "") << column.table << '.' << column.name;
+            remove();
+            ++numbers;
         }
     }
     EXPECT_GT(texts, 300);
     EXPECT_GT(dates, 100);
+    EXPECT_GT(numbers, 50);
 }
 
 }  // namespace cuvexa::tests

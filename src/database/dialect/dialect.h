@@ -23,14 +23,19 @@ struct Function_rule {
     Function_result result = Function_result::other;
 };
 
+/// What a column of a type takes, "$1" being the column and "$2" the length; none where both are empty.
+struct Limit {
+    std::string_view fits;   ///< when a value fits
+    std::string_view takes;  ///< the same in words
+};
+
 /// A column type, without its length, and what stands in its place.
 struct Type_rule {
     std::string_view name;
     std::string_view column;  ///< in a column definition
     std::string_view cast;    ///< in CAST and CONVERT
     bool text = false;
-    std::string_view fits =
-        {};  ///< when a value of that type fits, "$1" being the column and "$2" the length; empty: always
+    Limit limit = {};
 };
 
 /// A whole statement, its words parted by single blanks, that is replaced by another.

@@ -5,9 +5,13 @@
 namespace cuvexa::dialect {
 namespace {
 
-constexpr std::string_view takes = ": admite ";
-constexpr std::string_view dates = "de 1753-01-01 a 9999-12-31";
-constexpr std::string_view characters = " caracteres";
+constexpr std::string_view middle_words = ": admite ";
+constexpr std::string_view length_hole = "$2";
+
+std::string_view last_words(std::string_view takes) {
+    const std::size_t hole = takes.find(length_hole);
+    return hole == std::string_view::npos ? takes : takes.substr(hole + length_hole.size());
+}
 
 std::string refusal(std::string_view column, std::string_view why) {
     return std::string("El valor no cabe en la columna ").append(column).append(why);
@@ -27,12 +31,13 @@ std::size_t begin_of_name(std::string_view message) {
 
 // … violates check constraint "Rp_Banco: admite hasta 400 caracteres"
 std::optional<std::string> told_by_constraint(std::string_view message) {
-    const std::size_t middle = message.find(takes);
+    const std::size_t middle = message.find(middle_words);
     if (middle == std::string_view::npos) return std::nullopt;
     const std::size_t begin = begin_of_name(message.substr(0, middle));
     if (begin == 0 || begin == middle) return std::nullopt;
     const std::string_view rest = message.substr(middle);
-    for (const std::string_view last : {characters, dates}) {
+    if (rest.substr(middle_words.size()).starts_with(takes_numbers)) return std::string(no_number_text);
+    for (const std::string_view last : {last_words(takes_characters), last_words(takes_dates)}) {
         if (const auto end = rest.find(last); end != std::string_view::npos) {
             return refusal(message.substr(begin, middle - begin), rest.substr(0, end + last.size()));
         }
@@ -53,10 +58,12 @@ std::optional<std::string> told_by_sql_server(std::string_view message) {
 
 }  // namespace
 
-std::string limit_name(std::string_view column, std::string_view length) {
-    std::string name = std::string(column).append(takes);
-    if (length.empty()) return name.append(dates);
-    return name.append("hasta ").append(length).append(characters);
+std::string limit_name(std::string_view column, std::string_view takes, std::string_view length) {
+    std::string name = std::string(column).append(middle_words).append(takes);
+    if (const auto hole = name.find(length_hole); hole != std::string::npos) {
+        name.replace(hole, length_hole.size(), length);
+    }
+    return name;
 }
 
 std::optional<std::string> limit_refusal(std::string_view message) {

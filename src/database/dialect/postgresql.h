@@ -5,6 +5,7 @@
 #include <array>
 
 #include "database/dialect/dialect.h"
+#include "database/dialect/limits.h"
 
 namespace cuvexa::dialect {
 
@@ -34,22 +35,24 @@ inline constexpr std::array functions{
     Function_rule{"REPLACE", 3, "", text},
 };
 
-inline constexpr std::string_view text_fits = "CHAR_LENGTH(RTRIM($1))<=$2";
-inline constexpr std::string_view date_fits = "$1>='1753-01-01' AND $1<'10000-01-01'";
+// What is not a number exceeds the infinite there.
+inline constexpr Limit text_limit{"CHAR_LENGTH(RTRIM($1))<=$2", takes_characters};
+inline constexpr Limit date_limit{"$1>='1753-01-01' AND $1<'10000-01-01'", takes_dates};
+inline constexpr Limit number_limit{"ABS($1)<'Infinity'", takes_numbers};
 
 inline constexpr std::array types{
-    Type_rule{"varchar", "citext", "citext", true, text_fits},
-    Type_rule{"nvarchar", "citext", "citext", true, text_fits},
-    Type_rule{"char", "citext", "citext", true, text_fits},
-    Type_rule{"nchar", "citext", "citext", true, text_fits},
+    Type_rule{"varchar", "citext", "citext", true, text_limit},
+    Type_rule{"nvarchar", "citext", "citext", true, text_limit},
+    Type_rule{"char", "citext", "citext", true, text_limit},
+    Type_rule{"nchar", "citext", "citext", true, text_limit},
     Type_rule{"text", "citext", "citext", true},
     Type_rule{"ntext", "citext", "citext", true},
-    Type_rule{"datetime", "timestamp(3)", "timestamp(3)", false, date_fits},
+    Type_rule{"datetime", "timestamp(3)", "timestamp(3)", false, date_limit},
     Type_rule{"datetime2", "timestamp", "timestamp"},
     Type_rule{"smalldatetime", "timestamp(0)", "timestamp(0)"},
     Type_rule{"date", "date", "date"},
-    Type_rule{"float", "double precision", "double precision"},
-    Type_rule{"real", "real", "real"},
+    Type_rule{"float", "double precision", "double precision", false, number_limit},
+    Type_rule{"real", "real", "real", false, number_limit},
     Type_rule{"decimal", "numeric", "numeric"},
     Type_rule{"numeric", "numeric", "numeric"},
     Type_rule{"money", "numeric(19,4)", "numeric(19,4)"},

@@ -75,7 +75,7 @@ private:
         Nodes limit;
         if (const Type_rule* const type = part[1].is_name() ? dialect_.type(plain_name(part[1])) : nullptr) {
             Nodes length = part.size() > 2 && part[2].is_group() ? cut(part, 2, 3).front().children : Nodes{};
-            limit = limit_of(part.front(), std::move(length), type->fits);
+            limit = limit_of(part.front(), std::move(length), type->limit);
             part[1] = word(type->column);
         }
         part = with_default(std::move(part));
@@ -84,13 +84,13 @@ private:
     }
 
     // CONSTRAINT "A: admite hasta 10 caracteres" CHECK (…); of (max) there is none.
-    static Nodes limit_of(const Node& column, Nodes length, std::string_view fits) {
-        const bool needs_length = fits.find("$2") != std::string_view::npos;
-        if (fits.empty() || (needs_length && (length.size() != 1 || !length.front().is_number()))) return {};
+    static Nodes limit_of(const Node& column, Nodes length, const Limit& limit) {
+        const bool needs_length = limit.fits.find("$2") != std::string_view::npos;
+        if (limit.fits.empty() || (needs_length && (length.size() != 1 || !length.front().is_number()))) return {};
         const std::string name =
-            limit_name(plain_name(column), needs_length ? length.front().text : std::string_view());
+            limit_name(plain_name(column), limit.takes, needs_length ? length.front().text : std::string_view());
         return {word("CONSTRAINT"), composed(marked(name)), word("CHECK"),
-                group(filled(fits, {{column}, std::move(length)}))};
+                group(filled(limit.fits, {{column}, std::move(length)}))};
     }
 
     // DEFAULT GETDATE(): a call stands between parentheses.

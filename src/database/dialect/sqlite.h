@@ -4,6 +4,7 @@
 #include <array>
 
 #include "database/dialect/dialect.h"
+#include "database/dialect/limits.h"
 
 namespace cuvexa::dialect {
 
@@ -35,28 +36,30 @@ inline constexpr std::array functions{
 
 inline constexpr std::string_view stored_text = "TEXT COLLATE NOCASE";
 
-// Blanks at the end need no room. A date is a text of the forms that the component reads; '' is 1 January 1900.
-inline constexpr std::string_view text_fits = "LENGTH(RTRIM($1))<=$2";
-inline constexpr std::string_view date_fits =
-    "$1 = '' OR CASE WHEN SUBSTR($1,3,1) = '/' THEN SUBSTR($1,7,4) ELSE $1 END >= '1753'";
+// Blanks at the end need no room. A date is a text of the forms that the component reads; '' is 1 January 1900. The number that no
+// other exceeds, 9E999, is infinite.
+inline constexpr Limit text_limit{"LENGTH(RTRIM($1))<=$2", takes_characters};
+inline constexpr Limit date_limit{"$1 = '' OR CASE WHEN SUBSTR($1,3,1) = '/' THEN SUBSTR($1,7,4) ELSE $1 END >= '1753'",
+                                  takes_dates};
+inline constexpr Limit number_limit{"ABS($1)<9E999", takes_numbers};
 
 inline constexpr std::array types{
-    Type_rule{"varchar", stored_text, "TEXT", true, text_fits},
-    Type_rule{"nvarchar", stored_text, "TEXT", true, text_fits},
-    Type_rule{"char", stored_text, "TEXT", true, text_fits},
-    Type_rule{"nchar", stored_text, "TEXT", true, text_fits},
+    Type_rule{"varchar", stored_text, "TEXT", true, text_limit},
+    Type_rule{"nvarchar", stored_text, "TEXT", true, text_limit},
+    Type_rule{"char", stored_text, "TEXT", true, text_limit},
+    Type_rule{"nchar", stored_text, "TEXT", true, text_limit},
     Type_rule{"text", stored_text, "TEXT", true},
     Type_rule{"ntext", stored_text, "TEXT", true},
-    Type_rule{"datetime", "TEXT", "TEXT", false, date_fits},
+    Type_rule{"datetime", "TEXT", "TEXT", false, date_limit},
     Type_rule{"datetime2", "TEXT", "TEXT"},
     Type_rule{"smalldatetime", "TEXT", "TEXT"},
     Type_rule{"date", "TEXT", "TEXT"},
-    Type_rule{"float", "REAL", "REAL"},
-    Type_rule{"real", "REAL", "REAL"},
-    Type_rule{"decimal", "REAL", "REAL"},
-    Type_rule{"numeric", "REAL", "REAL"},
-    Type_rule{"money", "REAL", "REAL"},
-    Type_rule{"smallmoney", "REAL", "REAL"},
+    Type_rule{"float", "REAL", "REAL", false, number_limit},
+    Type_rule{"real", "REAL", "REAL", false, number_limit},
+    Type_rule{"decimal", "REAL", "REAL", false, number_limit},
+    Type_rule{"numeric", "REAL", "REAL", false, number_limit},
+    Type_rule{"money", "REAL", "REAL", false, number_limit},
+    Type_rule{"smallmoney", "REAL", "REAL", false, number_limit},
     Type_rule{"bigint", "INTEGER", "INTEGER"},
     Type_rule{"int", "INTEGER", "INTEGER"},
     Type_rule{"smallint", "INTEGER", "INTEGER"},

@@ -169,11 +169,17 @@ bool Session::comes_back(std::function<void()> call, int limit_s) {
 void Session::refuse(const Outcome& outcome) {
     const std::string text = database::without_secrets(description(outcome.failure), secrets_);
     if (const auto refusal = dialect::limit_refusal(text)) throw Database_error(*refusal);
+    if (is_no_number(outcome.failure)) throw Database_error(std::string(dialect::no_number_text));
     lost_ = is_lost(outcome);
     if (lost_) throw Lost_connection_error("Se perdió la conexión con el servidor de base de datos (" + text + ")");
     if (!is_conflict(outcome.failure)) throw Database_error(text);
     ++conflicts_;
     throw Conflict_error(std::string(database::conflict_text) + " (" + text + ")");
+}
+
+bool Session::is_no_number(const std::vector<Diagnostic>& records) const {
+    return std::any_of(records.begin(), records.end(),
+                       [&](const Diagnostic& record) { return server_->says_no_number(record.state); });
 }
 
 bool Session::is_conflict(const std::vector<Diagnostic>& records) const {

@@ -46,6 +46,7 @@ private:
     bool comes_back(std::function<void()> call, int limit_s);
     [[noreturn]] void refuse(const Outcome& outcome);
     bool is_lost(const Outcome& outcome) const;
+    bool is_no_number(const std::vector<Diagnostic>& records) const;
     bool is_conflict(const std::vector<Diagnostic>& records) const;
 
     std::vector<std::string> secrets_;

@@ -1,6 +1,7 @@
 #include "database/postgresql/results.h"
 
 #include <charconv>
+#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -38,15 +39,22 @@ Reading reading_of(Oid type) noexcept {
     }
 }
 
-template <class Number>
-void add_number(Row_set& rows, std::string_view text) {
-    Number number{};
+void add_whole(Row_set& rows, std::string_view text) {
+    std::int64_t number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (error == std::errc()) {
         rows.add(number);
     } else {
         rows.add(text);
     }
+}
+
+// The server's decimals reach beyond those of a machine: what is too large is infinite, what is too small is zero.
+void add_real(Row_set& rows, std::string_view text) {
+    double number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error == std::errc::result_out_of_range) number = std::strtod(std::string(text).c_str(), nullptr);
+    rows.add(number);
 }
 
 int number_at(std::string_view text, std::size_t at, std::size_t digits) noexcept {
@@ -69,9 +77,9 @@ void add_date(Row_set& rows, std::string_view text) {
 void add(Row_set& rows, Reading reading, std::string_view text) {
     switch (reading) {
         case Reading::whole:
-            return add_number<std::int64_t>(rows, text);
+            return add_whole(rows, text);
         case Reading::real:
-            return add_number<double>(rows, text);
+            return add_real(rows, text);
         case Reading::truth:
             return rows.add(std::int64_t{text == "t"});
         case Reading::date:

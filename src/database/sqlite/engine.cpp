@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstdlib>
 #include <new>
 #include <system_error>
@@ -42,6 +43,7 @@ void bind_number(sqlite3_stmt* statement, int parameter, std::string_view text) 
     if (std::from_chars(text.data(), end, real).ec == std::errc::result_out_of_range) {
         real = std::strtod(std::string(text).c_str(), nullptr);
     }
+    if (!std::isfinite(real)) database::refuse_no_number();
     sqlite3_bind_double(statement, parameter, real);
 }
 
