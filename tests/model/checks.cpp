@@ -98,6 +98,7 @@ bool Treasury::Inserta_Cheque(const Text& Ch_Folio) {
         }
         if (rate == 0) throw Failure{words::use_of_null};  // what a division by zero gives
         const double total = sum / rate;
+        if (std::isinf(total)) throw Failure{words::no_number};
         fail_if(adds_up_to_zero(total), "El importe del cheque es incorrecto");
         rows::Cheque row;
         row.Ch_Importe = bare(total);  // no number fails after a text

@@ -29,6 +29,7 @@ struct Failure {
 namespace words {
 inline const Text overflow = "Desbordamiento";
 inline const Text type_mismatch = "No coinciden los tipos";
+inline const Text no_number = "El resultado no cabe en un número";
 inline const Text use_of_null = "Uso no válido de Null";
 inline const Text two_values = "La subconsulta devolvió más de un valor donde se espera uno solo";
 }  // namespace words
