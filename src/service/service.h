@@ -66,10 +66,13 @@ public:
     void serve();
     void stop();
 
+    /// Answers one request, whoever has read its head: what `serve` does with each. `read` gives its body; null where there
+    /// is none.
+    void answer(const httplib::Request& http, httplib::Response& response, const httplib::ContentReader* read);
+
 private:
     struct Request;
 
-    void answer(const httplib::Request& http, httplib::Response& response, const httplib::ContentReader* read);
     Reply guarded_reply(Request& request);
     Reply reply_to(Request& request);
     Reply reply_to_bearer(Request& request);

@@ -38,6 +38,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             "a guarded value cannot end early", value, one);
 
     const std::string with = with_password(text, value);
-    require(with == text || with.starts_with(text), "a password is added behind", text, with);
+    require(with == text || with == "PWD=" + guarded_value(value) + ";" + text, "a password stands first", text, with);
+    require(passwords(with).empty() == (passwords(text).empty() && value.empty()), "one that is given is there", text,
+            with);
     return 0;
 }

@@ -1,16 +1,32 @@
-# One program per <target>_fuzzer.cpp: cuvexa_fuzz_<target>. A build of its own (preset fuzz), for everything is instrumented.
+# One program per <target>_fuzzer.cpp. With CUVEXA_FUZZERS (preset fuzz, a build of its own, for everything is instrumented) it is
+# cuvexa_fuzz_<target>, which makes up texts; else cuvexa_corpus_<target>, which is given what was found before, as a test.
 file(GLOB fuzzers CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/*_fuzzer.cpp)
+if(NOT TARGET cuvexa_service)
+    list(FILTER fuzzers EXCLUDE REGEX "/http_fuzzer[.]cpp$")
+endif()
 add_custom_target(cuvexa_fuzzers)
 foreach(fuzzer ${fuzzers})
     cmake_path(GET fuzzer STEM name)
     string(REGEX REPLACE "_fuzzer$" "" name ${name})
-    add_executable(cuvexa_fuzz_${name} ${fuzzer} ${CMAKE_CURRENT_LIST_DIR}/oracle.cpp)
-    target_include_directories(cuvexa_fuzz_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests ${PROJECT_SOURCE_DIR}/src)
-    target_compile_options(cuvexa_fuzz_${name} PRIVATE -O1)
-    target_link_libraries(cuvexa_fuzz_${name} PRIVATE cuvexa_options cuvexa_database cuvexa_automation)
-    target_link_options(cuvexa_fuzz_${name} PRIVATE -fsanitize=fuzzer)
-    add_dependencies(cuvexa_fuzzers cuvexa_fuzz_${name})
+    set(sources ${fuzzer} ${CMAKE_CURRENT_LIST_DIR}/oracle.cpp)
+    if(name STREQUAL "hole")  # the statements of the product, whose holes are filled
+        list(APPEND sources ${PROJECT_SOURCE_DIR}/tests/statements/source_statements.cpp
+            ${PROJECT_SOURCE_DIR}/tests/support/places.cpp)
+    endif()
+    if(CUVEXA_FUZZERS)
+        set(program cuvexa_fuzz_${name})
+        add_executable(${program} ${sources})
+        target_compile_options(${program} PRIVATE -O1)
+        target_link_options(${program} PRIVATE -fsanitize=fuzzer)
+        add_dependencies(cuvexa_fuzzers ${program})
+    else()
+        set(program cuvexa_corpus_${name})
+        add_executable(${program} ${sources} ${CMAKE_CURRENT_LIST_DIR}/corpus_main.cpp)
+        add_test(NAME fuzz.${name} COMMAND ${program} ${CMAKE_CURRENT_LIST_DIR}/corpus/${name})
+    endif()
+    target_include_directories(${program} PRIVATE ${PROJECT_SOURCE_DIR}/tests ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(${program} PRIVATE cuvexa_options cuvexa_database cuvexa_automation)
+    if(name STREQUAL "http")
+        target_link_libraries(${program} PRIVATE cuvexa_service)
+    endif()
 endforeach()
-# The statements of the product, for the fuzzer of the values that fill their holes.
-target_sources(cuvexa_fuzz_hole PRIVATE ${PROJECT_SOURCE_DIR}/tests/statements/source_statements.cpp
-    ${PROJECT_SOURCE_DIR}/tests/support/places.cpp)
