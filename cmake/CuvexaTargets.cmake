@@ -9,6 +9,14 @@ target_compile_options(cuvexa_options INTERFACE -Wall -Wextra -Wpedantic)
 add_library(cuvexa_strict INTERFACE)
 target_compile_options(cuvexa_strict INTERFACE -Werror=conversion -Werror=shadow)
 
+# cuvexa_count_lines(<target>): with CUVEXA_COVERAGE, which of its lines and branches run is counted.
+function(cuvexa_count_lines target)
+    if(CUVEXA_COVERAGE)
+        target_compile_options(${target} PRIVATE -O0 --coverage -fprofile-update=atomic)
+        target_link_options(${target} PUBLIC --coverage)
+    endif()
+endfunction()
+
 # cuvexa_sources(<out> <room>...): the sources of the rooms.
 function(cuvexa_sources out)
     set(found)
@@ -35,6 +43,7 @@ function(cuvexa_library name)
     target_include_directories(cuvexa_${name} PUBLIC
         $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
         PRIVATE ${PROJECT_SOURCE_DIR}/src)
+    cuvexa_count_lines(cuvexa_${name})
     foreach(used ${arg_USES})
         target_link_libraries(cuvexa_${name} PUBLIC cuvexa_${used})
     endforeach()

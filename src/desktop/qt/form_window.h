@@ -14,7 +14,7 @@
 
 namespace cuvexa::qt {
 
-class Form_dialog : public QDialog, public Form_window {
+class Form_dialog final : public QDialog, public Form_window {
 public:
     Form_dialog(Form& form, QWidget* parent);
 

@@ -10,7 +10,7 @@
 
 namespace cuvexa::win32 {
 
-class Form_dialog : public Modal_window, public Form_window {
+class Form_dialog final : public Modal_window, public Form_window {
 public:
     Form_dialog(Form& form, Open_windows& open);
 
