@@ -130,7 +130,8 @@ constexpr Audit_rule checks[] = {
     // A transfer between own accounts names its destination and has no movement.
     {"cheque-sin-movimiento", "Cheque", "importe del cheque", nullptr,
      "Si su presupuesto se controla, páselo otra vez por Afectar_Cheque_Presupuesto; si queda activo, registre su "
-     " movimiento con Registra_Movimiento_Bancario_Cheque.",
+     "movimiento con Registra_Movimiento_Bancario_Cheque. Si no se puede, cancélelo con Cancelar_Cheque o, si no "
+     "tiene renglones, póngalo en 'CA'.",
      "SELECT Cheque.Ch_Folio AS Documento, Cheque.Ch_Importe AS Primero "
      "FROM Cheque "
      "   LEFT JOIN Banco_Movimiento ON Banco_Movimiento.Bm_Documento = Cheque.Ch_Folio AND "

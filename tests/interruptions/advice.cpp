@@ -1,13 +1,16 @@
 // What an operator does who follows the advice of a finding: with the component's members where the advice names one, by
 // hand where it names a column.
+#include "interruptions/advice.h"
+
+#include <functional>
 #include <map>
 
-#include "interruptions/scenario.h"
+#include "core/rows.h"
 
 namespace cuvexa::tests {
 namespace {
 
-using Advice = std::function<bool(Company&, const std::string& document)>;
+using Advice = std::function<bool(const Desk&, const std::string& document)>;
 
 std::string before_mark(const std::string& document, char mark) {
     return document.substr(0, document.find(mark));
@@ -18,84 +21,93 @@ std::string after_mark(const std::string& document, char mark) {
 
 /// A statement in which "?" stands for the document.
 Advice by_hand(const std::string& statement) {
-    return [statement](Company& company, const std::string& document) {
+    return [statement](const Desk& desk, const std::string& document) {
         std::string text = statement;
         for (auto at = text.find('?'); at != std::string::npos; at = text.find('?', at + document.size())) {
             text.replace(at, 1, document);
         }
-        company.sql(text);
+        desk.connection.execute(text);
         return true;
     };
 }
 
-bool cancel_receipt(Company& company, const std::string& folio) {
-    return company.treasury().Cancelar_Recibo_Caja(before_mark(folio, '/'), true, true);
+bool cancel_receipt(const Desk& desk, const std::string& folio) {
+    return desk.treasury.Cancelar_Recibo_Caja(before_mark(folio, '/'), true, true);
 }
-bool cancel_deposit(Company& company, const std::string& folio) {
-    return company.treasury().Cancelar_Deposito(before_mark(folio, '/'));
+bool cancel_deposit(const Desk& desk, const std::string& folio) {
+    return desk.treasury.Cancelar_Deposito(before_mark(folio, '/'));
 }
-bool cancel_movement(Company& company, const std::string& folio) {
-    return company.treasury().Cancelar_Movimiento_Bancos(folio);
+bool cancel_movement(const Desk& desk, const std::string& folio) {
+    return desk.treasury.Cancelar_Movimiento_Bancos(folio);
 }
-bool cancel_check(Company& company, const std::string& folio) {
-    return company.treasury().Cancelar_Cheque(folio);
+bool cancel_check(const Desk& desk, const std::string& folio) {
+    return desk.treasury.Cancelar_Cheque(folio);
 }
-bool take_application_back(Company& company, const std::string& folio) {
-    return company.treasury().Cancelar_Aplicacion_Cheque(before_mark(folio, '/'));
+bool take_application_back(const Desk& desk, const std::string& folio) {
+    return desk.treasury.Cancelar_Aplicacion_Cheque(before_mark(folio, '/'));
 }
 
-bool give_movement(Company& company, const std::string& folio) {
+bool give_movement(const Desk& desk, const std::string& folio) {
     const std::map<std::string, int> budgets = {{"05", 0}, {"02", 1}, {"04", 3}, {"03", 4}};
-    const std::string purpose = company.scalar(
-        "SELECT Tc_Solicitar FROM Cheque JOIN Tipo_Cheque USING (Tc_Cve_Tipo_Cheque) WHERE Ch_Folio = '" + folio + "'");
+    const std::string purpose = desk.text(
+        "SELECT Tc_Solicitar AS Valor FROM Cheque INNER JOIN Tipo_Cheque ON Tipo_Cheque.Tc_Cve_Tipo_Cheque = "
+        "Cheque.Tc_Cve_Tipo_Cheque WHERE Ch_Folio = '" +
+        folio + "'");
     const auto budget = budgets.find(purpose);
-    if (budget != budgets.end() && !company.treasury().Afectar_Cheque_Presupuesto(folio, budget->second)) return false;
-    if (company.scalar("SELECT Es_Cve_Estado FROM Cheque WHERE Ch_Folio = '" + folio + "'") == "PXA") return true;
-    return company.treasury().Registra_Movimiento_Bancario_Cheque(folio);
+    if (budget != budgets.end() && !desk.treasury.Afectar_Cheque_Presupuesto(folio, budget->second)) return false;
+    if (desk.text("SELECT Es_Cve_Estado AS Valor FROM Cheque WHERE Ch_Folio = '" + folio + "'") == "PXA") return true;
+    return desk.treasury.Registra_Movimiento_Bancario_Cheque(folio);
 }
 
-bool cancel_check_again(Company& company, const std::string& folio) {
-    const bool moves = company.scalar("SELECT COUNT(*) FROM Banco_Movimiento WHERE Bm_Documento = '" + folio +
-                                      "' AND Es_Cve_Estado <> 'CA'") != "0";
-    if (moves) return cancel_check(company, folio);
-    company.sql("UPDATE Cheque_x_Aplicar SET Es_Cve_Estado = 'CA' WHERE Ch_Folio = '" + folio + "'");
+bool give_movement_or_cancel(const Desk& desk, const std::string& folio) {
+    if (give_movement(desk, folio) || cancel_check(desk, folio)) return true;
+    const auto lines = desk.texts("SELECT Cxa_ID AS Valor FROM Cheque_x_Aplicar WHERE Ch_Folio = '" + folio + "'");
+    if (!lines.empty()) return false;
+    desk.connection.execute("UPDATE Cheque SET Es_Cve_Estado = 'CA' WHERE Ch_Folio = '" + folio + "'");
     return true;
 }
 
-bool cancel_with_document(Company& company, const std::string& movement) {
-    const std::string owner =
-        company.scalar("SELECT Bm_Documento FROM Banco_Movimiento WHERE Bm_Folio = '" + movement + "'");
-    if (owner.starts_with("DP-")) return cancel_deposit(company, owner);
-    if (owner.starts_with("CH-")) return cancel_check(company, owner);
-    return cancel_movement(company, movement);
+bool cancel_check_again(const Desk& desk, const std::string& folio) {
+    const bool moves = desk.text("SELECT COUNT(*) AS Valor FROM Banco_Movimiento WHERE Bm_Documento = '" + folio +
+                                 "' AND Es_Cve_Estado <> 'CA'") != "0";
+    if (moves) return cancel_check(desk, folio);
+    desk.connection.execute("UPDATE Cheque_x_Aplicar SET Es_Cve_Estado = 'CA' WHERE Ch_Folio = '" + folio + "'");
+    return true;
 }
 
-bool cancel_document(Company& company, const std::string& folio) {
-    if (folio.starts_with("RP-")) return cancel_receipt(company, folio);
-    if (folio.starts_with("DP-")) return cancel_deposit(company, folio);
-    if (folio.starts_with("CH-")) return cancel_check(company, folio);
-    return cancel_with_document(company, folio);
+bool cancel_with_document(const Desk& desk, const std::string& movement) {
+    const std::string owner = desk.text("SELECT Bm_Documento AS Valor FROM Banco_Movimiento WHERE Bm_Folio = '" +
+                                        movement + "' AND Bm_Tabla IN ('CHEQUE', 'DEPOSITO_PAGO')");
+    if (owner.starts_with("DP-")) return cancel_deposit(desk, owner);
+    if (owner.starts_with("CH-")) return cancel_check(desk, owner);
+    return cancel_movement(desk, movement);
 }
 
-bool cancel_payment(Company& company, const std::string& payment) {
-    return company.suite()->new_accounts_receivable()->CancelPayment(before_mark(payment, ':'),
-                                                                     after_mark(payment, ':'));
+bool cancel_document(const Desk& desk, const std::string& folio) {
+    if (folio.starts_with("RP-")) return cancel_receipt(desk, folio);
+    if (folio.starts_with("DP-")) return cancel_deposit(desk, folio);
+    if (folio.starts_with("CH-")) return cancel_check(desk, folio);
+    return cancel_with_document(desk, folio);
 }
 
-bool cancel_what_a_closing_left(Company& company, const std::string& receipt) {
-    const auto receivables = company.suite()->new_accounts_receivable();
+bool cancel_payment(const Desk& desk, const std::string& payment) {
+    return desk.suite.new_accounts_receivable()->CancelPayment(before_mark(payment, ':'), after_mark(payment, ':'));
+}
+
+bool cancel_what_a_closing_left(const Desk& desk, const std::string& receipt) {
+    const auto receivables = desk.suite.new_accounts_receivable();
     for (const std::string& payment :
-         company.rows("SELECT Cxc_Folio || ':' || Pc_ID FROM Pago_Cxc WHERE Pc_Documento = '" + receipt +
-                      "' AND Es_Cve_Estado <> 'CA'")) {
-        if (!cancel_payment(company, payment)) return false;
+         desk.texts("SELECT Cxc_Folio + ':' + Pc_ID AS Valor FROM Pago_Cxc WHERE Pc_Documento = '" + receipt +
+                    "' AND Es_Cve_Estado <> 'CA'")) {
+        if (!cancel_payment(desk, payment)) return false;
     }
     return receivables->CancelDocumentAdvances("RECIBO_PAGO", receipt) &&
            receivables->CancelDocumentReceivables("RECIBO_PAGO", receipt) &&
-           company.suite()->new_accounts_payable()->CancelDocumentPayables("RECIBO_PAGO", receipt);
+           desk.suite.new_accounts_payable()->CancelDocumentPayables("RECIBO_PAGO", receipt);
 }
 
-bool register_cancellation(Company& company, const std::string& movement) {
-    return company.suite()->data()->RegisterDocument("BANCO_MOVIMIENTO", movement);
+bool register_cancellation(const Desk& desk, const std::string& movement) {
+    return desk.suite.data()->RegisterDocument("BANCO_MOVIMIENTO", movement);
 }
 
 const std::map<std::string, Advice>& advices() {
@@ -129,13 +141,13 @@ const std::map<std::string, Advice>& advices() {
          by_hand("UPDATE Cuenta_x_Pagar SET Cxp_Tabla = 'ANTICIPO_CXP-CA:' + Cxp_Folio WHERE Cxp_Folio = '?'")},
         {"anticipo-aplicado-a-medias", cancel_payment},
         {"cheque-sin-encabezado", by_hand("UPDATE Cheque_x_Aplicar SET Es_Cve_Estado = 'CA' WHERE Ch_Folio = '?'")},
-        {"cheque-sin-movimiento", give_movement},
+        {"cheque-sin-movimiento", give_movement_or_cancel},
         {"cheque-duplicado", cancel_check},
         {"cheque-de-gasto-sin-gasto", cancel_check},
         {"cheque-de-solicitud-cancelada", cancel_check},
         {"cheque-cancelado-a-medias", cancel_check_again},
         {"cheque-sin-finalizar",
-         [](Company& company, const std::string& folio) { return company.treasury().Finalizar_Cheque(folio); }},
+         [](const Desk& desk, const std::string& folio) { return desk.treasury.Finalizar_Cheque(folio); }},
         {"gasto-por-comprobar-sin-pagar",
          by_hand("UPDATE Gasto_x_Comprobar SET Es_Cve_Estado = 'PA' WHERE Gc_Folio = '?'")},
         {"recibo-sin-deposito",
@@ -146,13 +158,9 @@ const std::map<std::string, Advice>& advices() {
         {"recibo-y-cuentas-por-cobrar-difieren", cancel_receipt},
         {"aplicacion-de-recibo-cancelado", cancel_what_a_closing_left},
         {"solicitud-cancelada-a-medias",
-         [](Company& company, const std::string& folio) {
-             return company.treasury().Cancelar_Solicitud_Cheque(folio);
-         }},
+         [](const Desk& desk, const std::string& folio) { return desk.treasury.Cancelar_Solicitud_Cheque(folio); }},
         {"solicitud-autorizada-a-medias",
-         [](Company& company, const std::string& folio) {
-             return company.treasury().Autorizar_Solicitud_Cheque(folio);
-         }},
+         [](const Desk& desk, const std::string& folio) { return desk.treasury.Autorizar_Solicitud_Cheque(folio); }},
         {"saldo-de-cuenta-por-cobrar",
          by_hand("UPDATE Cuenta_x_Cobrar SET Cxc_Precio_Neto_Pago = (SELECT ISNULL(SUM(Pc_Importe), 0) FROM Pago_Cxc "
                  "WHERE Cxc_Folio = '?' AND Es_Cve_Estado <> 'CA'), Cxc_Precio_Neto_Saldo = Cxc_Precio_Neto_Importe - "
@@ -174,13 +182,48 @@ const std::map<std::string, Advice>& advices() {
     return all;
 }
 
+std::string told(const std::vector<Finding>& findings) {
+    std::string text;
+    for (const Finding& finding : findings) text += finding.check + finding.document + finding.figures + '\n';
+    return text;
+}
+
+/// Gives "" or why it could not be followed.
+std::string follow(const Desk& desk, const Finding& finding) {
+    const auto advice = advices().find(finding.check);
+    if (advice == advices().end()) return "nobody knows how to follow the advice of " + finding.check;
+    const std::string folio = finding.document.substr(finding.document.rfind(' ') + 1);
+    return advice->second(desk, folio) ? "" : desk.treasury.Error();
+}
+
 }  // namespace
 
-std::string follow(Company& company, const std::string& rule, const std::string& document) {
-    const auto advice = advices().find(rule);
-    if (advice == advices().end()) return "nobody knows how to follow the advice of " + rule;
-    const std::string folio = document.substr(document.rfind(' ') + 1);
-    return advice->second(company, folio) ? "" : rule + ", " + document + ": " + company.treasury().Error();
+std::string Desk::text(const std::string& query) const {
+    const auto values = texts(query);
+    return values.empty() ? std::string() : values.front();
+}
+
+std::vector<std::string> Desk::texts(const std::string& query) const {
+    std::vector<std::string> values;
+    for (Rows rows(connection.execute(query)); !rows.eof(); rows.next()) values.push_back(rows.text("Valor"));
+    return values;
+}
+
+Followed follow_to_the_end(const Desk& desk, const std::function<std::vector<Finding>()>& look) {
+    Followed followed;
+    std::string before;
+    followed.left = look();
+    for (int steps = 0; !followed.left.empty() && told(followed.left) != before && steps < 30; ++steps) {
+        before = told(followed.left);
+        bool done = false;
+        for (auto finding = followed.left.begin(); finding != followed.left.end() && !done; ++finding) {
+            const std::string failed = follow(desk, *finding);
+            done = failed.empty();
+            followed.told += "\n  " + finding->check + " of " + finding->document + (done ? "" : " failed: " + failed);
+        }
+        followed.left = look();
+    }
+    return followed;
 }
 
 }  // namespace cuvexa::tests

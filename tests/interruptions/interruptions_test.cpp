@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "cuvexa/suite/audit.h"
+#include "interruptions/advice.h"
 #include "interruptions/scenario.h"
 
 namespace cuvexa::tests {
@@ -145,22 +145,13 @@ protected:
         }
     }
 
-    /// Follows one advice after the other, the first that can be followed, until nothing is found. A member that refuses may
-    /// have led on all the same, which the next look shows.
-    void follow_to_the_end(Stage& stage, Findings findings) {
-        std::string done, before;
-        for (int steps = 0; !findings.empty() && told(findings) != before && steps < 30; ++steps) {
-            before = told(findings);
-            bool followed = false;
-            for (auto finding = findings.begin(); finding != findings.end() && !followed; ++finding) {
-                const std::string failed = follow(stage.company, finding->check, finding->document);
-                followed = failed.empty();
-                done += "\n  " + finding->check + " of " + finding->document + (followed ? "" : " failed: " + failed);
-            }
+    void follow_advice(Stage& stage) {
+        const Desk desk{stage.company.treasury(), *stage.company.suite(), stage.company.connection()};
+        const Followed followed = follow_to_the_end(desk, [&] {
             stage.a_minute_passes();
-            findings = stage.findings();
-        }
-        EXPECT_EQ(told(findings), "") << "after:" << done;
+            return stage.findings();
+        });
+        EXPECT_EQ(told(followed.left), "") << "after:" << followed.told;
     }
 
     std::size_t statements_ = 0, points_ = 0, found_ = 0;
@@ -180,7 +171,7 @@ TEST_P(Interrupted, leaves_nothing_or_a_finding_whose_advice_puts_it_right) {
             return;
         }
         expect_advice(findings);
-        follow_to_the_end(stage, findings);
+        follow_advice(stage);
         stage.company.restart();
         // One that is refused may leave something again, and that is found.
         EXPECT_TRUE(!stage.call() || is_normal(stage.findings()))
@@ -205,7 +196,7 @@ TEST_P(Interrupted, and_simply_repeated_has_what_was_doubled_found) {
             << "the repeated call gave " << repeated << " (" << stage.company.treasury().Error()
             << "), the books differ, and nothing is found";
         expect_advice(findings);
-        follow_to_the_end(stage, findings);
+        follow_advice(stage);
     });
     if (whole()) EXPECT_EQ(unseen, GetParam().doubles_unseen_at.size()) << "an exception was not met";
 }

@@ -33,7 +33,4 @@ inline void PrintTo(const Scenario& scenario, std::ostream* out) {
 /// Vouchers are written by themselves throughout.
 const std::vector<Scenario>& scenarios();
 
-/// What an operator does who follows the advice of a finding. Gives "" or why it could not be followed.
-std::string follow(Company& company, const std::string& rule, const std::string& document);
-
 }  // namespace cuvexa::tests

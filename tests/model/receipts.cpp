@@ -269,7 +269,8 @@ void Treasury::undo_deposit(const Text& tag, const Text& folio, const Text& depo
     std::map<Text, int> receipts;
     const Text key = quoted(deposit);
     for (const auto& line : db.Recibo_Pago.rows()) {
-        if (differs(line.Es_Cve_Estado, "CA") && same(line.Rp_Folio_Deposito, key)) {
+        if (differs(line.Es_Cve_Estado, "CA") && same(line.Rp_Folio_Deposito, key) &&
+            differs(line.Rp_Folio_Deposito, "")) {
             ++receipts[in_one_case(line.Rp_Folio)];
         }
     }

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <deque>
+#include <functional>
 #include <optional>
 #include <set>
 #include <string>
@@ -52,7 +53,10 @@ public:
     /// Refused when a value does not fit into its column, and in the engine's words when there is a row of that key.
     void insert(Row row) {
         require_room(row);
-        if (!by_key_.emplace(key_of(row), rows_.size()).second) throw Failure{taken};
+        const Text key = key_of(row);
+        if (by_key_.contains(key)) throw Failure{taken};
+        if (before_write) before_write();
+        by_key_.emplace(key, rows_.size());
         changed.insert(rows_.size());
         inserted.push_back(rows_.size());
         rows_.push_back(std::move(row));
@@ -66,6 +70,7 @@ public:
             set(written.emplace_back(at, rows_[at]).second);
             require_room(written.back().second);
         }
+        if (!written.empty() && before_write) before_write();
         for (auto& [at, row] : written) {
             rows_[at] = std::move(row);
             changed.insert(at);
@@ -89,6 +94,9 @@ public:
 
     /// What the engine says of a key that is taken.
     Text taken;
+
+    /// Called before a statement's rows are written, when there are any; what it throws keeps them from it.
+    std::function<void()> before_write;
 
     /// Rows written, and those of them that came, since these two were last emptied.
     std::set<std::size_t> changed;

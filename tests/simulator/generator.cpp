@@ -35,6 +35,21 @@ Generator::Generator(const Generator_options& options)
       alterations_left_(chance_.below(25)) {}
 
 Step Generator::next(const Stage& stage) {
+    Step step = chosen(stage);
+    if (step.kind == Step::Kind::call && options_.faults > 0 && chance_.in_percent(options_.faults)) {
+        step.fault = fault();
+    }
+    return step;
+}
+
+/// Most calls have some twenty statements, few of them hundreds.
+Fault Generator::fault() {
+    const auto kind = static_cast<Fault::Kind>(chance_.below(static_cast<int>(Fault::Kind::disk_full) + 1));
+    const int within = kind == Fault::Kind::disk_full ? 3 : chance_.of(std::vector<int>{5, 15, 30, 60, 120});
+    return {kind, 1 + static_cast<std::size_t>(chance_.below(within)), chance_.in_percent(25)};
+}
+
+Step Generator::chosen(const Stage& stage) {
     const auto numbered = [&](Step step) {
         step.id = next_id_++;
         return step;
@@ -62,6 +77,7 @@ Step Generator::next(const Stage& stage) {
 }
 
 void Generator::observe(const Stage& stage, const Step& step) {
+    if (stage.restarted()) forget_session();
     const auto made = stage.made().find(step.id);
     if (made == stage.made().end()) return;
     for (const auto& [table, keys] : made->second) {
@@ -342,9 +358,13 @@ Step Generator::administration(const Stage& stage) {
     return Step::sql(alteration(stage));
 }
 
-Step Generator::another_session(const Stage& stage) {
+void Generator::forget_session() {
     for (User& user : users_) user = {};
     extras_.clear();
+}
+
+Step Generator::another_session(const Stage& stage) {
+    forget_session();
     Date at = add_days(stage.now(), chance_.below(3));
     if (chance_.in_percent(30)) {
         at = *parse_date(chance_.of({"2024-12-31T23:59:50", "2025-01-01T00:00:00", "2024-02-29T12:00:00",

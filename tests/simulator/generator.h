@@ -36,7 +36,8 @@ private:
 
 struct Generator_options {
     std::uint64_t seed = 1;
-    int users = 3;  ///< instances that work in turn
+    int users = 3;   ///< instances that work in turn
+    int faults = 0;  ///< calls out of a hundred with which something goes wrong
 };
 
 class Generator {
@@ -46,7 +47,7 @@ public:
     /// The next step on that stage.
     Step next(const Stage& stage);
 
-    /// Looks at what the step made.
+    /// Looks at what the step made, and what is left of the session.
     void observe(const Stage& stage, const Step& step);
 
 private:
@@ -65,6 +66,9 @@ private:
     void check(std::size_t user);
     void request(std::size_t user);
     void movement(std::size_t user);
+    Step chosen(const Stage& stage);
+    Fault fault();
+    void forget_session();
     Step lone_call(const Stage& stage, int object);
     Step lone_let(int object);
     Step administration(const Stage& stage);

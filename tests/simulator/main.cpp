@@ -28,6 +28,7 @@ struct Options {
     int steps = 400;  ///< of one company
     int users = 3;
     int threads = 1;
+    int faults = 0;
     bool statistics = false;
     std::string out = ".";
     std::string replay;
@@ -42,6 +43,7 @@ struct Count {
 struct Tally {
     long calls = 0;
     long companies = 0;
+    Stage::Disturbed disturbed;
     std::map<std::string, Count> members;
 
     void add(const Step& step, const Stage& stage) {
@@ -58,6 +60,8 @@ struct Tally {
     void add(const Tally& other) {
         calls += other.calls;
         companies += other.companies;
+        disturbed.calls += other.disturbed.calls;
+        disturbed.with_findings += other.disturbed.with_findings;
         for (const auto& [member, count] : other.members) {
             Count& sum = members[member];
             sum.calls += count.calls;
@@ -85,7 +89,7 @@ std::unique_ptr<Stage> new_stage() {
 std::optional<Finding> simulate(std::uint64_t seed, const Options& options, Tally& tally) {
     const std::unique_ptr<Stage> made = new_stage();
     Stage& stage = *made;
-    Generator generator({.seed = seed, .users = options.users});
+    Generator generator({.seed = seed, .users = options.users, .faults = options.faults});
     Script script;
     for (int at = 0; at < options.steps; ++at) {
         script.push_back(generator.next(stage));
@@ -97,6 +101,7 @@ std::optional<Finding> simulate(std::uint64_t seed, const Options& options, Tall
     std::vector<std::string> differences = stage.run_end();
     if (!differences.empty()) return Finding{std::move(script), std::move(differences), stage.made()};
     ++tally.companies;
+    tally.disturbed = stage.disturbed();
     return std::nullopt;
 }
 
@@ -153,6 +158,10 @@ public:
             return 1;
         }
         if (options_.statistics) print(tally_);
+        if (options_.faults > 0) {
+            std::cout << tally_.disturbed.calls << " calls were interrupted; " << tally_.disturbed.with_findings
+                      << " left what the audit found, and following its advice put it right\n";
+        }
         std::cout << tally_.calls << " calls in " << tally_.companies << " companies, seeds " << first_ << " to "
                   << next_ - 1 << ": the component and its model agree ("
                   << static_cast<long>(static_cast<double>(tally_.calls) / seconds()) << " calls a second)\n";
@@ -205,6 +214,8 @@ int main(int argc, char** argv) {
     program.add_option("--steps", options.steps, "Steps of one company")->capture_default_str();
     program.add_option("--users", options.users, "Instances that work in turn")->capture_default_str();
     program.add_option("--threads", options.threads, "Threads, each with a component and companies of its own")
+        ->capture_default_str();
+    program.add_option("--faults", options.faults, "Calls out of a hundred with which something goes wrong")
         ->capture_default_str();
     program.add_flag("--statistics", options.statistics,
                      "Say at the end how often each member was called, and what it refused");

@@ -104,7 +104,8 @@ std::vector<Limit> limits_of(const std::string& table) {
     while (std::getline(schema, line) && line.starts_with("    ")) {
         std::string column, type;
         std::istringstream(line) >> column >> type;
-        Limit limit{.refusal = "El valor no cabe en la columna " + column + ": admite "};
+        Limit limit;
+        limit.refusal = "El valor no cabe en la columna " + column + ": admite ";
         if (const auto open = type.find("char("); open != std::string::npos && std::isdigit(type[open + 5])) {
             limit.most = std::stoul(type.substr(open + 5));
             limit.refusal += "hasta " + std::to_string(*limit.most) + " caracteres";
@@ -187,10 +188,12 @@ sqlite3_stmt* Rows::prepared(const std::string& text) {
     return statement;
 }
 
-void Rows::note(void* self, int, const char*, const char* table, sqlite3_int64 row) {
+void Rows::note(void* self, int operation, const char*, const char* table, sqlite3_int64 row) {
     auto& tables = static_cast<Rows*>(self)->tables_;
     const auto found = tables.find(std::string_view(table));
-    if (found != tables.end()) found->second.changed.insert(row);
+    if (found == tables.end()) return;
+    found->second.changed.insert(row);
+    if (operation == SQLITE_INSERT) found->second.came.insert(row);
 }
 
 // ---- The model takes over -------------------------------------------------------------------------------------------
@@ -202,6 +205,7 @@ void Rows::load(Table& table, model::Table<Row>& rows) {
     sqlite3_reset(table.all);
     rows.load(std::move(read));
     table.changed.clear();
+    table.came.clear();
 }
 
 void Rows::load_all() {
@@ -244,7 +248,7 @@ void Rows::compare_changed(Table& table, model::Table<Row>& rows, Made& made, st
             } else {
                 differences.push_back(table.name + " " + name_of(stored) + ": the model has no such row");
             }
-        } else {
+        } else if (!table.came.contains(rowid)) {  // or it came in what was taken back as a whole
             differences.push_back(table.name + ": a row is gone");
         }
         sqlite3_reset(table.by_rowid);
@@ -264,6 +268,7 @@ void Rows::compare_changed(Table& table, model::Table<Row>& rows, Made& made, st
         for (const std::size_t place : rows.inserted) keys.push_back(first_column(rows.at(place)));
     }
     table.changed.clear();
+    table.came.clear();
     rows.changed.clear();
     rows.inserted.clear();
 }

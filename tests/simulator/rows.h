@@ -40,10 +40,10 @@ private:
         sqlite3_stmt* by_rowid = nullptr;
         sqlite3_stmt* by_key = nullptr;
         sqlite3_stmt* all = nullptr;
-        std::set<sqlite3_int64> changed;
+        std::set<sqlite3_int64> changed, came;
     };
 
-    static void note(void* self, int, const char*, const char* table, sqlite3_int64 row);
+    static void note(void* self, int operation, const char*, const char* table, sqlite3_int64 row);
     Table table_of(const std::string& name, int keys);
     sqlite3_stmt* prepared(const std::string& text);
 

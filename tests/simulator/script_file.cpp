@@ -111,6 +111,11 @@ private:
             if (step.kind == Step::Kind::call) params["args"] = std::move(arguments);
             if (step.kind == Step::Kind::let) params["value"] = std::move(arguments.at(0));
         }
+        if (step.fault) {
+            finish_asking();
+            out_ << "# What went wrong with the next call: " << name_of(step.fault->kind) << ", at " << step.fault->at
+                 << (step.fault->atomic ? ", in a unit of work" : "") << ".\n";
+        }
         ask(kinds[static_cast<std::size_t>(step.kind)], std::move(params));
         if (step.kind == Step::Kind::call) ask("get", {{"object", objects_.at(step.object)}, {"member", "Error"}});
     }
@@ -139,6 +144,10 @@ void write_script(const Script& script, std::ostream& out) {
         if (!step.name.empty()) line["name"] = step.name;
         if (!step.arguments.empty()) line["arguments"] = step.arguments;
         if (step.at.days != 0) line["at"] = iso_date(step.at);
+        if (step.fault) {
+            line["fault"] = {
+                {"kind", name_of(step.fault->kind)}, {"at", step.fault->at}, {"atomic", step.fault->atomic}};
+        }
         out << line.dump() << "\n";
     }
 }
@@ -155,6 +164,10 @@ Script read_script(std::istream& in) {
         step.name = line.value("name", "");
         step.arguments = line.value("arguments", Json::array());
         if (line.contains("at")) step.at = parse_date(line.at("at").get<std::string>()).value();
+        if (line.contains("fault")) {
+            const Json& fault = line["fault"];
+            step.fault = Fault{fault_named(fault.at("kind")).value(), fault.at("at"), fault.at("atomic")};
+        }
         script.push_back(std::move(step));
     }
     return script;

@@ -14,8 +14,8 @@ Script read_script(std::istream& in);
 
 /// A program for bash that does the script on a database of its own: the sample company, the statements beside the
 /// component, and each session as JSON-RPC requests to `cuvexa rpc`. `made` holds what the steps made when they last ran;
-/// `differences` is what the last step showed. A server date that moves within a session cannot be told to `cuvexa rpc`
-/// and stands as a comment.
+/// `differences` is what the last step showed. A server date that moves within a session, and what goes wrong with
+/// a call, cannot be told to `cuvexa rpc` and stand as comments.
 void write_session(const Script& script, const std::map<int, Made>& made, const std::vector<std::string>& differences,
                    std::ostream& out);
 

@@ -6,6 +6,7 @@ endif()
 
 file(GLOB model_files CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/../model/*.cpp)
 file(GLOB simulator_files CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/*.cpp)
+list(APPEND simulator_files ${CMAKE_CURRENT_LIST_DIR}/../interruptions/advice.cpp)
 list(FILTER simulator_files EXCLUDE REGEX "/(main|[a-z_]+_test)[.]cpp$")
 add_library(cuvexa_simulator STATIC ${model_files} ${simulator_files})
 target_link_libraries(cuvexa_simulator PUBLIC cuvexa_test_support cuvexa_automation)
@@ -32,4 +33,7 @@ add_test(NAME simulation.seeds_of_the_day COMMAND cuvexa_simulate --day --calls 
 math(EXPR calls "${calls} / 5")
 add_test(NAME simulation.sixteen_threads
     COMMAND cuvexa_simulate --seed 1000 --threads 16 --calls ${calls} --out ${CMAKE_BINARY_DIR}/simulation)
-set_tests_properties(simulation.sixteen_threads simulation.fixed_seeds simulation.seeds_of_the_day PROPERTIES TIMEOUT 900)
+math(EXPR calls "${calls} / 2")
+add_test(NAME simulation.faults
+    COMMAND cuvexa_simulate --seed 1 --faults 15 --calls ${calls} --out ${CMAKE_BINARY_DIR}/simulation)
+set_tests_properties(simulation.faults simulation.sixteen_threads simulation.fixed_seeds simulation.seeds_of_the_day PROPERTIES TIMEOUT 900)

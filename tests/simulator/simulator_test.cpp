@@ -119,6 +119,96 @@ TEST(Simulator, an_honest_script_shows_nothing) {
     EXPECT_FALSE(play(script));
 }
 
+TEST(Simulator, a_deposit_folio_of_blanks_is_none) {
+    EXPECT_FALSE(
+        play({step(1, Step::Kind::create, "Tesoreria"),
+              step(2, Step::Kind::let, "RpEncabezado",
+                   {{{"Rp_Fecha", "2024-03-15"},
+                     {"Mn_Cve_Moneda", "MXN"},
+                     {"Rp_Tipo_Cambio", 1},
+                     {"Rp_Folio_Deposito", " "},
+                     {"Sucursal", {{"Sc_Cve_Sucursal", "MTY"}}},
+                     {"TipoReciboPago", {{"Trp_Cve_Tipo_Recibo_Pago", "01"}}}}}),
+              step(3, Step::Kind::let, "RpDetalle",
+                   {{{"Fp_Cve_Forma_Pago", {{"Fp_Cve_Forma_Pago", "01"}}}, {"Rp_Importe", 5}}}),
+              step(4, Step::Kind::call, "Add_Recibo_Caja_Detalle"),
+              step(5, Step::Kind::call, "Cancelar_Recibo_Caja", {reference(4, "Recibo_Pago", 0), true, true})}));
+}
+
+// ---- What goes wrong ------------------------------------------------------------------------------------------------
+
+/// A movement whose call meets the fault.
+Script disturbed_movement(const Fault& fault, const std::string& planted = {}) {
+    Script script = {step(1, Step::Kind::sql, "UPDATE Configuracion_Contable SET Ct_Automatica = 'SI'"),
+                     step(2, Step::Kind::create, "Tesoreria")};
+    if (!planted.empty()) script.push_back(step(3, Step::Kind::sql, planted));
+    script.push_back(step(4, Step::Kind::call, "Registra_Movimiento_Banco", movement(), 2));
+    script.back().fault = fault;
+    return script;
+}
+
+/// What a script showed, and what went wrong in it.
+std::pair<std::vector<std::string>, Stage::Disturbed> shown_by(const Script& script) {
+    Stage stage;
+    std::vector<std::string> differences;
+    for (const Step& each : script) {
+        for (const std::string& difference : stage.run(each)) differences.push_back(difference);
+    }
+    return {differences, stage.disturbed()};
+}
+
+class Disturbed : public ::testing::TestWithParam<Fault::Kind> {};
+
+TEST_P(Disturbed, a_call_leaves_what_the_model_expects_and_the_audit_puts_it_right) {
+    Stage::Disturbed met;
+    for (std::size_t at = 1; at <= 24; ++at) {
+        for (const bool atomic : {false, true}) {
+            SCOPED_TRACE((atomic ? "unit, " : "") + std::to_string(at));
+            const auto [differences, disturbed] = shown_by(disturbed_movement({GetParam(), at, atomic}));
+            EXPECT_THAT(differences, IsEmpty());
+            met.calls += disturbed.calls;
+            met.with_findings += disturbed.with_findings;
+            if (atomic) EXPECT_EQ(disturbed.with_findings, 0) << "a unit of work leaves nothing";
+        }
+    }
+    // What the pages have room for is the engine's business, and may end with the call as it began.
+    EXPECT_GE(met.calls, GetParam() == Fault::Kind::disk_full ? 1 : 24);
+    EXPECT_GE(met.with_findings, GetParam() == Fault::Kind::disk_full ? 0 : 4);
+}
+
+INSTANTIATE_TEST_SUITE_P(By, Disturbed,
+                         ::testing::Values(Fault::Kind::refused, Fault::Kind::conflict, Fault::Kind::lost,
+                                           Fault::Kind::unanswered, Fault::Kind::killed, Fault::Kind::killed_behind,
+                                           Fault::Kind::disk_full),
+                         [](const auto& info) { return std::string(name_of(info.param)); });
+
+/// Far enough into the call for the movement to stand, and not yet to be registered.
+constexpr std::size_t behind_the_movement = 14;
+
+TEST(Simulator, rows_beyond_what_the_call_had_written_are_a_difference) {
+    const auto [differences, disturbed] =
+        shown_by(disturbed_movement({Fault::Kind::refused, behind_the_movement, false}, planted_cent(3).name));
+    EXPECT_THAT(differences, Contains(HasSubstr("Banco \"SIERRA\": Bn_Saldo is")));
+}
+
+TEST(Simulator, advice_that_does_not_help_is_a_difference) {
+    const auto [differences, disturbed] = shown_by(disturbed_movement(
+        {Fault::Kind::refused, behind_the_movement, false},
+        "CREATE TRIGGER Sigue BEFORE UPDATE OF Es_Cve_Estado ON Banco_Movimiento BEGIN SELECT RAISE(IGNORE); END"));
+    EXPECT_THAT(differences, Contains(HasSubstr("advice does not help: movimiento-sin-registrar")));
+}
+
+TEST(Simulator, what_the_audit_finds_and_the_model_does_not_is_a_difference) {
+    Stage stage;
+    // The model takes rows over when a step changes them, not when a trigger waits for a later one.
+    EXPECT_THAT(stage.run(step(1, Step::Kind::sql, "UPDATE Banco SET Bn_Saldo = 7 WHERE Bn_Cve_Banco = 'SIERRA'")),
+                IsEmpty());
+    EXPECT_THAT(stage.run_end(), IsEmpty()) << "both find it";
+    stage.rows().Banco.update([](const auto&) { return true; }, [](auto& bank) { bank.Bn_Saldo = 0; });
+    EXPECT_THAT(stage.compared_findings(),
+                Contains(HasSubstr("the audit finds, and the model does not: saldo-de-banco, Banco SIERRA")));
+}
+
 // ---- Scripts --------------------------------------------------------------------------------------------------------
 
 TEST(Simulator, references_stand_for_what_a_step_made_and_for_nothing_when_it_is_gone) {
@@ -141,6 +231,7 @@ TEST(Simulator, a_script_on_disk_is_the_same_script) {
     Script script = script_with_a_cent_too_much();
     script.push_back({.id = 9, .kind = Step::Kind::session, .name = "CAJA2", .at = make_date(2024, 3, 16, 8, 0, 0)});
     script.push_back({.id = 10, .kind = Step::Kind::clock, .name = {}, .at = make_date(2024, 3, 17)});
+    script.push_back(disturbed_movement({Fault::Kind::unanswered, 7, true}).back());
     std::stringstream file;
     write_script(script, file);
     const Script again = read_script(file);
@@ -152,6 +243,7 @@ TEST(Simulator, a_script_on_disk_is_the_same_script) {
         EXPECT_EQ(again[at].name, script[at].name);
         EXPECT_EQ(again[at].arguments, script[at].arguments);
         EXPECT_EQ(again[at].at, script[at].at);
+        EXPECT_EQ(again[at].fault, script[at].fault);
     }
 }
 

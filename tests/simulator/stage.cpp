@@ -4,8 +4,11 @@
 
 #include "automation/invoke.h"
 #include "automation/json_variant.h"
+#include "cuvexa/suite/audit.h"
 #include "cuvexa/suite/schema.h"
 #include "cuvexa/tesoreria.h"
+#include "cuvexa/unit_of_work.h"
+#include "model/audit.h"
 #include "simulator/model_members.h"
 
 namespace cuvexa::simulator {
@@ -46,7 +49,15 @@ bool equal(const Variant& a, const Variant& b, double largest = 1) {
 
 Stage::Stage()
     : database_(sample_company_sql()), model_suite_{model_rows_, Date(), ""}, rows_(database_.embedded(), model_rows_) {
+    model::each_table(model_rows_,
+                      [&](std::string_view, auto& rows) { rows.before_write = [this] { write_in_model(); }; });
     begin_session("CAJA1", make_date(2024, 3, 15, 10, 20, 30));
+}
+
+void Stage::write_in_model() {
+    ++failing_.writes;
+    if (failing_.at == 0 || failing_.writes < failing_.at) return;
+    if (failing_.writes == failing_.at || failing_.from_there_on) throw model::Failure{failing_.description};
 }
 
 void Stage::begin_session(const std::string& user, Date at) {
@@ -55,7 +66,7 @@ void Stage::begin_session(const std::string& user, Date at) {
     const auto report = [this](const Reported_error& error) {
         reports_.push_back(error.code + " " + error.description);
     };
-    suite_ = std::make_shared<Reference_suite>(database_.connection(),
+    suite_ = std::make_shared<Reference_suite>(wire_,
                                                Suite_options{.user = user, .server_date = at, .report_error = report});
     module_ = std::make_unique<Module>(suite_);
     create_ = object_factory(*module_);
@@ -82,6 +93,7 @@ const model::Treasury* Stage::treasury(int object) const {
 std::vector<std::string> Stage::run(const Step& step) {
     differences_.clear();
     succeeded_ = true;
+    restarted_ = false;
     switch (step.kind) {
         case Step::Kind::sql:
             if (sqlite3_exec(database_.embedded(), resolved(step.name, made_).c_str(), nullptr, nullptr, nullptr) !=
@@ -103,22 +115,139 @@ std::vector<std::string> Stage::run(const Step& step) {
         default:
             break;
     }
-    if (!objects_.contains(step.object)) return {};  // its creation was taken out of the script
+    if (objects_.contains(step.object)) run_member(step);  // else its creation was taken out of the script
+    return differences_;
+}
+
+void Stage::run_member(const Step& step) {
+    const std::set<Named> before = step.fault ? named_findings() : std::set<Named>();
     const Member& member = find_member(objects_.at(step.object)->type(), step.name, kind_of(step.kind));
     std::vector<Variant> for_component = arguments_of(step, member);
     std::vector<Variant> for_model = for_component;
+    wire_.begin(step.fault);
     const Outcome component = run_component(step, member, for_component);
+    const std::size_t writes = wire_.writes();
+    wire_.end();
+    const bool went_wrong = wire_.met() && failed(step, component);
+    failing_ = went_wrong ? failing_of(step) : Failing{};
+    const bool atomic = step.fault && step.fault->atomic;
+    const auto saved = atomic ? std::optional(model_rows_) : std::nullopt;
     const Outcome model = run_model(step, for_model);
-    compare_outcomes(component, model);
-    compare_arguments(for_component, for_model);
-    compare_state(step.object);
+    const auto* done = std::get_if<bool>(&model.value);
+    const bool undone = atomic && (model.thrown || (done != nullptr && !*done) || (went_wrong && !wire_.met()->kept));
+    if (undone) model_rows_ = *saved;
+
+    const bool comparable = !went_wrong || (wire_.met()->at_a_write && !step.fault->is_the_end());
+    if (comparable) {
+        compare_outcomes(component, model);
+        compare_arguments(for_component, for_model);
+        compare_state(step.object);
+    } else {
+        compare_failure(step, component);
+    }
+    compare_rows(step);
+    if (!went_wrong && writes != failing_.writes) {
+        differences_.push_back("the component changed rows " + std::to_string(writes) + " times, the model " +
+                               std::to_string(failing_.writes) + " times");
+    }
+    for (const std::string& report : std::exchange(reports_, {})) {
+        if (!went_wrong) differences_.push_back("reported: " + report);
+    }
+    const auto* answer = std::get_if<bool>(&component.value);
+    succeeded_ = !component.thrown && (answer == nullptr || *answer);
+    if (!step.fault) return;
+    if (differences_.empty()) differences_ = compared_findings();
+    if (differences_.empty()) follow_advice(before);
+    if (wire_.met()) ++disturbed_.calls;
+    if (comparable) return;
+    begin_session(model_suite_.user, model_suite_.now);
+    restarted_ = true;
+}
+
+// ---- What goes wrong ------------------------------------------------------------------------------------------------
+
+/// Whether the call told of a failure.
+bool Stage::failed(const Step& step, const Outcome& component) const {
+    if (component.thrown) return true;
+    if (const auto* done = std::get_if<bool>(&component.value)) return !*done;
+    const auto* instance = dynamic_cast<const Automation_object_of<Tesoreria>*>(objects_.at(step.object).get());
+    return instance != nullptr && !instance->instance()->Error().empty();
+}
+
+Stage::Failing Stage::failing_of(const Step& step) const {
+    const Wire::Met& met = *wire_.met();
+    if (met.kept) return {};  // the whole call had been done
+    return {.at = met.writes + 1, .from_there_on = step.fault->is_the_end(), .description = met.description};
+}
+
+/// A statement that reads has failed, or nobody was there any more to take the answer: the failure is told.
+void Stage::compare_failure(const Step& step, const Outcome& component) {
+    const auto* instance = dynamic_cast<const Automation_object_of<Tesoreria>*>(objects_.at(step.object).get());
+    const std::string told = component.thrown ? *component.thrown : instance->instance()->Error();
+    if (told.find(wire_.met()->description) != std::string::npos) return;
+    differences_.push_back("the failure \"" + wire_.met()->description + "\" of " + wire_.met()->statement +
+                           " is told as \"" + told + "\"");
+}
+
+void Stage::compare_rows(const Step& step) {
     Made made;
     for (std::string& difference : rows_.compare(made)) differences_.push_back(std::move(difference));
     if (!made.empty()) made_[step.id] = std::move(made);
-    for (const std::string& report : std::exchange(reports_, {})) differences_.push_back("reported: " + report);
-    const auto* done = std::get_if<bool>(&component.value);
-    succeeded_ = !component.thrown && (done == nullptr || *done);
-    return differences_;
+}
+
+// ---- The audit ------------------------------------------------------------------------------------------------------
+
+namespace {
+
+/// The same rule, document and words; amounts that were added up may differ in their last digits.
+bool alike(const cuvexa::Finding& found, const model::Finding& expected) {
+    const auto without_digits = [](std::string text) {
+        std::erase_if(text, [](char c) { return (c >= '0' && c <= '9') || c == '-'; });
+        return text;
+    };
+    if (found.check != expected.check || !model::same(found.document, expected.document)) return false;
+    return found.figures == expected.figures ||
+           (found.figures.size() > 40 && without_digits(found.figures) == without_digits(expected.figures));
+}
+
+std::string told(const auto& finding) {
+    return finding.check + ", " + finding.document + ", " + finding.figures;
+}
+
+}  // namespace
+
+std::set<Named> Stage::named_findings() {
+    std::set<Named> named;
+    for (const auto& finding : audit(database_.connection())) named.emplace(finding.check, finding.document);
+    return named;
+}
+
+std::vector<std::string> Stage::compared_findings() {
+    std::vector<std::string> differences;
+    std::vector<model::Finding> expected = model::Audit(model_rows_).findings();
+    for (const auto& finding : audit(database_.connection())) {
+        const auto same =
+            std::find_if(expected.begin(), expected.end(), [&](const auto& other) { return alike(finding, other); });
+        if (same != expected.end()) {
+            expected.erase(same);
+        } else {
+            differences.push_back("the audit finds, and the model does not: " + told(finding));
+        }
+    }
+    for (const auto& finding : expected) {
+        if (finding.certain) differences.push_back("the model finds, and the audit does not: " + told(finding));
+    }
+    return differences;
+}
+
+void Stage::follow_advice(const std::set<Named>& before) {
+    std::set<Named> after = named_findings();
+    std::erase_if(after, [&](const Named& finding) { return before.contains(finding); });
+    if (after.empty()) return;
+    ++disturbed_.with_findings;
+    for (std::string& left : follow_all_advice(database_.embedded(), model_suite_.now, before)) {
+        differences_.push_back(std::move(left));
+    }
 }
 
 std::vector<Variant> Stage::arguments_of(const Step& step, const Member& member) {
@@ -138,10 +267,23 @@ std::vector<Variant> Stage::arguments_of(const Step& step, const Member& member)
 
 Stage::Outcome Stage::run_component(const Step& step, const Member& member, std::vector<Variant>& arguments) {
     try {
+        if (step.fault && step.fault->atomic) return {run_as_unit(step, member, arguments), std::nullopt};
         return {Invoke(*objects_.at(step.object), member, arguments), std::nullopt};
     } catch (const Automation_error& failure) {
         return {{}, failure.what()};
+    } catch (const Database_error& failure) {
+        if (!wire_.met()) throw;
+        return {{}, failure.what()};
     }
+}
+
+/// Kept when it gives True, or no Boolean at all.
+Variant Stage::run_as_unit(const Step& step, const Member& member, std::vector<Variant>& arguments) {
+    Unit_of_work work(wire_);
+    Variant value = Invoke(*objects_.at(step.object), member, arguments);
+    const auto* done = std::get_if<bool>(&value);
+    if (done == nullptr || *done) work.commit();
+    return value;
 }
 
 Stage::Outcome Stage::run_model(const Step& step, std::vector<Variant>& arguments) {
@@ -235,7 +377,8 @@ void Stage::compare_state(int object) {
 }
 
 std::vector<std::string> Stage::run_end() {
-    return rows_.compare_all();
+    differences_ = rows_.compare_all();
+    return differences_.empty() ? compared_findings() : differences_;
 }
 
 }  // namespace cuvexa::simulator

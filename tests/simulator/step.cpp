@@ -1,7 +1,12 @@
 #include "simulator/step.h"
 
+#include <array>
+
 namespace cuvexa::simulator {
 namespace {
+
+constexpr std::array<const char*, 7> names = {"refused", "conflict",      "lost",     "unanswered",
+                                              "killed",  "killed_behind", "disk_full"};
 
 constexpr std::string_view opening = "«", closing = "»";
 
@@ -15,6 +20,17 @@ std::string key_of(std::string_view reference, const std::map<int, Made>& made) 
 }
 
 }  // namespace
+
+const char* name_of(Fault::Kind kind) {
+    return names[static_cast<std::size_t>(kind)];
+}
+
+std::optional<Fault::Kind> fault_named(const std::string& name) {
+    for (std::size_t at = 0; at < names.size(); ++at) {
+        if (names[at] == name) return static_cast<Fault::Kind>(at);
+    }
+    return std::nullopt;
+}
 
 std::string reference(int step, const std::string& table, std::size_t at) {
     return std::string(opening) + std::to_string(step) + ':' + table + ':' + std::to_string(at) + std::string(closing);

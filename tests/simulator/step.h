@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,32 @@
 namespace cuvexa::simulator {
 
 using Json = nlohmann::json;
+
+/// What goes wrong with a call, and where.
+struct Fault {
+    enum class Kind {
+        refused,        ///< the statement is not taken; those after it are
+        conflict,       ///< the same, another session being in its way
+        lost,           ///< the connection is gone when the statement is sent
+        unanswered,     ///< the statement is done, and the connection gone before its answer
+        killed,         ///< the program ends before the statement
+        killed_behind,  ///< the program ends behind it
+        disk_full,      ///< no room for more than `at` further pages
+    };
+
+    Kind kind = Kind::refused;
+    std::size_t at = 1;   ///< the statement of the call, from 1
+    bool atomic = false;  ///< the call is a unit of work
+
+    bool operator==(const Fault&) const = default;
+
+    /// Nothing else is asked of the program that made the call.
+    bool is_the_end() const { return kind != Kind::refused && kind != Kind::conflict && kind != Kind::disk_full; }
+};
+
+/// "killed_behind"; the kind of that name, nothing for another one.
+const char* name_of(Fault::Kind kind);
+std::optional<Fault::Kind> fault_named(const std::string& name);
 
 struct Step {
     enum class Kind {
@@ -35,6 +62,7 @@ struct Step {
     std::string name;
     Json arguments = Json::array();
     Date at{};
+    std::optional<Fault> fault = std::nullopt;  ///< of a call
 
     static Step sql(std::string statement) { return {.kind = Kind::sql, .name = std::move(statement)}; }
 };
