@@ -39,6 +39,11 @@ bool is_picture(const std::string& path) {
     return fs::path(path).extension() == ".png";
 }
 
+/// What systemd and the package tools read has the names that they want.
+bool is_of_the_packages(const std::string& path) {
+    return path.starts_with("packaging/debian/") || path.starts_with("packaging/service/");
+}
+
 bool is_text(std::string_view content) {
     const auto is_control = [](unsigned char c) { return c < ' ' && c != '\n' && c != '\t' && c != '\r'; };
     return std::none_of(content.begin(), content.end(), is_control);
@@ -59,6 +64,7 @@ std::string objection(const std::string& path, std::string_view content) {
     }
     if (!is_text(content)) return "neither text nor a picture";
     if (names_of_settings.contains(name.string()) || kinds_of_text.contains(extension)) return "";
+    if (is_of_the_packages(path)) return "";
     if (extension.empty() && content.starts_with("#!")) return "";
     return "a kind of file that the house does not have";
 }
@@ -126,6 +132,7 @@ TEST(House, the_rule_for_files_objects_to_each_kind_that_does_not_belong) {
     EXPECT_EQ(objection("run", "#!/bin/sh\n"), "");
     EXPECT_EQ(objection(".clang-format", "IndentWidth: 4\n"), "");
     EXPECT_EQ(objection("docs/states.md", "Depósito\n"), "");
+    EXPECT_EQ(objection("packaging/debian/control", "Source: cuvexa\n"), "");
     EXPECT_EQ(objection("docs/images/a.png", std::string("\x89PNG\r\n\x1a\n\0\0", 10)), "");
     EXPECT_THAT(objection("tests/servers/-1", ""), HasSubstr("option"));
     EXPECT_THAT(objection("-v/a.cpp", ""), HasSubstr("option"));
