@@ -76,11 +76,14 @@ bool cancel_check_again(const Desk& desk, const std::string& folio) {
 }
 
 bool cancel_with_document(const Desk& desk, const std::string& movement) {
-    const std::string owner = desk.text("SELECT Bm_Documento AS Valor FROM Banco_Movimiento WHERE Bm_Folio = '" +
-                                        movement + "' AND Bm_Tabla IN ('CHEQUE', 'DEPOSITO_PAGO')");
-    if (owner.starts_with("DP-")) return cancel_deposit(desk, owner);
-    if (owner.starts_with("CH-")) return cancel_check(desk, owner);
-    return cancel_movement(desk, movement);
+    const auto document_in = [&](const std::string& table) {
+        return desk.text("SELECT Bm_Documento AS Valor FROM Banco_Movimiento WHERE Bm_Folio = '" + movement +
+                         "' AND Bm_Tabla = '" + table + "'");
+    };
+    // One that was registered by hand may name what is no document, or another's.
+    const std::string deposit = document_in("DEPOSITO_PAGO"), check = document_in("CHEQUE");
+    return (deposit.starts_with("DP-") && cancel_deposit(desk, deposit)) ||
+           (check.starts_with("CH-") && cancel_check(desk, check)) || cancel_movement(desk, movement);
 }
 
 bool cancel_document(const Desk& desk, const std::string& folio) {
