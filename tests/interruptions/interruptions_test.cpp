@@ -198,7 +198,9 @@ TEST_P(Interrupted, and_simply_repeated_has_what_was_doubled_found) {
         expect_advice(findings);
         follow_advice(stage);
     });
-    if (whole()) EXPECT_EQ(unseen, GetParam().doubles_unseen_at.size()) << "an exception was not met";
+    if (whole()) {
+        EXPECT_EQ(unseen, GetParam().doubles_unseen_at.size()) << "an exception was not met";
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(At_every_statement, Interrupted, ::testing::ValuesIn(scenarios()),
