@@ -141,6 +141,35 @@ TEST_F(Dialect_on_sqlite, a_scalar_sub_select_of_one_value_or_none_is_that_value
     EXPECT_THAT(v("SELECT Nombre AS v FROM Banco WHERE Banco = 'N'"), ElementsAre("C1"));
 }
 
+TEST_F(Dialect_on_sqlite, a_sub_select_of_the_updated_table_is_asked_once_for_each_key) {
+    EXPECT_EQ(db.translate("UPDATE Cuenta SET Saldo = (SELECT SUM(Saldo) FROM Cuenta a WHERE a.Banco = Cuenta.Banco), "
+                           "Tipo = '' WHERE Tipo <> 'z'"),
+              "UPDATE Cuenta SET Saldo = COALESCE ( cuvexa_recall ( 5 , Cuenta . Banco ) , cuvexa_remember ( 5 , "
+              "Cuenta . Banco , ( SELECT SUM ( Saldo ) FROM Cuenta a WHERE a . Banco = Cuenta . Banco ) COLLATE NOCASE "
+              ") ) COLLATE NOCASE , Tipo = '' WHERE Tipo <> 'z'");
+    run("UPDATE Cuenta SET Banco = 'BRISA' WHERE Clave = 'C2'");
+    run("UPDATE Cuenta SET Banco = NULL, Saldo = 7 WHERE Clave = 'C3'");
+    run("UPDATE Cuenta SET Saldo = (SELECT SUM(Saldo) FROM Cuenta a WHERE a.Banco = Cuenta.Banco), "
+        "Tipo = (SELECT DISTINCT CASE a.Banco WHEN 'BRISA' THEN 'b' END FROM Cuenta a WHERE a.Banco = Cuenta.Banco)");
+    EXPECT_THAT(v("SELECT Saldo AS v FROM Cuenta ORDER BY Clave"), ElementsAre("150.5", "150.5", "NULL"));
+    EXPECT_THAT(v("SELECT Tipo AS v FROM Cuenta ORDER BY Clave"), ElementsAre("b", "b", "NULL"));
+    run("UPDATE Cuenta SET Saldo = (SELECT COUNT(*) FROM Cuenta a WHERE a.Banco = Cuenta.Banco)");
+    EXPECT_THAT(v("SELECT Saldo AS v FROM Cuenta ORDER BY Clave"), ElementsAre("2", "2", "0"))
+        << "nothing is left over";
+}
+
+TEST_F(Dialect_on_sqlite, a_sub_select_whose_answer_depends_on_more_than_one_column_is_asked_for_every_row) {
+    for (const std::string query :
+         {"SELECT MAX(Saldo) FROM Cuenta a WHERE a.Banco = Cuenta.Banco AND a.Tipo = Cuenta.Tipo",
+          "SELECT MAX(Saldo) FROM Cuenta a WHERE a.Tipo = '01'",
+          "SELECT MAX(Nombre) FROM Banco a WHERE a.Banco = Cuenta.Banco",
+          "SELECT MAX(Saldo) FROM Cuenta a INNER JOIN Banco b ON b.Banco = a.Banco WHERE a.Banco = Cuenta.Banco",
+          "SELECT MAX(Saldo) FROM Cuenta a WHERE a.Banco = Cuenta.Banco AND a.Tipo IN (SELECT Banco FROM Banco)"}) {
+        EXPECT_THAT(db.translate("UPDATE Cuenta SET Saldo = (" + query + ")"), Not(HasSubstr("cuvexa_recall")))
+            << query;
+    }
+}
+
 TEST_F(Dialect_on_sqlite, a_sub_select_that_may_yield_many_rows_is_left_alone) {
     EXPECT_THAT(v("SELECT Clave AS v FROM Cuenta WHERE Banco IN (SELECT Banco FROM Banco) ORDER BY 1"),
                 ElementsAre("C1", "C2", "C3"));

@@ -62,6 +62,10 @@ struct Dialect {
     /// sub-select of two rows.
     std::string_view single_value = {};
 
+    /// Functions that keep the answer of a sub-select while a statement runs, for engines that ask it anew for every row;
+    /// empty where the rewriting leaves that to the engine.
+    std::string_view recall = {}, remember = {};
+
     /// The engine keeps names in lower case and takes a marked name to the letter: [Name] is written "name".
     bool folds_names = false;
 

@@ -38,6 +38,9 @@ void move_output(Nodes& statement);
 /// UPDATE … SET … FROM … with the target joined, as the form in which FROM names the other tables only.
 void take_target_out_of_from(Nodes& update);
 
+/// UPDATE T SET a = (SELECT … FROM T x WHERE x.k = T.k): asked once for each T.k.
+void remember_answers(Nodes& update, const Dialect& dialect);
+
 // ---- What may stand anywhere in a statement -------------------------------------------------------------------------
 
 /// Every rule below where it belongs, inner parts first. `nodes` is a statement or what stands between two parentheses.

@@ -81,6 +81,8 @@ inline constexpr Dialect sqlite{.functions = sqlite_rules::functions,
                                 .types = sqlite_rules::types,
                                 .statements = sqlite_rules::statements,
                                 .text_collation = "NOCASE",
-                                .single_value = "cuvexa_single"};
+                                .single_value = "cuvexa_single",
+                                .recall = "cuvexa_recall",
+                                .remember = "cuvexa_remember"};
 
 }  // namespace cuvexa::dialect

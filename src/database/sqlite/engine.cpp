@@ -119,6 +119,7 @@ Engine::Engine(const std::string& path, const Sqlite_options& options)
     : clock_(options.statement_timeout_s),
       database_(open_database(path, options)),
       kept_(std::max<std::size_t>(options.kept_statements, 1)) {
+    answers_.install(database_.get());
     if (options.statement_timeout_s > 0) {
         sqlite3_progress_handler(database_.get(), steps_between_looks, is_over_time, &clock_);
     }
@@ -179,6 +180,7 @@ void Engine::fail_unprepared() const {
 std::unique_ptr<Recordset> Engine::run(Kept_statement& kept) {
     sqlite3_stmt* const statement = kept.statement.get();
     const Use use(statement, clock_);
+    answers_.forget();
     bind(kept);
     int code = sqlite3_step(statement);
     refresh_columns(kept);

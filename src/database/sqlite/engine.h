@@ -14,6 +14,7 @@
 #include "database/dialect/lexer.h"
 #include "database/kept_statements.h"
 #include "database/shape.h"
+#include "database/sqlite/answers.h"
 #include "database/sqlite/database.h"
 #include "database/sqlite/kept_statement.h"
 
@@ -66,6 +67,7 @@ private:
     [[noreturn]] void fail_running(int code) const;
 
     Statement_clock clock_;
+    Answers answers_;  ///< of the statement under way
     Database database_;
     database::Kept_statements<Kept_statement> kept_;
     std::uint64_t translations_ = 0;
