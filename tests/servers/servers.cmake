@@ -30,7 +30,7 @@ function(label_server_test way what)
 endfunction()
 
 foreach(way ${ways})
-    foreach(folder servers statements receipts banks deposits checks advances requests cancellations reports)
+    foreach(folder servers statements receipts banks deposits checks advances requests cancellations reports races)
         if(TARGET cuvexa_${folder}_tests)
             add_test(NAME ${way}.${folder} COMMAND ${CMAKE_CURRENT_LIST_DIR}/with_postgresql ${way_of_${way}}
                 $<TARGET_FILE:cuvexa_${folder}_tests> --gtest_brief=1 --gtest_filter=${but_on_sqlite})
