@@ -192,7 +192,7 @@ TEST_F(Cli_rpc, a_trace_is_appended_to_and_never_written_over_the_database) {
     output_of("show receipts --db company.db --trace trace.jsonl");
     const auto statements = json_lines(read_file(folder / "trace.jsonl"));
     ASSERT_EQ(statements.size(), 2u);
-    EXPECT_EQ(statements[1]["text"], "SELECT * FROM Recibo_Pago ORDER BY Rp_Folio, Rp_Id");
+    EXPECT_EQ(statements[1]["text"], "SELECT Recibo_Pago.* FROM Recibo_Pago ORDER BY Rp_Folio, Rp_Id");
 
     const Outcome over = run("show receipts --db company.db --trace ./company.db");
     EXPECT_EQ(over.code, 1);
