@@ -49,27 +49,32 @@ void Places::give_back() {
     freed_.notify_one();
 }
 
+bool Turns::are_taken() {
+    if (always_) return true;
+    int left = left_;
+    while (left > 0 && !left_.compare_exchange_weak(left, left - 1)) {
+    }
+    return left > 0;
+}
+
 Company_sessions::Company_sessions(Company_options options, std::size_t most, std::optional<Date> server_date)
-    : options_(std::move(options)),
-      server_date_(server_date),
-      sessions_(most),
-      writers_(options_.is_server() ? most : 1) {}
+    : options_(std::move(options)), server_date_(server_date), sessions_(most), turns_(!options_.is_server()) {}
 
 Company_sessions::Loan::Loan(Loan&& other) noexcept
-    : lender_(std::exchange(other.lender_, nullptr)), writes_(other.writes_), session_(std::move(other.session_)) {}
+    : lender_(std::exchange(other.lender_, nullptr)), in_turn_(other.in_turn_), session_(std::move(other.session_)) {}
 
 Company_sessions::Loan::~Loan() {
     if (lender_) lender_->take_back(*this);
 }
 
 Company_sessions::Loan Company_sessions::lend(Access access, Clock::time_point until) {
-    const bool writes = access == Access::write;
-    if (writes && !writers_.take(until)) throw Overloaded();
+    const bool in_turn = access == Access::write && turns_.are_taken();
+    if (in_turn && !turn_.take(until)) throw Overloaded();
     if (!sessions_.take(until)) {
-        if (writes) writers_.give_back();
+        if (in_turn) turn_.give_back();
         throw Overloaded();
     }
-    Loan loan(*this, writes);
+    Loan loan(*this, in_turn);
     {
         const std::lock_guard lock(mutex_);
         ++in_use_;
@@ -89,7 +94,7 @@ void Company_sessions::take_back(Loan& loan) {
         if (loan.session_) idle_.push_back(std::move(loan.session_));
     }
     sessions_.give_back();
-    if (loan.writes_) writers_.give_back();
+    if (loan.in_turn_) turn_.give_back();
 }
 
 void Company_sessions::forget_idle() {

@@ -1,6 +1,7 @@
 // The companies that a service knows, and their open sessions.
 #pragma once
 
+#include <atomic>
 #include <condition_variable>
 #include <cstddef>
 #include <map>
@@ -54,11 +55,28 @@ private:
     std::size_t free_;
 };
 
+/// Whether those who write take turns. On a file always, for it has one writer at a time: waiting here is fair and costs
+/// nothing. On a server for a while after two were in each other's way, which costs less than to run again and again.
+/// Used by many threads.
+class Turns {
+public:
+    explicit Turns(bool always) : always_(always) {}
+
+    /// Whether the next one who writes takes a turn.
+    bool are_taken();
+    void met_conflict() { left_ = after_a_conflict; }
+
+    static constexpr int after_a_conflict = 32;
+
+private:
+    bool always_;
+    std::atomic<int> left_ = 0;
+};
+
 /// One company: its sessions, opened when they are needed, kept for the next request.
 class Company_sessions {
 public:
-    /// At most that many sessions. Requests that write take turns where the database is a file, which has one writer at a
-    /// time: waiting here is fair and costs nothing.
+    /// At most that many sessions.
     Company_sessions(Company_options options, std::size_t most, std::optional<Date> server_date);
 
     /// A session on loan; it goes back in the end, unless it was given up.
@@ -76,15 +94,18 @@ public:
 
     private:
         friend class Company_sessions;
-        Loan(Company_sessions& lender, bool writes) : lender_(&lender), writes_(writes) {}
+        Loan(Company_sessions& lender, bool in_turn) : lender_(&lender), in_turn_(in_turn) {}
 
         Company_sessions* lender_;
-        bool writes_;
+        bool in_turn_;
         std::unique_ptr<Work_session> session_;
     };
 
     /// Throws `Overloaded`, or `Company_error` when the database does not open.
     Loan lend(Access access, Clock::time_point until);
+
+    /// A session's work was in the way of another's.
+    void met_conflict() { turns_.met_conflict(); }
 
     /// Closes the sessions that nobody has: what one has lost, they have lost too.
     void forget_idle();
@@ -103,7 +124,8 @@ private:
     Company_options options_;
     std::optional<Date> server_date_;
     Places sessions_;
-    Places writers_;
+    Places turn_{1};
+    Turns turns_;
     mutable std::mutex mutex_;
     std::vector<std::unique_ptr<Work_session>> idle_;
     std::size_t in_use_ = 0;

@@ -196,6 +196,7 @@ std::optional<Unit_reply> Tries::run_once() {
         Try attempt(*session, request_, json_, limits_);
         auto reply = attempt.run();
         if (reply) reply->statements = session->connection().statements();
+        if (!reply && !attempt.lost()) company_.met_conflict();
         may_be_kept_ = (may_be_kept_ && !attempt.has_looked()) || attempt.may_be_kept();
         if (attempt.lost()) {
             session.give_up();

@@ -183,6 +183,16 @@ TEST_F(Service_unit, many_at_once_are_all_kept_once) {
     EXPECT_EQ(count("(SELECT DISTINCT Rp_Folio FROM Recibo_Pago) AS Folios"), 40);
 }
 
+TEST(Service_turns, are_taken_on_a_file_and_on_a_server_for_a_while_after_a_conflict) {
+    service::Turns file(true);
+    EXPECT_TRUE(file.are_taken());
+    service::Turns server(false);
+    EXPECT_FALSE(server.are_taken());
+    server.met_conflict();
+    for (int i = 0; i < service::Turns::after_a_conflict; ++i) EXPECT_TRUE(server.are_taken()) << i;
+    EXPECT_FALSE(server.are_taken()) << "it may have been the only one";
+}
+
 TEST_F(Service_unit, more_than_may_be_at_work_are_told_to_come_again) {
     options.requests = 0;
     start();
