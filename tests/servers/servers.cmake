@@ -97,6 +97,7 @@ if(TARGET cuvexa AND EXISTS /usr/bin/python3)
         if(way STREQUAL "postgresql")
             add_users_test(postgresql.clock ${on_server} ${python} ${here}/clock_test.py ${program})
             add_users_test(postgresql.replica ${on_server} ${python} ${here}/replica_test.py ${program})
+            add_users_test(postgresql.certificate ${on_server} ${python} ${here}/certificate_test.py ${program})
         endif()
         # What was acknowledged must survive.
         set_tests_properties(${way}.killed_server PROPERTIES ENVIRONMENT CUVEXA_TEST_DURABLE=1)

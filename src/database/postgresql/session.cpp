@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <map>
+#include <regex>
 
 #include "core/text.h"
 #include "cuvexa/lost_connection.h"
@@ -90,6 +91,22 @@ std::string description(const PGresult* result) {
     return text.append(" [").append(state_of(result)).append("]");
 }
 
+/// Whether a server has answered that it lets nobody in.
+bool says_refused(const PGconn* connection) {
+    return PQstatus(connection) == CONNECTION_BAD &&
+           std::string_view(PQerrorMessage(connection)).find("FATAL:  ") != std::string_view::npos;
+}
+
+/// Why nobody was let in, of a text that names the SQLSTATE before each refusal and the place in the server's source behind
+/// it: without the places, and the last SQLSTATE at the end.
+std::string refusal_of_session(const std::string& verbose) {
+    static const std::regex place("\\n[^\\n]*[.]c:[0-9]+"), state(":  ([0-9A-Z]{5}): ");
+    const std::sregex_iterator none;
+    std::string last = "08001";
+    for (std::sregex_iterator found(verbose.begin(), verbose.end(), state); found != none; ++found) last = (*found)[1];
+    return one_line(std::regex_replace(std::regex_replace(verbose, place, ""), state, ":  ")) + " [" + last + "]";
+}
+
 }  // namespace
 
 bool failed(const PGresult* result) noexcept {
@@ -119,13 +136,19 @@ void Session::connect(const std::string& conninfo, const Postgresql_options& opt
     values.push_back(nullptr);
     connection_.reset(PQconnectdbParams(keywords.data(), values.data(), 0));
     if (connection_ == nullptr) throw std::bad_alloc();
+    if (says_refused(connection_.get())) {
+        // The SQLSTATE is told only to who asked for it before.
+        PQsetErrorVerbosity(connection_.get(), PQERRORS_VERBOSE);
+        PQreset(connection_.get());
+        PQsetErrorVerbosity(connection_.get(), PQERRORS_DEFAULT);
+    }
     if (const char* const password = PQpass(connection_.get()); password != nullptr && *password != '\0') {
         secrets_.emplace_back(password);
     }
     if (PQstatus(connection_.get()) == CONNECTION_OK) return;
     throw Database_error("No es posible abrir la sesión con el servidor de base de datos (" +
-                         database::without_secrets(one_line(PQerrorMessage(connection_.get())), secrets_) +
-                         " [08001])");
+                         database::without_secrets(refusal_of_session(PQerrorMessage(connection_.get())), secrets_) +
+                         ")");
 }
 
 void Session::refuse_what_does_not_serve() const {

@@ -46,6 +46,9 @@ public:
     /// Whether the server takes nothing more until the transaction is undone.
     bool transaction_failed() const noexcept { return PQtransactionStatus(connection_.get()) == PQTRANS_INERROR; }
 
+    /// Through which it speaks; -1 when the connection is lost.
+    int socket() const noexcept { return PQsocket(connection_.get()); }
+
     const database::Server& server() const noexcept { return *server_; }
     const std::string& name() const noexcept { return name_; }
 
