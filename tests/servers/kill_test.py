@@ -67,6 +67,8 @@ class Mortal(User):
 
 class Survivor(User):
     """A user whose server is killed: the program is told so, and goes on as soon as the server lets it in."""
+    clear_texts = LOST
+    patience = 60  # seconds
 
     def __init__(self, *arguments):
         self.lost = 0
@@ -81,9 +83,9 @@ class Survivor(User):
 
     def survive(self, failure):
         self.lost += 1
-        end = time.monotonic() + 60
+        end = time.monotonic() + self.patience
         while not self.failures:
-            if not any(text in str(failure) for text in LOST) or time.monotonic() > end:
+            if not any(text in str(failure) for text in self.clear_texts) or time.monotonic() > end:
                 self.failures.append(f"no clear text: {failure}")
             try:
                 return self.call("Cancelar_Deposito", "NO-HAY")
