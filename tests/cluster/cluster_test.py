@@ -138,15 +138,15 @@ def split(cluster):
 
 def problems(cluster, program, users):
     books = Books(program, cluster.by_proxy())
+    wrong = split(cluster) + [failure for user in users for failure in user.failures]
+    timeline = cluster.members()[0]["timeline"]
     settle(books, users)
-    wrong = [failure for user in users for failure in user.failures]
     documents = [document for user in users for document in user.documents]
-    wrong += verify(books, documents)
-    wrong += split(cluster)
+    wrong += verify(books, documents)  # which takes its time, and nothing of the cluster
     doubts = sum(1 for document in documents if document.doubt)
     print(f"{sum(user.operations for user in users)} operations acknowledged, {doubts} bare ones in doubt, "
           f"{len(books.findings)} findings of the audit, {sum(getattr(user, 'sent_again', 0) for user in users)} requests sent again, "
-          f"timeline {cluster.members()[0]['timeline']}, {len(wrong)} problems")
+          f"timeline {timeline}, {len(wrong)} problems")
     return wrong
 
 

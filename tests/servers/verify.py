@@ -119,11 +119,13 @@ def folios(books, documents, doubts):
     return wrong
 
 
-def reachable(parts):
-    sums = {0}
+def is_sum(total, parts):
+    """Whether some of these amounts, or none, sum to it. Bit n tells of the sum n above the lowest."""
+    lowest = sum(part for part in parts if part < 0)
+    sums = 1 << -lowest
     for part in parts:
-        sums |= {total + part for total in sums}
-    return sums
+        sums |= sums << part if part > 0 else sums >> -part
+    return total >= lowest and bool(sums >> (total - lowest) & 1)
 
 
 def balances(books, documents, doubts):
@@ -135,9 +137,9 @@ def balances(books, documents, doubts):
     parts = [(document.cents, UNDONE[document.kind, document.doubt]) for document in doubts
              if (document.kind, document.doubt) in UNDONE]
     wrong = []
-    if own not in reachable(amount * signs[0] for amount, signs in parts):
+    if not is_sum(own, [amount * signs[0] for amount, signs in parts]):
         wrong.append(f"the account's balance is {own} cents off, which no operation in doubt explains")
-    if bank not in reachable(amount * signs[1] for amount, signs in parts):
+    if not is_sum(bank, [amount * signs[1] for amount, signs in parts]):
         wrong.append(f"the bank's balance is {bank} cents off, which no operation in doubt explains")
     for rule, off in (("saldo-de-cuenta", own), ("saldo-de-banco", bank)):
         if any(finding["check"] == rule for finding in books.findings) != (off != 0):
@@ -147,7 +149,7 @@ def balances(books, documents, doubts):
     reckoned = sum(document.cents * moved.get(document.stage, 0) for document in documents if not document.doubt)
     open_amounts = [document.cents * (+1 if document.kind == "receipt" else -1) for document in doubts
                     if (document.kind, document.doubt) in UNDONE]
-    if live - reckoned not in reachable(open_amounts):
+    if not is_sum(live - reckoned, open_amounts):
         wrong.append(f"the movements sum to {live} cents, the users reckon {reckoned}")
     return wrong
 
