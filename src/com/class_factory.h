@@ -1,6 +1,6 @@
 // The classes that a library offers, and how the system gets at them.
 //
-// The four entry points of a server are one line each:
+// The entry points of a server are one line each:
 //
 //     const Class_entry classes[] = {…};
 //     STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** object) {

@@ -1,6 +1,7 @@
 #include "com/registration.h"
 
 #include <algorithm>
+#include <string_view>
 #include <vector>
 
 #include "com/failures.h"
@@ -195,6 +196,14 @@ Scope writable_scope() {
     if (answer != ERROR_SUCCESS) return Scope::user;
     RegCloseKey(key);
     return Scope::machine;
+}
+
+Scope named_scope(const wchar_t* name) {
+    const std::wstring_view whom = name ? name : L"";
+    if (whom.empty()) return writable_scope();
+    if (whom == L"machine") return Scope::machine;
+    if (whom != L"user") check(E_INVALIDARG);
+    return Scope::user;
 }
 
 HMODULE this_module() noexcept {

@@ -23,6 +23,10 @@ enum class Scope {
 /// Everybody when this process may write there, otherwise the current user.
 Scope writable_scope();
 
+/// Whom an installer names when it calls `DllInstall`: "machine" or "user"; when nobody, `writable_scope`. Throws
+/// `Result_error` on anything else.
+Scope named_scope(const wchar_t* name);
+
 /// The library or program that this code is part of.
 HMODULE this_module() noexcept;
 

@@ -1,4 +1,4 @@
-// Cuvexa.dll: the classes that programs create, and the four entry points of an in-process server.
+// Cuvexa.dll: the classes that programs create, and the entry points of an in-process server.
 #include <array>
 #include <optional>
 #include <string>
@@ -82,12 +82,12 @@ constexpr SYSKIND own_system = SYS_WIN32;
 #endif
 
 /// Registers the library inside that copy of this module.
-HRESULT register_type_library(std::wstring path) {
+HRESULT register_type_library(std::wstring path, Scope scope) {
     Pointer<ITypeLib> library;
     const HRESULT loaded = LoadTypeLibEx(path.c_str(), REGKIND_NONE, library.receive());
     if (FAILED(loaded)) return loaded;
     std::wstring folder = path.substr(0, path.rfind(L'\\'));
-    if (writable_scope() == Scope::machine) return RegisterTypeLib(library.get(), path.data(), folder.data());
+    if (scope == Scope::machine) return RegisterTypeLib(library.get(), path.data(), folder.data());
     return RegisterTypeLibForUser(library.get(), path.data(), folder.data());
 }
 
@@ -106,13 +106,23 @@ void unregister_type_library() {
     UnRegisterTypeLib(library_id, library_major, library_minor, LOCALE_NEUTRAL, own_system);
 }
 
-/// The copy of this module that programs get; nothing when none is registered.
-std::optional<std::wstring> registered_server() {
+/// Describes the copy of this module that programs get, if one is registered.
+void describe_registered_server() {
     wchar_t id[40];
     StringFromGUID2(class_ids[0].class_id, id, 40);
     const std::wstring key = L"Software\\Classes\\CLSID\\" + std::wstring(id) + L"\\InprocServer32";
-    const auto of_user = Key::existing(HKEY_CURRENT_USER, key).text();
-    return of_user ? of_user : Key::existing(HKEY_LOCAL_MACHINE, key).text();
+    if (const auto of_user = Key::existing(HKEY_CURRENT_USER, key).text()) {
+        register_type_library(*of_user, Scope::user);
+    } else if (const auto of_all = Key::existing(HKEY_LOCAL_MACHINE, key).text()) {
+        register_type_library(*of_all, Scope::machine);
+    }
+}
+
+HRESULT register_all(Scope scope) {
+    HRESULT result = register_server(classes(), this_module(), scope);
+    if (SUCCEEDED(result)) result = register_type_library(wide(path_of(this_module())), scope);
+    if (FAILED(result)) unregister_server(classes(), this_module());
+    return result;
 }
 
 }  // namespace
@@ -130,12 +140,7 @@ STDAPI DllCanUnloadNow() {
 }
 
 STDAPI DllRegisterServer() {
-    return guarded("DllRegisterServer", [] {
-        HRESULT result = register_server(classes(), this_module());
-        if (SUCCEEDED(result)) result = register_type_library(wide(path_of(this_module())));
-        if (FAILED(result)) unregister_server(classes(), this_module());
-        return result;
-    });
+    return guarded("DllRegisterServer", [] { return register_all(writable_scope()); });
 }
 
 STDAPI DllUnregisterServer() {
@@ -144,7 +149,12 @@ STDAPI DllUnregisterServer() {
         if (described) unregister_type_library();
         const HRESULT result = unregister_server(classes(), this_module());
         // The copy that was there before is back, and its description with it.
-        if (const auto other = registered_server(); other && described) register_type_library(*other);
+        if (described) describe_registered_server();
         return result;
     });
+}
+
+STDAPI DllInstall(BOOL install, const wchar_t* whom) {
+    if (!install) return DllUnregisterServer();
+    return guarded("DllInstall", [whom] { return register_all(named_scope(whom)); });
 }

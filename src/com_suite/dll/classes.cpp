@@ -1,5 +1,6 @@
 // CuvexaSuite.dll: the reference suite for programs that reach a suite through automation.
 #include "com/class_factory.h"
+#include "com/failures.h"
 #include "com/registration.h"
 #include "com_suite/published_service.h"
 #include "com_suite/suite_objects.h"
@@ -53,4 +54,11 @@ STDAPI DllRegisterServer() {
 
 STDAPI DllUnregisterServer() {
     return com::unregister_server(com_suite::classes(), com::this_module());
+}
+
+STDAPI DllInstall(BOOL install, const wchar_t* whom) {
+    if (!install) return DllUnregisterServer();
+    return com::guarded("DllInstall", [whom] {
+        return com::register_server(com_suite::classes(), com::this_module(), com::named_scope(whom));
+    });
 }
