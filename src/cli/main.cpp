@@ -53,9 +53,9 @@ int run(int count, char** words) {
     CLI::App program("Cuvexa, the treasury component: receipts, checks, deposits and bank movements", "cuvexa");
     program.set_version_flag("--version", version_text());
     program.require_subcommand(1);
-    for (const auto add : {add_init, add_upgrade, add_backup, add_restore, add_demo, add_sample, add_rpc, add_describe,
-                           add_show, add_statement, add_parameter, add_suite, add_audit, add_dialog, add_help,
-                           add_completion}) {
+    for (const auto add :
+         {add_init, add_upgrade, add_backup, add_restore, add_demo, add_sample, add_rpc, add_describe, add_show,
+          add_statement, add_parameter, add_suite, add_audit, add_dialog, add_help, add_completion}) {
         add(program);
     }
 #ifdef CUVEXA_WITH_SERVICE

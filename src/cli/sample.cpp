@@ -43,8 +43,7 @@ void make_sample(const Sample_options& options) {
     Sample_life(company, plan).live(progress_of(plan.receipts));
     const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - begun).count();
     std::cout << "Empresa creada: " << plan.receipts << " recibos en " << plan.months
-              << " meses: " << options.company.shown() << '\n';
-    std::cerr << plan.receipts << " recibos en " << static_cast<int>(seconds * 10) / 10.0 << " s\n";
+              << " meses: " << options.company.shown() << " (" << static_cast<int>(seconds * 10) / 10.0 << " s)\n";
 }
 
 std::string operating_day_problem(const std::string& text) {

@@ -23,8 +23,7 @@ protected:
 
     /// Moves SRR-MXN on those days of March 2024, as the component does.
     void move(const std::vector<std::pair<int, double>>& movements, const std::string& comment = "Intereses") {
-        Rpc_session session(folder,
-                            {"rpc", "--db", "company.db", "--synchronous", "off", "--server-date", "2024-03-31"});
+        Rpc_session session(folder, {"--db", "company.db", "--synchronous", "off", "--server-date", "2024-03-31"});
         session.ask("create", {{"class", "Tesoreria"}});
         for (const auto& [day, amount] : movements) {
             const std::string date = (day < 10 ? "2024-03-0" : "2024-03-") + std::to_string(day);
