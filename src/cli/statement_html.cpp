@@ -47,8 +47,8 @@ void write_chart(std::ostream& out, const Chart& chart) {
     if (chart.balance.empty()) return;
     out << "<figure>\n<svg viewBox=\"-10 -10 " << chart_width + 20 << ' ' << chart_height + 20
         << "\" role=\"img\" aria-label=\"Saldo por día\">\n"
-        << "<polyline class=\"firm\" points=\"" << drawn(chart.firm) << "\"/>\n"
-        << "<polyline class=\"balance\" points=\"" << drawn(chart.balance) << "\"/>\n</svg>\n"
+        << R"(<polyline class="firm" points=")" << drawn(chart.firm) << "\"/>\n"
+        << R"(<polyline class="balance" points=")" << drawn(chart.balance) << "\"/>\n</svg>\n"
         << "<figcaption>Saldo por día, de " << chart.first_day << " a " << chart.last_day << ", entre "
         << written_money(chart.low) << " y " << written_money(chart.high)
         << "; con línea de puntos lo que está en firme</figcaption>\n</figure>\n";
@@ -88,7 +88,7 @@ void write_html(std::ostream& out, const reports::Whole_statement& statement) {
     out << "</tbody>\n</table>\n";
     write_chart(out, chart_of(statement.daily, statement.period));
     out << "<table>\n<thead><tr><th>Fecha</th><th>Movimiento</th><th>Concepto</th><th>Documento</th>"
-        << "<th class=\"n\">Abono</th><th class=\"n\">Cargo</th><th class=\"n\">Saldo</th><th class=\"n\">En firme</th>"
+        << R"(<th class="n">Abono</th><th class="n">Cargo</th><th class="n">Saldo</th><th class="n">En firme</th>)"
         << "</tr></thead>\n<tbody>\n";
     for (const Statement_line& line : lines_of(statement)) {
         out << "<tr>" << cell("d", line.date) << cell("d", line.folio) << cell("t", line.what)

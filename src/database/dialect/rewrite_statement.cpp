@@ -73,8 +73,9 @@ void move_output(Nodes& statement) {
 }
 
 Nodes rewrite_statement(Nodes nodes, const Dialect& dialect) {
-    if (!dialect.remember.empty() && !nodes.empty() && nodes.front().is_word("UPDATE"))
+    if (!dialect.remember.empty() && !nodes.empty() && nodes.front().is_word("UPDATE")) {
         remember_answers(nodes, dialect);
+    }
     nodes = rewrite_expressions(std::move(nodes), dialect);
     complete_words(nodes);
     move_top(nodes);
