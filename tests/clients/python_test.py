@@ -9,26 +9,7 @@ import running
 from running import Company, Obstacle, Served
 
 import cuvexa
-
-DAY = datetime.date(2024, 3, 15)
-
-
-def header(**more):
-    return cuvexa.tRpEncabezado(
-        Rp_Fecha=DAY, Mn_Cve_Moneda="MXN", Rp_Tipo_Cambio=1,
-        TipoReciboPago=cuvexa.tTrpTipoReciboPago(Trp_Cve_Tipo_Recibo_Pago="01"),
-        Sucursal=cuvexa.tSucursalGeneral(Sc_Cve_Sucursal="MTY"), **more)
-
-
-def line(amount=150.0):
-    return cuvexa.tRpDetalle(Fp_Cve_Forma_Pago=cuvexa.tFormaPago(Fp_Cve_Forma_Pago="01"), Rp_Importe=amount)
-
-
-def capture(treasury, amount=150.0):
-    treasury.NuevoReciboCaja()
-    treasury.RpEncabezado = header()
-    treasury.RpDetalle = line(amount)
-    return treasury.Add_Recibo_Caja_Detalle()
+from receipts import DAY, capture
 
 
 class Description(unittest.TestCase):

@@ -8,7 +8,6 @@ CLIENTS is the folder of the written clients. On files, or on the server that CU
 """
 import argparse
 import collections
-import datetime
 import json
 import os
 import subprocess
@@ -23,22 +22,14 @@ import running  # noqa: E402
 from users import Databases  # noqa: E402
 
 import cuvexa  # noqa: E402
-
-DAY = datetime.date(2024, 3, 15)
+from receipts import DAY, capture  # noqa: E402
 
 
 def deposited(service, amount):
     """The folio of the deposit of a receipt of that amount, which is its key too."""
     with service.batch(f"receipt {amount}") as batch:
         treasury = batch.Tesoreria()
-        treasury.NuevoReciboCaja()
-        treasury.RpEncabezado = cuvexa.tRpEncabezado(
-            Rp_Fecha=DAY, Mn_Cve_Moneda="MXN", Rp_Tipo_Cambio=1,
-            TipoReciboPago=cuvexa.tTrpTipoReciboPago(Trp_Cve_Tipo_Recibo_Pago="01"),
-            Sucursal=cuvexa.tSucursalGeneral(Sc_Cve_Sucursal="MTY"))
-        treasury.RpDetalle = cuvexa.tRpDetalle(
-            Fp_Cve_Forma_Pago=cuvexa.tFormaPago(Fp_Cve_Forma_Pago="01"), Rp_Importe=amount)
-        treasury.Add_Recibo_Caja_Detalle()
+        capture(treasury, amount)
         folio = treasury.RpEncabezado.Rp_Folio
         treasury.FinReciboCaja(folio)
         treasury.Genera_Deposito("SRR-MXN", folio, DAY, True, DAY)

@@ -4,7 +4,6 @@ there as often as the answers say.
 
     service_test.py CUVEXA CLIENTS    CLIENTS is the folder of the written clients; on the server that with_postgresql started
 """
-import datetime
 import http.client
 import json
 import os
@@ -22,8 +21,8 @@ import running  # noqa: E402
 from users import Databases  # noqa: E402
 
 import cuvexa  # noqa: E402
+from receipts import capture  # noqa: E402
 
-DAY = datetime.date(2024, 3, 15)
 databases = Databases(running.CUVEXA)
 
 
@@ -114,27 +113,15 @@ class Service(unittest.TestCase):
         self.addCleanup(service.close)
         return service
 
-    @staticmethod
-    def fill(batch):
-        treasury = batch.Tesoreria()
-        treasury.NuevoReciboCaja()
-        treasury.RpEncabezado = cuvexa.tRpEncabezado(
-            Rp_Fecha=DAY, Mn_Cve_Moneda="MXN", Rp_Tipo_Cambio=1,
-            TipoReciboPago=cuvexa.tTrpTipoReciboPago(Trp_Cve_Tipo_Recibo_Pago="01"),
-            Sucursal=cuvexa.tSucursalGeneral(Sc_Cve_Sucursal="MTY"))
-        treasury.RpDetalle = cuvexa.tRpDetalle(
-            Fp_Cve_Forma_Pago=cuvexa.tFormaPago(Fp_Cve_Forma_Pago="01"), Rp_Importe=10)
-        treasury.Add_Recibo_Caja_Detalle()
-
     def capture(self, service, key):
         with service.batch(key) as batch:
-            self.fill(batch)
+            capture(batch.Tesoreria(), 10)
         return batch
 
     def post_without_key(self):
         """Status, headers and body."""
         batch = cuvexa.Batch(None, "")
-        self.fill(batch)
+        capture(batch.Tesoreria(), 10)
         connection = http.client.HTTPConnection(self.process.listen)
         headers = {"Authorization": f"Bearer {self.process.token}", "Content-Type": "application/json"}
         connection.request("POST", "/rpc", json.dumps(batch._entries), headers)
