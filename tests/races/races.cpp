@@ -134,7 +134,13 @@ Given requested() {
 }
 
 std::vector<Race> request_races() {
-    return {{"Cancelar_Solicitud_Cheque", requested(), by_folio(&Tesoreria::Cancelar_Solicitud_Cheque)}};
+    const Call_on authorize = by_folio(&Tesoreria::Autorizar_Solicitud_Cheque);
+    const Call_on cancel = by_folio(&Tesoreria::Cancelar_Solicitud_Cheque);
+    return {
+        {"Autorizar_Solicitud_Cheque", requested(), authorize, Told::true_again},
+        {"Cancelar_Solicitud_Cheque", requested(), cancel},
+        {"Autorizar_Solicitud_Cheque_and_Cancelar_Solicitud_Cheque", requested(), authorize, Told::true_again, cancel},
+    };
 }
 
 // ---- Checks -------------------------------------------------------------------------------------------------------------
