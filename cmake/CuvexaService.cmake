@@ -14,6 +14,7 @@ if(NOT OPENSSL_FOUND OR NOT Threads_FOUND OR NOT CUVEXA_HTTPLIB_INCLUDE OR NOT C
 endif()
 
 cuvexa_library(service INTERNAL ROOMS service USES company automation reports)
+cuvexa_precompile(cuvexa_service <httplib.h> <nlohmann/json.hpp>)
 target_include_directories(cuvexa_service SYSTEM PUBLIC $<BUILD_INTERFACE:${CUVEXA_HTTPLIB_INCLUDE}>)
 # As the library itself was compiled: its classes have other members without these.
 target_compile_definitions(cuvexa_service PUBLIC

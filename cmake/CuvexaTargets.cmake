@@ -17,6 +17,16 @@ function(cuvexa_count_lines target)
     endif()
 endfunction()
 
+# Without it a compiler cache does not know which precompiled header was meant.
+set(CUVEXA_PRECOMPILED_HEADER_OPTIONS $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
+
+# cuvexa_precompile(<target> <header>...): headers of others that most sources of the target include and that are far longer than
+# these are compiled once. A source includes what it uses all the same.
+function(cuvexa_precompile target)
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+    target_compile_options(${target} PRIVATE ${CUVEXA_PRECOMPILED_HEADER_OPTIONS})
+endfunction()
+
 # cuvexa_sources(<out> <room>...): the sources of the rooms.
 function(cuvexa_sources out)
     set(found)

@@ -11,7 +11,7 @@ list(FILTER simulator_files EXCLUDE REGEX "/(main|[a-z_]+_test)[.]cpp$")
 add_library(cuvexa_simulator STATIC ${model_files} ${simulator_files})
 target_link_libraries(cuvexa_simulator PUBLIC cuvexa_test_support cuvexa_automation)
 # Unlike the other tests it runs for as long as it is let, and is the better for being fast.
-target_compile_options(cuvexa_simulator PRIVATE -O2)
+target_compile_options(cuvexa_simulator PRIVATE -O1)
 
 add_executable(cuvexa_simulate ${CMAKE_CURRENT_LIST_DIR}/main.cpp)
 target_link_libraries(cuvexa_simulate PRIVATE cuvexa_simulator CLI11::CLI11)
