@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/case.h"
+#include "database/dialect/lexer.h"
 
 namespace cuvexa::database {
 namespace {
@@ -26,6 +27,20 @@ bool keeps(std::string_view text) noexcept {
     return same_text(first_word(text), "COMMIT");
 }
 
+/// INSERT [INTO] T … T …
+bool asks_the_table_that_it_fills(std::string_view text) {
+    std::vector<dialect::Token> tokens;
+    dialect::tokenize(text, tokens);
+    std::vector<std::string_view> words;
+    for (const dialect::Token& token : tokens) {
+        if (token.kind == dialect::Token_kind::word) words.push_back(token.in(text));
+    }
+    if (words.size() < 2 || !same_text(words[0], "INSERT")) return false;
+    const auto table = words.begin() + (same_text(words[1], "INTO") ? 2 : 1);
+    return table < words.end() &&
+           std::any_of(table + 1, words.end(), [&](std::string_view word) { return same_text(word, *table); });
+}
+
 }  // namespace
 
 bool Unit_watch::lets_send(std::string_view text) {
@@ -46,6 +61,10 @@ void Unit_watch::ran(std::string_view text) noexcept {
 
 bool Unit_watch::goes_on_with_failed(std::string_view text) const noexcept {
     return unit_ == Unit::failed && !keeps(text) && !undoes(text);
+}
+
+bool Unit_watch::asked_for_its_key(std::string_view text) const {
+    return unit_ == Unit::open && asks_the_table_that_it_fills(text);
 }
 
 bool Unit_watch::cannot_keep(std::string_view text) const noexcept {

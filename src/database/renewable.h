@@ -27,6 +27,10 @@ public:
     /// Whether it belongs to a unit of which a statement has failed, on a server that takes nothing more of it.
     bool goes_on_with_failed(std::string_view text) const noexcept;
 
+    /// Whether it inserts into a table that it asked in the same go, inside of a unit. A key that is there already is
+    /// another session's then, kept since the unit began: the unit does not see it.
+    bool asked_for_its_key(std::string_view text) const;
+
     /// Whether it would keep a unit of which a statement has failed, on a server that keeps no such unit.
     bool cannot_keep(std::string_view text) const noexcept;
 
@@ -64,18 +68,26 @@ public:
             lost_ = true;
             unit_.lost(text);
             throw;
+        } catch (const Repeated_key_error& error) {
+            if (!unit_.asked_for_its_key(text)) fail(text, std::current_exception());
+            ++more_conflicts_;
+            fail(text, std::make_exception_ptr(Conflict_error(std::string(conflict_text) + " (" + error.what() + ")")));
         } catch (...) {
-            why_ = std::current_exception();
-            unit_.failed(text, session_->failure_ends_unit());
-            throw;
+            fail(text, std::current_exception());
         }
     }
 
     Session& session() const noexcept { return *session_; }
 
-    std::uint64_t conflicts() const noexcept { return conflicts_before_ + session_->conflicts(); }
+    std::uint64_t conflicts() const noexcept { return more_conflicts_ + session_->conflicts(); }
 
 private:
+    [[noreturn]] void fail(std::string_view text, std::exception_ptr why) {
+        why_ = std::move(why);
+        unit_.failed(text, session_->failure_ends_unit());
+        std::rethrow_exception(why_);
+    }
+
     // What such a server answers to COMMIT is "ROLLBACK", which looks like any success.
     [[noreturn]] void undo() {
         execute("ROLLBACK TRANSACTION");
@@ -84,7 +96,7 @@ private:
 
     void renew() {
         auto fresh = open_();
-        conflicts_before_ += session_->conflicts();
+        more_conflicts_ += session_->conflicts();
         session_ = std::move(fresh);
         lost_ = false;
     }
@@ -92,8 +104,8 @@ private:
     Open open_;
     std::unique_ptr<Session> session_;
     Unit_watch unit_;
-    std::exception_ptr why_;  ///< the last statement failed
-    std::uint64_t conflicts_before_ = 0;
+    std::exception_ptr why_;            ///< the last statement failed
+    std::uint64_t more_conflicts_ = 0;  ///< those of former sessions, and those that a session takes for something else
     bool lost_ = false;
 };
 

@@ -29,6 +29,12 @@ inline constexpr std::string_view conflict_text = "Otra sesión trabaja con los 
 inline constexpr std::string_view undone_text =
     "La unidad de trabajo se deshizo, porque falló una de sus instrucciones";
 
+/// A row whose key is there already.
+class Repeated_key_error : public Database_error {
+public:
+    using Database_error::Database_error;
+};
+
 /// What a session is told before and after a statement that begins or ends a transaction; empty: nothing.
 struct Transaction_words {
     std::string_view before, after;
@@ -67,6 +73,10 @@ struct Server {
     /// How the SQLSTATE begins when another session was in the way.
     std::span<const std::string_view> conflict;
 
+    /// The SQLSTATE of a key that is there already, where it may mean that another session was in the way; empty: another session
+    /// shows in `conflict` alone.
+    std::string_view repeated_key;
+
     /// What makes transactions, and nothing else, serializable: told before one begins, and again after it has ended;
     /// empty where the dialect's BEGIN says it.
     std::string_view serializable;
@@ -92,6 +102,11 @@ struct Server {
 
     /// Whether that SQLSTATE says that another session was in the way.
     bool says_conflict(std::string_view state) const noexcept;
+
+    /// Whether that SQLSTATE says so of a key.
+    bool says_repeated_key(std::string_view state) const noexcept {
+        return !repeated_key.empty() && state == repeated_key;
+    }
 
     /// Whether that SQLSTATE says that a result is no finite number or too large for its type: the standard's own.
     bool says_no_number(std::string_view state) const noexcept { return state == "22003"; }

@@ -31,6 +31,7 @@ public:
         if (std::exchange(wire_->dead, false)) throw Lost_connection_error("lost");
         if (text == "WRONG") throw Database_error("wrong");
         if (text == "IN THE WAY") throw Conflict_error("in the way");
+        if (text.starts_with("INSERT")) throw database::Repeated_key_error("there already");
         return std::make_unique<database::Row_set>(std::make_shared<std::vector<std::string>>());
     }
     std::uint64_t conflicts() const noexcept { return 1; }
@@ -133,6 +134,28 @@ TEST_F(Renewed, what_goes_on_with_a_failed_unit_fails_with_what_ended_it_and_is_
     EXPECT_EQ(run("ROLLBACK TRANSACTION"), "");
     EXPECT_EQ(run("B"), "");
     EXPECT_EQ(wire.sent, (Sent{"1 BEGIN TRANSACTION", "1 IN THE WAY", "1 ROLLBACK TRANSACTION", "1 B"}));
+}
+
+constexpr auto asks_first = "INSERT INTO T (A) SELECT 'x' WHERE NOT EXISTS (SELECT A FROM t WHERE A = 'x')";
+constexpr auto does_not_ask = "INSERT INTO T (A) SELECT 'T' FROM U";
+
+TEST_F(Renewed, a_key_that_the_unit_asked_for_and_did_not_see_is_another_sessions) {
+    run("BEGIN TRANSACTION");
+    const std::uint64_t before = connection.conflicts();
+    EXPECT_EQ(run(asks_first), "Otra sesión trabaja con los mismos datos; repita la operación (there already)");
+    EXPECT_EQ(connection.conflicts(), before + 1);
+    EXPECT_THROW(connection.execute("A"), Conflict_error);
+    EXPECT_EQ(wire.sent.size(), 2u) << "the unit has ended";
+}
+
+TEST_F(Renewed, a_key_that_nobody_asked_for_is_the_callers_own_mistake) {
+    run("BEGIN TRANSACTION");
+    const std::uint64_t before = connection.conflicts();
+    EXPECT_EQ(run(does_not_ask), "there already");
+    EXPECT_EQ(run("A"), "there already") << "the unit has ended";
+    run("ROLLBACK TRANSACTION");
+    EXPECT_EQ(run(asks_first), "there already") << "outside of a unit the next statement sees the row";
+    EXPECT_EQ(connection.conflicts(), before);
 }
 
 TEST_F(Renewed, a_unit_that_ended_well_or_not_is_not_over_later) {

@@ -117,7 +117,10 @@ TEST(Servers, another_session_in_the_way_shows_in_the_state) {
     EXPECT_TRUE(postgresql.says_conflict("40001")) << "not serializable";
     EXPECT_TRUE(postgresql.says_conflict("40P01")) << "a deadlock";
     EXPECT_TRUE(postgresql.says_conflict("55P03")) << "a lock that was waited for too long";
-    EXPECT_FALSE(postgresql.says_conflict("23505"));
+    EXPECT_FALSE(postgresql.says_conflict("23505")) << "it may be the caller's own";
+    EXPECT_TRUE(postgresql.says_repeated_key("23505"));
+    EXPECT_FALSE(sql_server.says_repeated_key("23000")) << "of any constraint";
+    EXPECT_FALSE(sql_server.says_repeated_key(""));
     EXPECT_FALSE(sql_server.says_conflict("23000"));
 }
 

@@ -69,6 +69,16 @@ Answer call_as_a_whole(User& user, const std::function<bool()>& call) {
         return {.done = true, .text = ""};
     } catch (const Conflict_error& failure) {
         return {.conflict = true, .text = failure.what()};
+    } catch (const Database_error& failure) {
+        return {.text = failure.what()};
+    }
+}
+
+Answer call_bare(User&, const std::function<bool()>& call) {
+    try {
+        return {.done = call(), .text = ""};
+    } catch (const Database_error& failure) {
+        return {.text = failure.what()};
     }
 }
 
@@ -91,22 +101,31 @@ Stage& stage() {
     return all;
 }
 
+/// What each of two was told that were called in the same moment.
+std::pair<Answer, Answer> at_once(const std::function<Answer()>& one, const std::function<Answer()>& two) {
+    std::barrier start(2);
+    Answer first, second;
+    std::thread other([&] {
+        start.arrive_and_wait();
+        second = two();
+    });
+    start.arrive_and_wait();
+    first = one();
+    other.join();
+    return {first, second};
+}
+
 class Two_users : public ::testing::TestWithParam<Race> {
 protected:
     /// Both at once.
     static std::pair<Answer, Answer> race(const std::string& document, int number) {
         const Race& race = GetParam();
-        std::barrier start(2);
-        Answer first, second;
-        std::thread other([&] {
-            start.arrive_and_wait();
-            second = call_as_a_whole(
-                stage().two, [&] { return (race.other ? race.other : race.call)(stage().two, document, number); });
-        });
-        start.arrive_and_wait();
-        first = call_as_a_whole(stage().one, [&] { return race.call(stage().one, document, number); });
-        other.join();
-        return {first, second};
+        return at_once(
+            [&] { return call_as_a_whole(stage().one, [&] { return race.call(stage().one, document, number); }); },
+            [&] {
+                return call_as_a_whole(
+                    stage().two, [&] { return (race.other ? race.other : race.call)(stage().two, document, number); });
+            });
     }
 
     void count(const Answer& answer) {
@@ -154,6 +173,52 @@ TEST_P(Two_users, of_one_document_are_told_what_holds_and_the_books_add_up) {
 
 INSTANTIATE_TEST_SUITE_P(Races, Two_users, ::testing::ValuesIn(races()),
                          [](const auto& info) { return info.param.name; });
+
+// ---- The first folio of a series --------------------------------------------------------------------------------------
+
+class First_folio : public ::testing::TestWithParam<const char*> {
+protected:
+    using Taking = Answer (*)(User&, const std::function<bool()>& call);
+
+    /// Two users take the first folio of a new series, as often as there are races. Whoever got none is told that the other
+    /// one was in the way.
+    static void race(Taking first, Taking second) {
+        for (int i = 0; i < number_of_races(); ++i) {
+            const std::string branch = "N" + std::to_string(++stage().races);
+            const auto taken = [&](User& user, Taking taking, std::string& folio) {
+                return taking(user, [&] {
+                    folio = user.suite().data()->GetNextFolio(branch, GetParam());
+                    return true;
+                });
+            };
+            std::string one, two;
+            const auto [ours, theirs] = at_once([&] { return taken(stage().one, first, one); },
+                                                [&] { return taken(stage().two, second, two); });
+            ASSERT_TRUE(ours.done || theirs.done) << ours.text << "\n and " << theirs.text;
+            EXPECT_TRUE(ours.done || ours.conflict) << ours.text;
+            EXPECT_TRUE(theirs.done || theirs.conflict) << theirs.text;
+            if (ours.done && theirs.done) EXPECT_NE(one, two);
+        }
+    }
+};
+
+TEST_P(First_folio, of_a_series_is_given_to_one_of_two_units) {
+    race(call_as_a_whole, call_as_a_whole);
+}
+
+TEST_P(First_folio, of_a_series_is_given_to_a_unit_beside_a_bare_session) {
+    race(call_as_a_whole, call_bare);
+}
+
+TEST_P(First_folio, of_a_series_is_given_to_one_of_two_bare_sessions) {
+    race(call_bare, call_bare);
+}
+
+INSTANTIATE_TEST_SUITE_P(Races, First_folio,
+                         ::testing::Values("RECIBO_PAGO", "CHEQUE", "BANCO_MOVIMIENTO", "DEPOSITO_PAGO",
+                                           "SOLICITUD_CHEQUE", "GASTO_X_COMPROBAR", "ANTICIPO_CXC", "ANTICIPO_CXP",
+                                           "CUENTA_X_COBRAR", "CUENTA_X_PAGAR", "GASTO_REGISTRO", "POLIZA"),
+                         [](const auto& info) { return std::string(info.param); });
 
 }  // namespace
 }  // namespace cuvexa::tests

@@ -260,6 +260,17 @@ TEST_F(Session, a_unit_of_work_of_which_a_statement_failed_is_not_kept_and_says_
     EXPECT_EQ(to_text(value("SELECT COUNT(*) AS V FROM Prueba")), "1");
 }
 
+TEST_F(Session, a_row_that_the_unit_looked_for_and_another_session_kept_meanwhile_is_a_conflict) {
+    if (session->server_name() != "PostgreSQL") GTEST_SKIP() << "others wait for what was looked for";
+    const auto other = open_server(connection_string);
+    const std::string missing = "INSERT INTO Prueba (Llave) SELECT 1 WHERE NOT EXISTS (SELECT Llave FROM Prueba)";
+    Unit_of_work unit(*session);
+    EXPECT_TRUE(session->execute("SELECT Llave FROM Prueba")->eof());
+    other->execute(missing);
+    EXPECT_THROW(session->execute(missing), Conflict_error);
+    EXPECT_TRUE(unit.met_conflict());
+}
+
 TEST_F(Session, a_server_that_nobody_is_ahead_of_is_no_replica) {
     EXPECT_FALSE(session->replica().has_value());
 }

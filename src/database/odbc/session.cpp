@@ -169,27 +169,18 @@ bool Session::comes_back(std::function<void()> call, int limit_s) {
 void Session::refuse(const Outcome& outcome) {
     const std::string text = database::without_secrets(description(outcome.failure), secrets_);
     if (const auto refusal = dialect::limit_refusal(text)) throw Database_error(*refusal);
-    if (is_no_number(outcome.failure)) throw Database_error(std::string(dialect::no_number_text));
-    lost_ = is_lost(outcome);
+    if (says(outcome, &database::Server::says_no_number)) throw Database_error(std::string(dialect::no_number_text));
+    lost_ = outcome.dead || says(outcome, &database::Server::says_lost);
     if (lost_) throw Lost_connection_error("Se perdió la conexión con el servidor de base de datos (" + text + ")");
-    if (!is_conflict(outcome.failure)) throw Database_error(text);
+    if (says(outcome, &database::Server::says_repeated_key)) throw database::Repeated_key_error(text);
+    if (!says(outcome, &database::Server::says_conflict)) throw Database_error(text);
     ++conflicts_;
     throw Conflict_error(std::string(database::conflict_text) + " (" + text + ")");
 }
 
-bool Session::is_no_number(const std::vector<Diagnostic>& records) const {
-    return std::any_of(records.begin(), records.end(),
-                       [&](const Diagnostic& record) { return server_->says_no_number(record.state); });
-}
-
-bool Session::is_conflict(const std::vector<Diagnostic>& records) const {
-    return std::any_of(records.begin(), records.end(),
-                       [&](const Diagnostic& record) { return server_->says_conflict(record.state); });
-}
-
-bool Session::is_lost(const Outcome& outcome) const {
-    return outcome.dead || std::any_of(outcome.failure.begin(), outcome.failure.end(),
-                                       [&](const Diagnostic& record) { return server_->says_lost(record.state); });
+bool Session::says(const Outcome& outcome, bool (database::Server::*says_it)(std::string_view) const noexcept) const {
+    return std::any_of(outcome.failure.begin(), outcome.failure.end(),
+                       [&](const Diagnostic& record) { return (server_->*says_it)(record.state); });
 }
 
 }  // namespace cuvexa::odbc

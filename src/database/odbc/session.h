@@ -45,9 +45,7 @@ private:
     void connect(const std::string& connection_string, int login_timeout_s);
     bool comes_back(std::function<void()> call, int limit_s);
     [[noreturn]] void refuse(const Outcome& outcome);
-    bool is_lost(const Outcome& outcome) const;
-    bool is_no_number(const std::vector<Diagnostic>& records) const;
-    bool is_conflict(const std::vector<Diagnostic>& records) const;
+    bool says(const Outcome& outcome, bool (database::Server::*says_it)(std::string_view state) const noexcept) const;
 
     std::vector<std::string> secrets_;
     std::shared_ptr<Line> line_;

@@ -275,6 +275,7 @@ void Session::refuse(const PGresult* result) {
     const std::string text = database::without_secrets(description(result), secrets_);
     if (const auto refusal = dialect::limit_refusal(text)) throw Database_error(*refusal);
     if (server_->says_no_number(state_of(result))) throw Database_error(std::string(dialect::no_number_text));
+    if (server_->says_repeated_key(state_of(result))) throw database::Repeated_key_error(text);
     if (!server_->says_conflict(state_of(result))) throw Database_error(text);
     ++conflicts_;
     throw Conflict_error(std::string(database::conflict_text) + " (" + text + ")");
