@@ -197,7 +197,9 @@ protected:
             ASSERT_TRUE(ours.done || theirs.done) << ours.text << "\n and " << theirs.text;
             EXPECT_TRUE(ours.done || ours.conflict) << ours.text;
             EXPECT_TRUE(theirs.done || theirs.conflict) << theirs.text;
-            if (ours.done && theirs.done) EXPECT_NE(one, two);
+            if (ours.done && theirs.done) {
+                EXPECT_NE(one, two);
+            }
         }
     }
 };
