@@ -2,6 +2,7 @@
 // so that all refuse the same, in the same words.
 #pragma once
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -37,6 +38,9 @@ struct Company_options {
     /// How long a statement waits for another user.
     double wait_s = 10;
 
+    /// When it becomes true, statements on a file that take long end; none when null. It must outlive the company.
+    const std::atomic<bool>* interrupt = nullptr;
+
     /// Whether `database` names a server.
     bool is_server() const;
 
@@ -60,8 +64,8 @@ struct Upgrade {
 
 enum class Upgrade_mode { keep, try_out };
 
-/// Is told how much of a copy is done, in per cent.
-using Copy_progress = std::function<void(int)>;
+/// Is told how much of some work is done, in per cent. When it throws, the work is undone.
+using Work_progress = std::function<void(int)>;
 
 namespace company {
 class Session;
@@ -85,22 +89,24 @@ public:
     static bool stands(const Company_options& options);
 
     /// Makes a company, whole or not at all. Throws `Company_error` when something stands in its place.
-    static void create(const Company_options& options, Contents contents);
+    static void create(const Company_options& options, Contents contents, const Work_progress& progress = {});
 
     /// The same where nothing stands. False when something does, also when another program was faster.
-    static bool create_if_missing(const Company_options& options, Contents contents);
+    static bool create_if_missing(const Company_options& options, Contents contents,
+                                  const Work_progress& progress = {});
 
     /// Brings a company of an earlier version to this program's: whole or not at all. What is only tried out is undone
     /// in the end. Throws `Company_error` when the company is newer, or none.
-    static Upgrade upgrade(const Company_options& options, Upgrade_mode mode = Upgrade_mode::keep);
+    static Upgrade upgrade(const Company_options& options, Upgrade_mode mode = Upgrade_mode::keep,
+                           const Work_progress& progress = {});
 
     /// Copies a company in a file, of this or an earlier version, to a new file: as it is at one moment, while others may
     /// write to it; whole, on the disk and found sound, or not at all. Throws `Company_error`, also for a company on a
     /// server.
-    static void back_up(const Company_options& options, const std::string& copy, const Copy_progress& progress = {});
+    static void back_up(const Company_options& options, const std::string& copy, const Work_progress& progress = {});
 
     /// Makes a company of such a copy, in the same way. Throws `Company_error` when something stands in its place.
-    static void restore(const Company_options& options, const std::string& copy, const Copy_progress& progress = {});
+    static void restore(const Company_options& options, const std::string& copy, const Work_progress& progress = {});
 
     /// Lives as long as the company, wherever that is moved.
     Connection& connection() const;

@@ -1,13 +1,14 @@
 // cuvexa audit: what does not add up in a database.
-#include <unistd.h>
-
 #include <algorithm>
 #include <iostream>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <optional>
 
 #include "cli/command.h"
+#include "cli/progress.h"
 #include "cli/replica.h"
+#include "cli/watched_audit.h"
 #include "core/utf8.h"
 #include "cuvexa/suite/audit.h"
 
@@ -57,18 +58,14 @@ void print_findings_json(const std::vector<Finding>& findings) {
     std::cout << array.dump(2) << '\n';
 }
 
-/// One line that tells a person which rule is at work, wiped before the result.
-void show_progress(const std::string& check) {
-    std::cerr << "\r\033[K" << check << std::flush;
-}
-
 void run_audit(const Audit_options& options) {
-    const Company company = open_to_read(options.company);
+    Company_options read = options.company;
+    heed_ctrl_c(read, "la revisión no terminó");
+    std::optional<Progress> opening(std::in_place, "Revisión", !options.json);
+    const Company company = open_to_read(read);
+    opening.reset();
     const auto replica = company.replica();
-    const bool watched = isatty(STDERR_FILENO) != 0;
-    const auto findings =
-        audit(company.connection(), watched ? show_progress : std::function<void(const std::string&)>());
-    if (watched) std::cerr << "\r\033[K";
+    const auto findings = watched_audit(company.connection(), !options.json);
 
     if (options.json) {
         print_json_read(std::cout, replica, "findings", [&] { print_findings_json(findings); });

@@ -1,10 +1,10 @@
 // cuvexa backup and restore: a database in a file, copied while programs work on it, and made of such a copy.
-#include <unistd.h>
-
 #include <iostream>
 #include <memory>
 
 #include "cli/command.h"
+#include "cli/progress.h"
+#include "cli/watched_audit.h"
 #include "cuvexa/suite/audit.h"
 
 namespace cuvexa::cli {
@@ -16,26 +16,13 @@ struct Copy_options {
     std::string copy;
 };
 
-/// One line that tells a person how far it is, wiped in the end.
-class Shown_progress {
-public:
-    ~Shown_progress() {
-        if (watched_) std::cerr << "\r\033[K";
-    }
-    void operator()(int per_cent) const {
-        if (watched_) std::cerr << '\r' << per_cent << " %" << std::flush;
-    }
-
-private:
-    bool watched_ = isatty(STDERR_FILENO) != 0;
-};
-
 /// A company's findings, or why they cannot be looked for yet, are its administrator's to know: the copy stands all the
 /// same.
-void remark_on(const Company_options& options) {
+void remark_on(Company_options options) {
+    heed_ctrl_c(options, "la copia está hecha y sin revisar");
     try {
         const Company company(options, Access::read);
-        const auto findings = audit(company.connection());
+        const auto findings = watched_audit(company.connection());
         if (findings.empty()) return;
         std::cerr << "Diferencias encontradas: " << findings.size() << " (las dice: cuvexa audit --db "
                   << options.database << ")\n";
@@ -45,20 +32,24 @@ void remark_on(const Company_options& options) {
 }
 
 void back_up(const Copy_options& options) {
+    Company_options company = options.company;
+    heed_ctrl_c(company, "no queda ninguna copia");
     {
-        const Shown_progress progress;
-        Company::back_up(options.company, options.copy, std::cref(progress));
+        Progress progress("Copia");
+        Company::back_up(company, options.copy, progress.per_cent_of("Copia"));
     }
-    std::cout << "Copia hecha: " << options.copy << '\n';
+    std::cout << "Copia hecha: " << options.copy << std::endl;
     remark_on({.database = options.copy});
 }
 
 void restore(const Copy_options& options) {
+    Company_options company = options.company;
+    heed_ctrl_c(company, "no queda ninguna base de datos");
     {
-        const Shown_progress progress;
-        Company::restore(options.company, options.copy, std::cref(progress));
+        Progress progress("Copia");
+        Company::restore(company, options.copy, progress.per_cent_of("Copia"));
     }
-    std::cout << "Base de datos recuperada: " << options.company.database << '\n';
+    std::cout << "Base de datos recuperada: " << options.company.database << std::endl;
     remark_on({.database = options.company.database});
 }
 

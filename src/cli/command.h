@@ -8,7 +8,7 @@
 
 namespace cuvexa::cli {
 
-enum Exit_code { exit_done = 0, exit_refused = 1, exit_wrong_use = 2 };
+enum Exit_code { exit_done = 0, exit_refused = 1, exit_wrong_use = 2, exit_interrupted = 130 };
 
 /// Ends a command with exit code 1; the text goes to standard error.
 class Refused : public std::runtime_error {

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "cli/command.h"
+#include "cli/progress.h"
 
 namespace cuvexa::cli {
 
@@ -16,9 +17,11 @@ struct Init_options {
 
 /// False when it stood there already, and may.
 bool make(const Init_options& options) {
+    Progress progress("Base de datos nueva");
+    const auto share = progress.per_cent_of("Base de datos nueva");
     const Contents contents = options.sample ? Contents::sample_company : Contents::schema;
-    if (options.if_missing) return Company::create_if_missing(options.company, contents);
-    Company::create(options.company, contents);
+    if (options.if_missing) return Company::create_if_missing(options.company, contents, share);
+    Company::create(options.company, contents, share);
     return true;
 }
 
@@ -40,7 +43,10 @@ void add_init(CLI::App& program) {
     command->add_flag("--sample", options->sample, "With the sample company");
     command->add_flag("--if-missing", options->if_missing, "Leave an existing database as it is, and succeed");
     add_company_options(*command, options->company);
-    command->callback([options] { init(*options); });
+    command->callback([options] {
+        heed_ctrl_c(options->company, "no queda ninguna base de datos");
+        init(*options);
+    });
 }
 
 }  // namespace cuvexa::cli

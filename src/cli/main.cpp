@@ -8,6 +8,7 @@
 #include <iostream>
 
 #include "cli/command.h"
+#include "cli/progress.h"
 #include "cli/syntax.h"
 #include "cli/version.h"
 
@@ -42,6 +43,11 @@ int wrong_use(const std::string& reason) {
 int refused(std::string_view reason) {
     std::cerr << for_terminal(reason) << '\n';
     return exit_refused;
+}
+
+int interrupted() {
+    std::cerr << text_of_interruption() << '\n';
+    return exit_interrupted;
 }
 
 int written() {
@@ -80,6 +86,8 @@ int main(int count, char** words) {
     try {
         return cuvexa::cli::run(count, words);
     } catch (const std::exception& failure) {
+        // What is being undone fails in many words.
+        if (cuvexa::cli::is_interrupted()) return cuvexa::cli::interrupted();
         return cuvexa::cli::refused(failure.what());
     }
 }

@@ -1,12 +1,10 @@
 // cuvexa sample: a company of any size, to try things on.
-#include <unistd.h>
-
-#include <algorithm>
 #include <chrono>
 #include <iostream>
 #include <memory>
 
 #include "cli/command.h"
+#include "cli/progress.h"
 #include "cli/sample_life.h"
 #include "cli/session.h"
 
@@ -22,13 +20,16 @@ struct Sample_options {
 
 constexpr int first_year = 2024, last_year = 2027;
 
-/// One line that tells a person how far it is, wiped before the result.
-std::function<void(int)> progress_of(int receipts) {
-    if (isatty(STDERR_FILENO) == 0) return [](int) {};
-    return [receipts](int done) {
-        std::cerr << "\r\033[K" << done << " de " << receipts << " recibos (" << 100LL * done / std::max(receipts, 1)
-                  << " %)" << (done == receipts ? "\r\033[K" : "") << std::flush;
-    };
+/// One life, from its first day to its last.
+void live(Company_options options, const Life_plan& plan) {
+    heed_ctrl_c(options, "no queda ninguna base de datos");
+    Progress progress("Recibos: 0 de " + std::to_string(plan.receipts) + " (0 %)");
+    Company::create(options, Contents::sample_company, progress.per_cent_of("Base de datos nueva"));
+    heed_ctrl_c(options, "la empresa queda hasta su último día completo");
+    Company company(options);
+    Sample_life(company, plan).live([&](int receipts) {
+        progress.tell("Recibos", static_cast<std::size_t>(receipts), static_cast<std::size_t>(plan.receipts));
+    });
 }
 
 void make_sample(const Sample_options& options) {
@@ -37,10 +38,8 @@ void make_sample(const Sample_options& options) {
     if (calendar(first_day_of(plan)).year < first_year) {
         throw CLI::ValidationError("the sample company's periods begin in 2024: fewer --months, or a later --until");
     }
-    Company::create(options.company, Contents::sample_company);
-    Company company(options.company);
     const auto begun = std::chrono::steady_clock::now();
-    Sample_life(company, plan).live(progress_of(plan.receipts));
+    live(options.company, plan);
     const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - begun).count();
     std::cout << "Empresa creada: " << plan.receipts << " recibos en " << plan.months
               << " meses: " << options.company.shown() << " (" << static_cast<int>(seconds * 10) / 10.0 << " s)\n";

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "cli/command.h"
+#include "cli/progress.h"
 #include "cuvexa/suite/schema.h"
 
 namespace cuvexa::cli {
@@ -20,10 +21,15 @@ void print_statements(const Upgrade& upgrade) {
     }
 }
 
+Upgrade run(const Upgrade_options& options) {
+    Progress progress("Actualización");
+    return Company::upgrade(options.company, options.dry_run ? Upgrade_mode::try_out : Upgrade_mode::keep,
+                            progress.per_cent_of("Actualización"));
+}
+
 void upgrade(const Upgrade_options& options) {
     const std::string name = options.company.shown();
-    const Upgrade done =
-        Company::upgrade(options.company, options.dry_run ? Upgrade_mode::try_out : Upgrade_mode::keep);
+    const Upgrade done = run(options);
     const std::string from = std::to_string(done.from), to = std::to_string(done.to);
     if (done.from == done.to) {
         std::cout << "Ya es de la versión " << to << ": " << name << '\n';
@@ -42,7 +48,10 @@ void add_upgrade(CLI::App& program) {
     CLI::App* command = program.add_subcommand("upgrade", "Bring a database of an earlier version to this program's");
     command->add_flag("--dry-run", options->dry_run, "Run it, undo it, and print its statements");
     add_company_options(*command, options->company);
-    command->callback([options] { upgrade(*options); });
+    command->callback([options] {
+        heed_ctrl_c(options->company, "la base de datos queda como estaba");
+        upgrade(*options);
+    });
 }
 
 }  // namespace cuvexa::cli

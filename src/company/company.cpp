@@ -2,7 +2,9 @@
 
 #include <fstream>
 #include <optional>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "company/engine.h"
 #include "company/files.h"
@@ -39,18 +41,19 @@ public:
     }
 
     /// Writes what a new company begins with: whole or not at all.
-    void fill(Contents contents) {
+    void fill(Contents contents, const Work_progress& progress = {}) {
         Unit_of_work whole(connection());
-        run_script(connection(), schema_sql());
-        if (contents == Contents::sample_company) run_script(connection(), sample_company_sql());
+        std::vector<std::string_view> scripts{schema_sql()};
+        if (contents == Contents::sample_company) scripts.push_back(sample_company_sql());
+        run_scripts(connection(), scripts, progress);
         whole.commit();
     }
 
     /// Brings a company, shown by that name, to this program's version.
-    Upgrade upgrade(const std::string& name, Upgrade_mode mode) {
+    Upgrade upgrade(const std::string& name, Upgrade_mode mode, const Work_progress& progress) {
         Unit_of_work whole(connection());
         const int found = known_version(untraced(), name);
-        run_upgrades(connection());
+        run_upgrades(connection(), progress);
         if (mode == Upgrade_mode::keep) whole.commit();
         return {found, schema_version};
     }
@@ -132,17 +135,17 @@ bool Company::stands(const Company_options& options) {
     return company::told([&] { return company::engine_for(options)->stands(); });
 }
 
-void Company::create(const Company_options& options, Contents contents) {
+void Company::create(const Company_options& options, Contents contents, const Work_progress& progress) {
     const auto fill = [&](company::Opened engine) {
-        company::Session(std::move(engine), options.trace).fill(contents);
+        company::Session(std::move(engine), options.trace).fill(contents, progress);
     };
     company::told([&] { company::engine_for(options)->create(fill); });
 }
 
-bool Company::create_if_missing(const Company_options& options, Contents contents) {
+bool Company::create_if_missing(const Company_options& options, Contents contents, const Work_progress& progress) {
     if (stands(options)) return false;
     try {
-        create(options, contents);
+        create(options, contents, progress);
         return true;
     } catch (const Company_error&) {
         if (!stands(options)) throw;
@@ -150,21 +153,21 @@ bool Company::create_if_missing(const Company_options& options, Contents content
     }
 }
 
-Upgrade Company::upgrade(const Company_options& options, Upgrade_mode mode) {
+Upgrade Company::upgrade(const Company_options& options, Upgrade_mode mode, const Work_progress& progress) {
     return company::told([&] {
         const auto known = [](Connection& connection, const std::string& name) {
             company::known_version(connection, name);
         };
         company::Session session(company::opened(options, Access::write, known), options.trace);
-        return session.upgrade(options.shown(), mode);
+        return session.upgrade(options.shown(), mode, progress);
     });
 }
 
-void Company::back_up(const Company_options& options, const std::string& copy, const Copy_progress& progress) {
+void Company::back_up(const Company_options& options, const std::string& copy, const Work_progress& progress) {
     company::told([&] { company::engine_for(options)->back_up(copy, progress); });
 }
 
-void Company::restore(const Company_options& options, const std::string& copy, const Copy_progress& progress) {
+void Company::restore(const Company_options& options, const std::string& copy, const Work_progress& progress) {
     company::told([&] { company::engine_for(options)->restore(copy, progress); });
 }
 

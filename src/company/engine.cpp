@@ -39,13 +39,13 @@ const Kind& kind_of(std::string_view database) {
 
 }  // namespace
 
-void Engine::back_up(const std::string&, const Copy_progress&) const {
+void Engine::back_up(const std::string&, const Work_progress&) const {
     throw Company_error(
         "La base de datos de un servidor se copia con la herramienta del servidor: pg_dump, en PostgreSQL; "
         "BACKUP DATABASE, en SQL Server");
 }
 
-void Engine::restore(const std::string&, const Copy_progress&) const {
+void Engine::restore(const std::string&, const Work_progress&) const {
     throw Company_error(
         "La base de datos de un servidor se recupera con la herramienta del servidor: pg_restore, en PostgreSQL; "
         "RESTORE DATABASE, en SQL Server");

@@ -35,8 +35,8 @@ public:
 
     /// Copies the database to a new file, and makes the database of such a copy; whole or not at all. The tools of a
     /// server do it for the server's.
-    virtual void back_up(const std::string& copy, const Copy_progress& progress) const;
-    virtual void restore(const std::string& copy, const Copy_progress& progress) const;
+    virtual void back_up(const std::string& copy, const Work_progress& progress) const;
+    virtual void restore(const std::string& copy, const Work_progress& progress) const;
 };
 
 /// The engine that the options name.

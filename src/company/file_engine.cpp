@@ -20,6 +20,7 @@ Sqlite_options engine_options(const Company_options& options) {
         throw Company_error("La espera no es un número de segundos de 0 a 3600: " + std::to_string(options.wait_s));
     }
     engine.busy_timeout_ms = static_cast<int>(options.wait_s * 1000);
+    engine.interrupt = options.interrupt;
     return engine;
 }
 
@@ -73,16 +74,17 @@ public:
         draft.become(file());
     }
 
-    void back_up(const std::string& copy, const Copy_progress& progress) const override {
+    void back_up(const std::string& copy, const Work_progress& progress) const override {
         refuse_in_place(copy);
         const Opened original = open(Access::read);
         known_version(*original.connection, file());
         Draft draft(copy);
         sqlite::copy_database(static_cast<const Sqlite_connection&>(*original.connection), draft.name(), progress);
+        if (progress) progress(100);  // found sound; its name is given to it next
         draft.become(copy);
     }
 
-    void restore(const std::string& copy, const Copy_progress& progress) const override {
+    void restore(const std::string& copy, const Work_progress& progress) const override {
         Company_options of_copy = options_;
         of_copy.database = copy;
         File_engine(of_copy).back_up(file(), progress);

@@ -82,9 +82,21 @@ void require_this_version(Connection& connection, const std::string& name) {
     if (found < schema_version) throw other_version(found, name, "se actualiza con: cuvexa upgrade --db " + name);
 }
 
-void run_upgrades(Connection& connection) {
+void run_upgrades(Connection& connection, const Work_progress& progress) {
+    if (progress) progress(0);
     for (const Schema_upgrade& upgrade : schema_upgrades()) {
-        if (is_due(upgrade, connection)) run_script(connection, upgrade.sql);
+        if (is_due(upgrade, connection)) run_scripts(connection, {upgrade.sql}, progress);
+    }
+}
+
+void run_scripts(Connection& connection, const std::vector<std::string_view>& scripts, const Work_progress& progress) {
+    std::size_t bytes = 0, before = 0;
+    for (const std::string_view script : scripts) bytes += script.size();
+    for (const std::string_view script : scripts) {
+        run_script(connection, script, [&](std::size_t done) {
+            if (progress) progress(static_cast<int>(100 * (before + done) / bytes));
+        });
+        before += script.size();
     }
 }
 

@@ -3,8 +3,10 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
-#include "cuvexa/data_access.h"
+#include "cuvexa/company.h"
 
 namespace cuvexa::company {
 
@@ -21,6 +23,9 @@ void require_this_version(Connection& connection, const std::string& name);
 
 /// Runs what brings a database of a known version to that of this program. Of several that do it at once, each in a unit
 /// of work, one does it and the others wait.
-void run_upgrades(Connection& connection);
+void run_upgrades(Connection& connection, const Work_progress& progress);
+
+/// Runs them in order; `progress`, when given, is told the share of their bytes that has run.
+void run_scripts(Connection& connection, const std::vector<std::string_view>& scripts, const Work_progress& progress);
 
 }  // namespace cuvexa::company

@@ -1,5 +1,6 @@
 #include "cuvexa/database/script.h"
 
+#include <algorithm>
 #include <string>
 
 #include "core/case.h"
@@ -15,19 +16,22 @@ class Script {
 public:
     explicit Script(Connection& connection) : connection_(connection) {}
 
-    void take(std::string_view line) {
+    /// Whether a statement ended with it, and has run.
+    bool take(std::string_view line) {
         const std::string_view content = trimmed(line, blanks);
-        if (!in_text_ && content.starts_with("--")) return;
+        if (!in_text_ && content.starts_with("--")) return false;
         if (!in_text_ && same_text(content, "GO")) return run();
         for (const char c : line) in_text_ ^= c == '\'';
         statement_.append(line).push_back('\n');
-        if (!in_text_ && content.ends_with(';')) run();
+        return !in_text_ && content.ends_with(';') && run();
     }
 
-    void run() {
+    bool run() {
         const std::string_view statement = trimmed(statement_, blanks);
-        if (!statement.empty() && statement != ";") connection_.execute(statement);
+        const bool is_one = !statement.empty() && statement != ";";
+        if (is_one) connection_.execute(statement);
         statement_.clear();
+        return is_one;
     }
 
 private:
@@ -38,14 +42,16 @@ private:
 
 }  // namespace
 
-void run_script(Connection& connection, std::string_view script) {
+void run_script(Connection& connection, std::string_view script,
+                const std::function<void(std::size_t bytes)>& progress) {
     Script statements(connection);
-    while (!script.empty()) {
-        const std::size_t end = script.find('\n');
-        statements.take(script.substr(0, end));
-        script.remove_prefix(end == std::string_view::npos ? script.size() : end + 1);
+    for (std::size_t at = 0; at < script.size();) {
+        const std::size_t end = std::min(script.find('\n', at), script.size());
+        const bool ran = statements.take(script.substr(at, end - at));
+        at = std::min(end + 1, script.size());
+        if (ran && progress) progress(at);
     }
-    statements.run();
+    if (statements.run() && progress) progress(script.size());
 }
 
 }  // namespace cuvexa

@@ -41,6 +41,13 @@ TEST_F(Script, within_a_text_nothing_ends_and_nothing_is_a_comment) {
     EXPECT_THAT(rows(), ElementsAre("uno;\n-- dos\nGO\nit's;\n", "z"));
 }
 
+TEST_F(Script, who_asks_is_told_how_many_bytes_have_run) {
+    std::vector<std::size_t> told;
+    run_script(recording, "INSERT INTO T VALUES ('a');\n-- b\nINSERT INTO T VALUES ('b');\nINSERT INTO T VALUES ('c')",
+               [&](std::size_t bytes) { told.push_back(bytes); });
+    EXPECT_THAT(told, ElementsAre(28u, 61u, 87u));
+}
+
 TEST_F(Script, an_empty_script_runs_nothing) {
     run_script(recording, "");
     run_script(recording, "-- nada\n\n;\nGO\n");

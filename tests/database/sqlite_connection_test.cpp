@@ -310,6 +310,22 @@ TEST(Sqlite_file, a_file_opened_for_reading_is_not_written) {
     EXPECT_THAT(column(reader, "v", "SELECT COUNT(*) AS v FROM T"), ElementsAre("0"));
 }
 
+TEST(Sqlite_file, a_long_statement_is_interrupted_from_outside) {
+    std::atomic<bool> interrupt = false;
+    Sqlite_options options;
+    options.create = true;
+    options.statement_timeout_s = 0;
+    options.interrupt = &interrupt;
+    Sqlite_connection db(":memory:", options);
+    db.execute("CREATE TABLE T (A int)");
+    for (int i = 0; i < 60; ++i) db.execute("INSERT INTO T VALUES (" + std::to_string(i) + ")");
+    const std::string counting = "SELECT COUNT(*) AS v FROM T a, T b, T c";
+    EXPECT_THAT(column(db, "v", counting), ElementsAre("216000"));
+    interrupt = true;
+    EXPECT_EQ(failure(db, counting), "La instrucción se interrumpió");
+    EXPECT_THAT(column(db, "v", "SELECT COUNT(*) AS v FROM T"), ElementsAre("60")) << "short ones still run";
+}
+
 TEST(Sqlite_file, a_statement_without_end_is_ended_and_others_go_on) {
     const Database_file file;
     file.open().execute("CREATE TABLE T (A int)");

@@ -1,6 +1,7 @@
 // The embedded database: a SQLite file that is spoken to in the SQL Server dialect.
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -32,6 +33,9 @@ struct Sqlite_options {
     bool create = false;                ///< make the file when there is none
     bool read_only = false;             ///< change nothing, and leave nothing beside the file that was not there
     std::size_t kept_statements = 256;  ///< prepared statements kept, by shape
+
+    /// When it becomes true, statements that take long end; none when null. It must outlive the connection.
+    const std::atomic<bool>* interrupt = nullptr;
 };
 
 /// A SQLite file, whatever its name, or ":memory:". Used by one thread; several connections and programs may share a file.

@@ -116,11 +116,11 @@ int is_over_time(void* clock) noexcept {
 }  // namespace
 
 Engine::Engine(const std::string& path, const Sqlite_options& options)
-    : clock_(options.statement_timeout_s),
+    : clock_(options.statement_timeout_s, options.interrupt),
       database_(open_database(path, options)),
       kept_(std::max<std::size_t>(options.kept_statements, 1)) {
     answers_.install(database_.get());
-    if (options.statement_timeout_s > 0) {
+    if (clock_.is_watching()) {
         sqlite3_progress_handler(database_.get(), steps_between_looks, is_over_time, &clock_);
     }
 }
@@ -193,6 +193,7 @@ std::unique_ptr<Recordset> Engine::run(Kept_statement& kept) {
 
 void Engine::fail_running(int code) const {
     if ((code & 0xFF) != SQLITE_INTERRUPT) fail(database_.get(), code);
+    if (clock_.is_interrupted()) throw Database_error("La instrucción se interrumpió");
     throw Database_error("La instrucción tardó más de " + std::to_string(clock_.limit().count()) +
                          " segundos y se interrumpió (" + sqlite3_errmsg(database_.get()) + ")");
 }

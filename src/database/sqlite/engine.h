@@ -1,6 +1,7 @@
 // The engine behind a Sqlite_connection: statements of the SQL Server dialect, each translated and planned once.
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
@@ -25,7 +26,13 @@ class Statement_clock {
 public:
     using Clock = std::chrono::steady_clock;
 
-    explicit Statement_clock(int limit_s) : limit_(limit_s) {}
+    /// No limit when that is 0; an `interrupt` that becomes true ends a statement too.
+    Statement_clock(int limit_s, const std::atomic<bool>* interrupt) : limit_(limit_s), interrupt_(interrupt) {}
+
+    /// Whether there is anything to look for.
+    bool is_watching() const noexcept { return limit_.count() > 0 || interrupt_ != nullptr; }
+
+    bool is_interrupted() const noexcept { return interrupt_ != nullptr && *interrupt_; }
 
     std::chrono::seconds limit() const noexcept { return limit_; }
     void start() noexcept {
@@ -33,10 +40,13 @@ public:
         running_ = true;
     }
     void stop() noexcept { running_ = false; }
-    bool is_over() const noexcept { return running_ && Clock::now() - start_ > limit_; }
+    bool is_over() const noexcept {
+        return running_ && (is_interrupted() || (limit_.count() > 0 && Clock::now() - start_ > limit_));
+    }
 
 private:
     std::chrono::seconds limit_;
+    const std::atomic<bool>* interrupt_;
     Clock::time_point start_;
     bool running_ = false;
 };
