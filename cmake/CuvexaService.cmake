@@ -13,7 +13,7 @@ if(NOT OPENSSL_FOUND OR NOT Threads_FOUND OR NOT CUVEXA_HTTPLIB_INCLUDE OR NOT C
     return()
 endif()
 
-cuvexa_library(service INTERNAL ROOMS service USES company automation reports)
+cuvexa_library(service INTERNAL ROOMS service USES company automation paper)
 cuvexa_precompile(cuvexa_service <httplib.h> <nlohmann/json.hpp>)
 target_include_directories(cuvexa_service SYSTEM PUBLIC $<BUILD_INTERFACE:${CUVEXA_HTTPLIB_INCLUDE}>)
 # As the library itself was compiled: its classes have other members without these.

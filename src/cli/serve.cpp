@@ -8,6 +8,7 @@
 
 #include "cli/command.h"
 #include "cli/session.h"
+#include "paper/statement_form.h"
 #include "service/notify.h"
 #include "service/service.h"
 
@@ -79,6 +80,7 @@ void serve(Serve_options options) {
     if (!options.server_date.empty()) options.service.server_date = parse_date(options.server_date);
     const sigset_t ends = hold_back_ends();
     raise_open_files();
+    paper::prepare_pdf();
 
     service::Service service(options.service, std::cerr);
     std::thread waiting([&] {

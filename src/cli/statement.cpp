@@ -2,17 +2,21 @@
 #include <fstream>
 #include <iostream>
 #include <memory>
+#include <optional>
 
 #include "cli/command.h"
+#include "cli/progress.h"
+#include "cli/replica.h"
 #include "cli/session.h"
-#include "cli/statement_form.h"
 #include "cli/terminal.h"
+#include "paper/statement_form.h"
 #include "reports/rows_text.h"
 
 namespace cuvexa::cli {
 
 namespace {
 
+using paper::written_money;
 using reports::Ordered_json;
 using reports::Whole_statement;
 
@@ -31,15 +35,21 @@ std::optional<Date> day_of_text(const std::string& text) {
     return day_of(*parse_date(text));
 }
 
-Whole_statement read(const Statement_options& options) {
+struct Read_statement {
+    Whole_statement statement;
+    std::optional<Replica> replica;
+};
+
+Read_statement read(const Statement_options& options) {
     const reports::Period period{day_of_text(options.from), day_of_text(options.to)};
     if (period.from && period.to && *period.to < *period.from) {
         throw CLI::ValidationError("--to is before --from");
     }
     const Company company = open_to_read(options.company);
+    const auto replica = company.replica();
     auto statement = read_whole_statement({company.connection(), company.date_style()}, options.account, period);
     if (!statement) throw Refused("No existe la cuenta bancaria: " + options.account);
-    return std::move(*statement);
+    return {std::move(*statement), replica};
 }
 
 Ordered_json balance_json(const reports::Balance& balance) {
@@ -78,32 +88,43 @@ void print_text(const Whole_statement& statement) {
                                          {"balance", "Saldo", Column_kind::number},
                                          {"firm", "En firme", Column_kind::number}};
     std::vector<Row> rows;
-    for (const Statement_line& line : lines_of(statement)) {
+    for (const paper::Statement_line& line : paper::lines_of(statement)) {
         rows.push_back({line.date, line.folio, line.what, line.document, line.in, line.out, line.balance, line.firm});
     }
-    std::cout << "Estado de cuenta " << statement.account << ": " << written_account(statement) << '\n'
-              << written_period(statement.period) << '\n';
+    std::cout << "Estado de cuenta " << statement.account << ": " << paper::written_account(statement) << '\n'
+              << paper::written_period(statement.period) << '\n';
     print_balance("Saldo inicial", statement.movements.opening);
     print_table(std::cout, columns, rows);
     print_balance("Saldo final", statement.movements.closing);
 }
 
-void write_html_file(const std::string& name, const Whole_statement& statement) {
+void write_file(const std::string& name, const std::string& content) {
     std::ofstream file(name, std::ios::binary);
-    write_html(file, statement);
-    file << std::flush;
+    file << content << std::flush;
     if (!file) throw Refused("No se puede escribir el archivo: " + name);
 }
 
 void show_statement(const Statement_options& options) {
-    const Whole_statement statement = read(options);
-    if (!options.html.empty()) return write_html_file(options.html, statement);
-    if (!options.pdf.empty()) return write_pdf(options.pdf, statement);
-    if (options.json) return print_json(statement);
-    if (options.csv) {
+    if (!options.pdf.empty() && !paper::writes_pdf()) {
+        throw Refused("Este programa se construyó sin la biblioteca que escribe PDF (Qt 6); use --html FILE");
+    }
+    std::optional<Progress> progress(std::in_place, "Estado de cuenta", !options.json);
+    const auto [statement, replica] = read(options);
+    progress->tell("Estado de cuenta");
+    if (!options.html.empty()) write_file(options.html, paper::html_of(statement));
+    if (!options.pdf.empty()) {
+        write_file(options.pdf, paper::pdf_of(statement, [&](std::size_t page, std::size_t pages) {
+                       progress->tell("Páginas", page, pages);
+                   }));
+    }
+    progress.reset();
+    if (options.json) {
+        print_json_read(std::cout, replica, "statement", [&statement = statement] { print_json(statement); });
+    } else if (options.csv) {
         std::cout << csv_of(statement.movements.table);
     } else {
-        print_text(statement);
+        if (options.html.empty() && options.pdf.empty()) print_text(statement);
+        print_replica(std::cout, replica);
     }
 }
 
@@ -132,7 +153,10 @@ void add_statement(CLI::App& program) {
         ->excludes(csv)
         ->excludes(html);
     add_company_options(*command, options->company);
-    command->callback([options] { show_statement(*options); });
+    command->callback([options] {
+        heed_ctrl_c(options->company, "no se escribió el estado de cuenta");
+        show_statement(*options);
+    });
 }
 
 }  // namespace cuvexa::cli

@@ -9,8 +9,6 @@ namespace cuvexa::reports {
 
 namespace {
 
-constexpr std::size_t all_movements = 1'000'000'000;
-
 std::string company_of(const Source& source, const std::string& company) {
     const Rows row = source.query("SELECT Em_Descripcion FROM Empresa WHERE Em_Cve_Empresa = " + sql_quoted(company));
     return row.eof() ? company : row.text("Em_Descripcion");
@@ -19,7 +17,7 @@ std::string company_of(const Source& source, const std::string& company) {
 }  // namespace
 
 std::optional<Whole_statement> read_whole_statement(const Source& source, const std::string& account,
-                                                    const Period& period) {
+                                                    const Period& period, std::size_t most) {
     const View& accounts = *find_view("accounts");
     auto row = read_document_row(source, accounts, account);
     if (!row) return std::nullopt;
@@ -34,7 +32,10 @@ std::optional<Whole_statement> read_whole_statement(const Source& source, const 
     whole.account_columns = accounts.columns;
     whole.account_row = std::move(*row);
     whole.period = period;
-    whole.movements = read_statement(source, whole.account, period, all_movements);
+    whole.movements = read_statement(source, whole.account, period, most);
+    if (!whole.movements.next.empty()) {
+        throw Bad_question("more than " + std::to_string(most) + " movements: ask for fewer days");
+    }
     whole.daily = read_daily_balances(source, whole.account, period);
     return whole;
 }

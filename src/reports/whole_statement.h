@@ -22,8 +22,10 @@ struct Whole_statement {
     Daily_balances daily;
 };
 
-/// Nothing when there is no such account. Throws `Database_error`.
+constexpr std::size_t all_movements = 1'000'000'000;
+
+/// Nothing when there is no such account. Throws `Database_error`, and `Bad_question` when it has more movements than `most`.
 std::optional<Whole_statement> read_whole_statement(const Source& source, const std::string& account,
-                                                    const Period& period);
+                                                    const Period& period, std::size_t most = all_movements);
 
 }  // namespace cuvexa::reports

@@ -92,12 +92,19 @@ std::string cookie(const httplib::Request& request, std::string_view name) {
     return found;
 }
 
-bool lists(const std::string& header, std::string_view word) {
-    bool found = false;
+std::string_view first_listed(const std::string& header, std::initializer_list<std::string_view> words) {
+    std::string_view found;
     for_each_part(header, ',', [&](std::string_view part) {
-        found = found || same_text(trimmed(part.substr(0, part.find(';')), " \t"), word);
+        const auto listed = trimmed(part.substr(0, part.find(';')), " \t");
+        for (const std::string_view word : words) {
+            if (found.empty() && same_text(listed, word)) found = word;
+        }
     });
     return found;
+}
+
+bool lists(const std::string& header, std::string_view word) {
+    return !first_listed(header, {word}).empty();
 }
 
 }  // namespace cuvexa::service

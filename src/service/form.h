@@ -3,6 +3,7 @@
 
 #include <httplib.h>
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,6 +21,9 @@ std::vector<std::string> steps_of(std::string_view path);
 
 /// The value of a cookie; empty when there is none.
 std::string cookie(const httplib::Request& request, std::string_view name);
+
+/// Which of some words a header that lists words, as `Accept` does, names first; empty when it names none of them.
+std::string_view first_listed(const std::string& header, std::initializer_list<std::string_view> words);
 
 /// Whether a header that lists words, as `Prefer` and `Accept` do, holds this one, whatever its parameters.
 bool lists(const std::string& header, std::string_view word);

@@ -1,14 +1,10 @@
 #include "service/resources.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
 #include <optional>
-#include <set>
 #include <string_view>
 #include <utility>
 
-#include "core/utf8.h"
 #include "cuvexa/suite/audit.h"
 #include "reports/account_statement.h"
 #include "reports/budgets.h"
@@ -17,6 +13,8 @@
 #include "reports/lists.h"
 #include "reports/rows_text.h"
 #include "service/form.h"
+#include "service/paper_statement.h"
+#include "service/query.h"
 #include "service/secrets.h"
 
 namespace cuvexa::service {
@@ -37,8 +35,6 @@ using reports::View;
 using reports::written;
 using Json = reports::Ordered_json;
 
-constexpr std::size_t page_rows = 100;
-constexpr std::size_t most_page_rows = 1000;
 constexpr int most_days = 3660;
 
 /// What is answered: rows, with what else an answer in JSON tells; or a page that is no table.
@@ -49,87 +45,6 @@ struct Answer {
 };
 
 // ---- What a query asks for ------------------------------------------------------------------------------------------
-
-/// The parameters of a query, each of which is given once and is a text.
-class Query {
-public:
-    Query(const httplib::Request& http, const std::set<std::string>& known) : http_(http) {
-        for (const auto& [name, value] : http.params) {
-            if (!known.contains(name)) throw Bad_question("unknown parameter " + name);
-            if (http.get_param_value_count(name) > 1) throw Bad_question(name + " is given twice");
-            if (!is_text(value)) throw Bad_question(name + " is no text in UTF-8, or holds control characters");
-        }
-    }
-
-    bool has(const char* name) const { return http_.has_param(name); }
-    std::string text(const char* name) const { return http_.get_param_value(name); }
-
-    std::optional<Date> day(const char* name) const {
-        if (!has(name)) return std::nullopt;
-        const std::string given = text(name);
-        const auto date = parse_date(given);
-        if (!date || given.size() != 10 || given != iso_date(*date)) {
-            throw Bad_question(std::string(name) + " is no day: " + given);
-        }
-        return date;
-    }
-
-    reports::Period period() const {
-        const reports::Period period{day("from"), day("to")};
-        if (period.from && period.to && *period.to < *period.from) throw Bad_question("to is before from");
-        return period;
-    }
-
-    int whole(const char* name, int least, int most, int if_not_given) const {
-        if (!has(name)) return if_not_given;
-        const std::string given = text(name);
-        int number = 0;
-        const auto [end, error] = std::from_chars(given.data(), given.data() + given.size(), number);
-        if (error != std::errc() || end != given.data() + given.size() || number < least || number > most) {
-            throw Bad_question(std::string(name) + " is no number from " + std::to_string(least) + " to " +
-                               std::to_string(most) + ": " + given);
-        }
-        return number;
-    }
-
-    std::optional<double> amount() const {
-        if (!has("amount")) return std::nullopt;
-        const std::string given = text("amount");
-        double number = 0;
-        const auto [end, error] = std::from_chars(given.data(), given.data() + given.size(), number);
-        if (error != std::errc() || end != given.data() + given.size() || !std::isfinite(number)) {
-            throw Bad_question("amount is no number: " + given);
-        }
-        return number;
-    }
-
-    /// Where the page before ended, as that page told it.
-    std::vector<std::string> place() const {
-        if (!has("after")) return {};
-        const auto json = nlohmann::json::parse(text("after"), nullptr, false);
-        const bool fits = json.is_array() && !json.empty() &&
-                          std::all_of(json.begin(), json.end(), [](const auto& each) { return each.is_string(); });
-        if (!fits) throw Bad_question("after is not what a page gave as next");
-        return json.get<std::vector<std::string>>();
-    }
-
-    std::size_t limit() const {
-        return static_cast<std::size_t>(whole("limit", 1, static_cast<int>(most_page_rows), page_rows));
-    }
-
-private:
-    static bool is_text(std::string_view value) {
-        for (std::size_t at = 0; at < value.size();) {
-            const std::size_t length = utf8_length(value, at);
-            const auto byte = static_cast<unsigned char>(value[at]);
-            if (length == 0 || byte < 0x20 || byte == 0x7f) return false;
-            at += length;
-        }
-        return true;
-    }
-
-    const httplib::Request& http_;
-};
 
 Question question_of(const httplib::Request& http) {
     const Query query(http, {"from", "to", "state", "branch", "account", "text", "amount", "order", "after", "limit"});
@@ -389,6 +304,10 @@ bool is_resource(const std::vector<std::string>& steps) {
 
 Reply resource(const Source& source, const std::vector<std::string>& steps, const httplib::Request& http) {
     try {
+        if (is_of_account(steps, "statement") && takes_paper(http)) {
+            const Reply paper = paper_statement(source, rest_of(steps, steps.size() - 1), http);
+            return paper.status == 200 ? with_tag(paper, http) : paper;
+        }
         const auto answer = answer_of(source, steps, http);
         if (!answer) return error_reply(404, "there is no such document or account");
         return with_tag(reply_of(*answer, http), http);

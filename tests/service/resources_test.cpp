@@ -2,6 +2,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "cuvexa/company.h"
+#include "paper/statement_form.h"
 #include "service/running_service.h"
 
 namespace cuvexa::tests {
@@ -139,6 +141,64 @@ TEST_F(Service_resources, an_account_has_a_statement_with_its_balances) {
     EXPECT_EQ(read("/accounts/srr-mxn")["Bc_Saldo"], 150.5);
     EXPECT_EQ(get("/accounts/NO-SUCH/statement")->status, 404);
     EXPECT_EQ(get("/accounts/NO-SUCH")->status, 404);
+}
+
+TEST_F(Service_resources, a_statement_is_handed_out_as_a_page) {
+    deposit_receipt(100);
+    const std::string path = "/accounts/srr-mxn/statement?from=2024-03-01&to=2024-03-31";
+    const auto page = get(path, {{"Accept", "text/html,application/xhtml+xml,*/*;q=0.8"}});
+    EXPECT_EQ(page->status, 200);
+    EXPECT_EQ(page->get_header_value("Content-Type"), "text/html; charset=utf-8");
+    EXPECT_EQ(page->get_header_value("Content-Disposition"),
+              "inline; filename=\"estado-de-cuenta-SRR-MXN-2024-03-01-2024-03-31.html\"; "
+              "filename*=UTF-8''estado-de-cuenta-SRR-MXN-2024-03-01-2024-03-31.html");
+    EXPECT_THAT(page->get_header_value("Content-Security-Policy"), StartsWith("default-src 'none'; "));
+    EXPECT_THAT(page->body, StartsWith("<!DOCTYPE html>"));
+    EXPECT_THAT(page->body, HasSubstr("<td class=\"n\">100.00</td>"));
+    EXPECT_EQ(get(path, {{"Accept", "text/html"}, {"If-None-Match", page->get_header_value("ETag")}})->status, 304);
+    EXPECT_THAT(get(path, {{"Accept", "application/json, text/html;q=0.5"}})->body, StartsWith("{")) << "in its order";
+    EXPECT_THAT(get(path, {{"Accept", "*/*"}})->body, StartsWith("{"));
+    EXPECT_EQ(get(path + "&limit=1", {{"Accept", "text/html"}})->status, 400) << "paper has no pages to turn";
+    EXPECT_EQ(get("/accounts/NO-SUCH/statement", {{"Accept", "text/html"}})->status, 404);
+}
+
+TEST_F(Service_resources, a_file_s_name_is_told_whatever_the_account_is_called) {
+    Company(options.companies[""])
+        .connection()
+        .execute("UPDATE Banco_Cuenta SET Bc_Cve_Banco_Cuenta = 'A\"ñ' WHERE Bc_Cve_Banco_Cuenta = 'SRR-MXN'");
+    // Byte by byte: the client at hand would decode what it is told.
+    EXPECT_THAT(said_to("GET /accounts/A%22%C3%B1/statement HTTP/1.1\r\nHost: here\r\nAccept: text/html\r\n"
+                        "Authorization: Bearer " +
+                        bearer + "\r\nConnection: close\r\n\r\n"),
+                HasSubstr("inline; filename=\"estado-de-cuenta-A___.html\"; "
+                          "filename*=UTF-8''estado-de-cuenta-A%22%C3%B1.html\r\n"));
+}
+
+TEST_F(Service_resources, statements_are_handed_out_as_pdf_to_many_at_once) {
+    deposit_receipt(100);
+    const std::string path = "/accounts/SRR-MXN/statement";
+    const httplib::Headers accept{{"Accept", "application/pdf"}};
+    if (!paper::writes_pdf()) {
+        EXPECT_EQ(get(path, accept)->status, 406);
+        return;
+    }
+    std::vector<std::string> files(8);
+    {
+        std::vector<std::jthread> clients;
+        for (std::string& file : files) {
+            clients.emplace_back([&] {
+                if (const auto answered = get(path, accept)) file = answered->body;
+            });
+        }
+    }
+    for (const std::string& file : files) {
+        EXPECT_THAT(file, StartsWith("%PDF-"));
+        EXPECT_THAT(file, testing::EndsWith("%%EOF\n"));
+        EXPECT_EQ(file.size(), files[0].size());
+    }
+    EXPECT_THAT(get(path, accept)->get_header_value("Content-Disposition"),
+                StartsWith("attachment; filename=\"estado-de-cuenta-SRR-MXN.pdf\""));
+    EXPECT_EQ(get(path, accept)->get_header_value("Content-Type"), "application/pdf");
 }
 
 TEST_F(Service_resources, balances_by_day_are_there_for_one_account_and_for_all) {

@@ -1,17 +1,18 @@
-#include "cli/statement_form.h"
+#include "paper/statement_form.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 
-namespace cuvexa::cli {
+namespace cuvexa::paper {
 
 using reports::Balance;
 
 std::string written_money(double amount) {
     char digits[400];  // the largest double has 309 digits
-    std::snprintf(digits, sizeof digits, "%.2f", std::fabs(amount));
-    std::string text = digits;
+    const auto [end, error] =
+        std::to_chars(digits, digits + sizeof digits, std::fabs(amount), std::chars_format::fixed, 2);
+    std::string text(digits, end);
     for (std::size_t at = text.size() - 3; at > 3; at -= 3) text.insert(at - 3, 1, ',');
     const bool below_zero = amount < 0 && text.find_first_not_of("0.,") != std::string::npos;
     return below_zero ? '-' + text : text;
@@ -26,6 +27,14 @@ std::string written_period(const reports::Period& period) {
 
 std::string written_account(const reports::Whole_statement& statement) {
     return statement.description + " (" + statement.currency + ")";
+}
+
+std::string file_name_of(const reports::Whole_statement& statement) {
+    std::string name = "estado-de-cuenta-" + statement.account;
+    for (const auto& day : {statement.period.from, statement.period.to}) {
+        if (day) name += '-' + iso_date(*day);
+    }
+    return name;
 }
 
 std::vector<Statement_line> lines_of(const reports::Whole_statement& statement) {
@@ -85,4 +94,4 @@ Chart chart_of(const reports::Daily_balances& daily, const reports::Period& peri
     return chart;
 }
 
-}  // namespace cuvexa::cli
+}  // namespace cuvexa::paper

@@ -1,18 +1,20 @@
 // A statement of account on paper of letter size, drawn with Qt.
-#include "cli/command.h"
-#include "cli/statement_form.h"
+#include <stdexcept>
+
+#include "paper/statement_form.h"
 
 #ifdef CUVEXA_WITH_QT
-#include <QFile>
+#include <QBuffer>
 #include <QFontMetricsF>
-#include <QGuiApplication>
 #include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
 #include <array>
+
+#include "paper/qt_thread.h"
 #endif
 
-namespace cuvexa::cli {
+namespace cuvexa::paper {
 
 #ifdef CUVEXA_WITH_QT
 
@@ -56,15 +58,17 @@ public:
 
     bool is_active() const { return painter_.isActive(); }
 
-    void draw() {
+    void draw(const Page_progress& progress) {
         draw_head();
         draw_chart(chart_of(statement_.daily, statement_.period));
         const std::size_t pages = count_of_pages();
         std::size_t page = 1;
+        if (progress) progress(page, pages);
         draw_headings();
         for (const Statement_line& line : lines_) {
             if (y_ + line_height > page_height - footer_height) {
                 draw_footer(page++, pages);
+                if (progress) progress(page, pages);
                 writer_.newPage();
                 y_ = 0;
                 draw_headings();
@@ -199,24 +203,10 @@ private:
     double y_ = 0;
 };
 
-[[noreturn]] void refuse_file(const std::string& file) {
-    throw Refused("No se puede escribir el archivo: " + file);
-}
-
-}  // namespace
-
-void write_pdf(const std::string& file, const reports::Whole_statement& statement) {
-    // Fonts are measured without a display; what the library remarks about that is nobody's matter.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    int count = 1;
-    char name[] = "cuvexa";
-    char* words[] = {name, nullptr};
-    const QGuiApplication fonts(count, words);
-
-    QFile place(QString::fromStdString(file));
-    if (!place.open(QIODevice::WriteOnly)) refuse_file(file);
-    QPdfWriter writer(&place);
+QByteArray drawn(const reports::Whole_statement& statement, const Page_progress& progress) {
+    QBuffer bytes;
+    bytes.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&bytes);
     writer.setPageSize(QPageSize(QPageSize::Letter));
     writer.setPageMargins(QMarginsF(15, 15, 15, 15), QPageLayout::Millimeter);
     writer.setResolution(300);
@@ -224,18 +214,40 @@ void write_pdf(const std::string& file, const reports::Whole_statement& statemen
     writer.setCreator(QStringLiteral("Cuvexa"));
     {
         Paper paper(writer, statement);
-        if (!paper.is_active()) refuse_file(file);
-        paper.draw();
+        if (!paper.is_active()) throw std::runtime_error("No se puede escribir el PDF");
+        paper.draw(progress);
     }
-    if (!place.flush() || place.error() != QFileDevice::NoError) refuse_file(file);
+    return bytes.data();
+}
+
+}  // namespace
+
+bool writes_pdf() {
+    return true;
+}
+
+std::string pdf_of(const reports::Whole_statement& statement, const Page_progress& progress) {
+    QByteArray bytes;
+    in_qt_thread([&] { bytes = drawn(statement, progress); });
+    return bytes.toStdString();
+}
+
+void prepare_pdf() {
+    in_qt_thread([] {});
 }
 
 #else
 
-void write_pdf(const std::string&, const reports::Whole_statement&) {
-    throw Refused("Este programa se construyó sin la biblioteca que escribe PDF (Qt 6); use --html FILE");
+bool writes_pdf() {
+    return false;
 }
+
+std::string pdf_of(const reports::Whole_statement&, const Page_progress&) {
+    throw std::logic_error("built without what writes PDF");
+}
+
+void prepare_pdf() {}
 
 #endif
 
-}  // namespace cuvexa::cli
+}  // namespace cuvexa::paper

@@ -1,9 +1,10 @@
 // A statement of account as a page for a browser.
-#include <cstdio>
+#include <charconv>
+#include <sstream>
 
-#include "cli/statement_form.h"
+#include "paper/statement_form.h"
 
-namespace cuvexa::cli {
+namespace cuvexa::paper {
 
 namespace {
 
@@ -33,12 +34,15 @@ std::string cell(const char* kind, std::string_view text) {
     return std::string("<td class=\"") + kind + "\"><bdi>" + shown(text) + "</bdi></td>";
 }
 
+std::string to_one_decimal(double number) {
+    char digits[400];
+    return {digits, std::to_chars(digits, digits + sizeof digits, number, std::chars_format::fixed, 1).ptr};
+}
+
 std::string drawn(const std::vector<Chart::Point>& points) {
     std::string text;
     for (const Chart::Point& point : points) {
-        char pair[64];
-        std::snprintf(pair, sizeof pair, "%.1f,%.1f ", point.x * chart_width, (1 - point.y) * chart_height);
-        text += pair;
+        text += to_one_decimal(point.x * chart_width) + ',' + to_one_decimal((1 - point.y) * chart_height) + ' ';
     }
     return text;
 }
@@ -61,6 +65,7 @@ void write_balance(std::ostream& out, const char* title, const reports::Balance&
 }
 
 constexpr const char* style = R"(
+:root { color-scheme: light; }
 @page { size: letter; margin: 15mm; @bottom-right { content: "Página " counter(page) " de " counter(pages); font-size: 8pt; } }
 body { font: 10pt/1.35 system-ui, sans-serif; color: #111; background: #fff; max-width: 60rem; margin: 1rem auto; padding: 0 1rem; }
 h1 { font-size: 1.3rem; margin: 0; } p { margin: .2rem 0; }
@@ -73,7 +78,8 @@ polyline { fill: none; stroke: #0b5394; stroke-width: 2; } .firm { stroke: #666;
 
 }  // namespace
 
-void write_html(std::ostream& out, const reports::Whole_statement& statement) {
+std::string html_of(const reports::Whole_statement& statement) {
+    std::ostringstream out;
     out << "<!DOCTYPE html>\n<html lang=\"es-MX\">\n<head>\n<meta charset=\"utf-8\">\n"
         << "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
         << "<title>Estado de cuenta " << shown(statement.account) << "</title>\n<style>" << style
@@ -96,6 +102,7 @@ void write_html(std::ostream& out, const reports::Whole_statement& statement) {
             << cell("n", line.firm) << "</tr>\n";
     }
     out << "</tbody>\n</table>\n<p>* En tránsito</p>\n</main>\n</body>\n</html>\n";
+    return out.str();
 }
 
-}  // namespace cuvexa::cli
+}  // namespace cuvexa::paper

@@ -1,13 +1,14 @@
 // The forms of a statement of account: what each puts on paper, and how it writes figures and dates.
 #pragma once
 
-#include <ostream>
+#include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "reports/whole_statement.h"
 
-namespace cuvexa::cli {
+namespace cuvexa::paper {
 
 /// "1,234.50", "-1,234.50".
 std::string written_money(double amount);
@@ -38,11 +39,22 @@ struct Chart {
 /// Empty when nothing moved.
 Chart chart_of(const reports::Daily_balances& daily, const reports::Period& period);
 
-/// As a page of its own: without scripts, nothing from elsewhere, to be read on a screen and printed on paper of letter size.
-void write_html(std::ostream& out, const reports::Whole_statement& statement);
+/// A page of its own: without scripts, nothing from elsewhere, to be read on a screen and printed on paper of letter size.
+std::string html_of(const reports::Whole_statement& statement);
 
-/// The same as a file of PDF, letter size, its pages numbered. Throws `Refused` when it cannot be written, or when this program
-/// was built without the library that writes it.
-void write_pdf(const std::string& file, const reports::Whole_statement& statement);
+/// Is told which page of how many is drawn next. When it throws, the drawing ends.
+using Page_progress = std::function<void(std::size_t page, std::size_t pages)>;
 
-}  // namespace cuvexa::cli
+/// Whether this program was built with the library that writes PDF.
+bool writes_pdf();
+
+/// The same as a PDF, letter size, its pages numbered; from any thread, one at a time. Only where PDF is written.
+std::string pdf_of(const reports::Whole_statement& statement, const Page_progress& progress = {});
+
+/// Makes ready what `pdf_of` needs, which sets the locale of the program: before there are other threads.
+void prepare_pdf();
+
+/// "estado-de-cuenta-SRR-MXN-2024-03-01-2024-03-31", for a file's name.
+std::string file_name_of(const reports::Whole_statement& statement);
+
+}  // namespace cuvexa::paper
