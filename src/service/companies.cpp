@@ -31,6 +31,7 @@ bool is_company_name(std::string_view name) {
 
 Work_session::Work_session(const Company_options& options, const std::optional<Date>& server_date)
     : company_(options),
+      is_replica_(company_.replica().has_value()),
       connection_(company_.connection()),
       suite_(std::make_shared<Reference_suite>(connection_, suite_options(company_.date_style(), server_date))) {}
 

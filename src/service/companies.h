@@ -34,8 +34,12 @@ public:
     const std::shared_ptr<Reference_suite>& suite() { return suite_; }
     Date_style date_style() const { return company_.date_style(); }
 
+    /// How far behind its primary the database is, which then is a replica.
+    std::optional<Replica> replica() const { return is_replica_ ? company_.replica() : std::nullopt; }
+
 private:
     Company company_;
+    bool is_replica_;  ///< when it was opened; a primary becomes none in the meantime
     Watched_connection connection_;
     std::shared_ptr<Reference_suite> suite_;
 };

@@ -3,7 +3,9 @@
 #include <arpa/inet.h>
 #include <openssl/err.h>
 
+#include <charconv>
 #include <exception>
+#include <optional>
 #include <stdexcept>
 #include <utility>
 
@@ -93,6 +95,13 @@ const char* name_of(Fate fate) {
             break;
     }
     return "not-tried";
+}
+
+/// "0.412"; what is not known is told so.
+std::string seconds_of(const std::optional<double>& number) {
+    if (!number) return "unknown";
+    char digits[400];
+    return {digits, std::to_chars(digits, digits + sizeof digits, *number, std::chars_format::fixed, 3).ptr};
 }
 
 }  // namespace
@@ -373,7 +382,9 @@ Reply Service::read(Request& request) {
     Watched_connection& connection = session->connection();
     connection.watch(Clock::now() + options_.time);
     try {
+        const auto replica = session->replica();
         Reply reply = resource({connection, session->date_style()}, request.steps, request.http);
+        if (replica) reply.headers.emplace("Cuvexa-Replica-Lag", seconds_of(replica->behind_s));
         request.told.statements = connection.statements();
         return reply;
     } catch (const Database_error& error) {

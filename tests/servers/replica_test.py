@@ -1,6 +1,6 @@
 #!/usr/bin/python3
-"""Reading from a replica: `cuvexa show` and `cuvexa audit` take it, and what they print says how far behind it is; what writes is
-refused there, and what prefers a replica does with the primary where there is none.
+"""Reading from a replica: `cuvexa show`, `cuvexa audit`, `cuvexa statement` and the service take it, and what they tell says how far
+behind it is; what writes is refused there, and what prefers a replica does with the primary where there is none.
 
     replica_test.py CUVEXA     under with_postgresql, to whose server a replica is added
 """
@@ -14,6 +14,7 @@ import sys
 import tempfile
 import time
 import urllib.parse
+import urllib.request
 
 from users import Databases, Refused, User
 from verify import Books
@@ -67,6 +68,23 @@ def output(program, database, *arguments):
     return done.stdout
 
 
+def lag_told_by_service(program, database, tokens):
+    """What a service on that database says with its rows of how far behind they are."""
+    token = subprocess.run([program, "token", "add", f"reader {time.monotonic_ns()}", "--read", "--tokens", tokens],
+                           capture_output=True, text=True, check=True).stdout.split()[-1]
+    service = subprocess.Popen([program, "serve", "--db", database, "--tokens", tokens, "--listen", "127.0.0.1:0"],
+                               stderr=subprocess.PIPE, text=True)
+    try:
+        address = json.loads(service.stderr.readline())["listening"]
+        asked = urllib.request.Request(f"http://{address}/receipts", headers={"Authorization": f"Bearer {token}"})
+        with urllib.request.urlopen(asked, timeout=60) as answer:
+            json.load(answer)
+            return answer.headers["Cuvexa-Replica-Lag"]
+    finally:
+        service.terminate()
+        service.communicate()
+
+
 def check(program, databases, database, replica):
     name = database.rsplit("/", 1)[1]
     primary = urllib.parse.urlsplit(database)
@@ -89,6 +107,13 @@ def check(program, databases, database, replica):
     assert told["replica"]["receives"] and 0 <= told["replica"]["behind_at_most_s"] < 3600, told
     assert "Leído de una réplica" in output(program, following, "audit")
     assert json.loads(output(program, following, "audit", "--json"))["findings"] == []
+    assert "Leído de una réplica" in output(program, following, "statement", "SRR-MXN")
+    of_account = json.loads(output(program, following, "statement", "SRR-MXN", "--json"))
+    assert of_account["replica"]["receives"] and of_account["statement"]["account"]["Bc_Cve_Banco_Cuenta"] == "SRR-MXN"
+    assert "replica" not in json.loads(output(program, database, "statement", "SRR-MXN", "--json"))
+    tokens = databases.scratch("tokens")
+    assert 0 <= float(lag_told_by_service(program, following, tokens)) < 3600
+    assert lag_told_by_service(program, database, tokens) is None, "the primary is none"
 
     replica.ask("SELECT pg_wal_replay_pause()")
     until(lambda: replica.ask("SELECT pg_get_wal_replay_pause_state()") == "paused")
