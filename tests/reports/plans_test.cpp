@@ -1,4 +1,5 @@
 // How the engine would run what the reports send: through an index, on the schema as it is delivered.
+#include <algorithm>
 #include <set>
 
 #include "cuvexa/database/script.h"
@@ -8,6 +9,7 @@
 #include "reports/budgets.h"
 #include "reports/document.h"
 #include "reports/lists.h"
+#include "reports/whole_statement.h"
 #include "support/recording_connection.h"
 
 namespace cuvexa::tests {
@@ -22,11 +24,15 @@ const std::set<std::string> short_tables = {
     "Banco_Cuenta",
     "Tipo_Cheque",
     "Sucursal",
+    "Empresa",
     "Anticipo_Proveedor_Presupuesto",
     "Gasto_x_Comprobar_Presupuesto",
     "Prestamo_Deudor_Presupuesto",
     "Devolucion_Cliente_Presupuesto",
 };
+
+constexpr const char* all_documents[] = {"receipts", "deposits",    "movements", "checks",  "requests",
+                                         "advances", "receivables", "payables",  "vouchers"};
 
 class Reports_plans : public testing::Test {
 protected:
@@ -57,14 +63,30 @@ protected:
         }
     }
 
+    /// Of the view's own table only so many rows are looked at as the statement says, and they come in their order.
+    void expect_bounded_search(const reports::View& view, const std::string& statement) {
+        const auto steps = plan(db, statement);
+        const std::string table(view.table);
+        int entries = 0;
+        for (const std::string& step : steps) {
+            const bool own = step.starts_with("SCAN " + table + " ") || step.starts_with("SEARCH " + table + " ");
+            if (!own) continue;
+            ++entries;
+            EXPECT_NE(step.find("USING"), std::string::npos) << step << "\n" << statement;
+        }
+        EXPECT_GE(entries, 1) << statement;
+        EXPECT_NE(statement.find("SELECT TOP 10000 "), std::string::npos) << statement;
+        // The rows that were found may be sorted, but not those among which they were looked for.
+        EXPECT_LE(std::count(steps.begin(), steps.end(), "USE TEMP B-TREE FOR ORDER BY"), 1) << statement;
+    }
+
     Sqlite_connection db{":memory:"};
     Recording_connection wire{db};
     reports::Source source{wire, Date_style::iso};
 };
 
 TEST_F(Reports_plans, every_list_walks_along_an_index_in_its_order) {
-    for (const char* name : {"receipts", "deposits", "movements", "checks", "requests", "advances", "receivables",
-                             "payables", "vouchers"}) {
+    for (const char* name : all_documents) {
         const reports::View& view = *reports::find_view(name);
         const auto day = make_date(2024, 3, 15);
         for (const Question& question : std::vector<Question>{{},
@@ -93,8 +115,7 @@ TEST_F(Reports_plans, every_list_walks_along_an_index_in_its_order) {
 
 /// A search looks at a bounded number of documents, which it takes along the same index.
 TEST_F(Reports_plans, a_search_takes_its_documents_along_an_index) {
-    for (const char* name : {"receipts", "deposits", "movements", "checks", "requests", "advances", "receivables",
-                             "payables", "vouchers"}) {
+    for (const char* name : all_documents) {
         const reports::View& view = *reports::find_view(name);
         wire.clear();
         read_list(source, view, {.state = "AC", .text = "x", .amount = 1, .behind = {"2024-03-15", "X"}});
@@ -111,6 +132,32 @@ TEST_F(Reports_plans, a_search_takes_its_documents_along_an_index) {
     }
 }
 
+/// Whatever is searched for, in whatever order, alone or behind a place.
+TEST_F(Reports_plans, each_filter_is_looked_for_among_documents_of_an_index) {
+    const auto day = make_date(2024, 3, 15);
+    for (const char* name : all_documents) {
+        const reports::View& view = *reports::find_view(name);
+        std::vector<Question> questions{{.state = "AC"}, {.text = "x"}, {.from = day, .to = day, .state = "AC"}};
+        if (!view.branch.empty()) questions.push_back({.branch = "MTY"});
+        if (!view.account.empty()) questions.push_back({.account = "SRR-MXN"});
+        if (!view.amount.empty()) questions.push_back({.amount = 1234.56});
+        for (Question question : questions) {
+            for (const Order order : {Order::newest_first, Order::by_key}) {
+                question.order = order;
+                for (const bool later : {false, true}) {
+                    question.behind.clear();
+                    if (later) question.behind.emplace_back("2024-03-15");
+                    if (later && order == Order::newest_first) question.behind.emplace_back("X");
+                    wire.clear();
+                    read_list(source, view, question);
+                    ASSERT_EQ(wire.count(), 2u);
+                    for (const std::string& statement : wire.texts()) expect_bounded_search(view, statement);
+                }
+            }
+        }
+    }
+}
+
 TEST_F(Reports_plans, a_document_s_page_looks_nothing_up_without_an_index) {
     const std::string rows[] = {
         "INSERT INTO Recibo_Pago (Rp_Folio, Rp_Id) VALUES ('X', '0001')",
@@ -124,8 +171,7 @@ TEST_F(Reports_plans, a_document_s_page_looks_nothing_up_without_an_index) {
         "INSERT INTO Poliza (Pz_Folio) VALUES ('X')",
     };
     for (const std::string& row : rows) db.execute(row);
-    for (const char* name : {"receipts", "deposits", "movements", "checks", "requests", "advances", "receivables",
-                             "payables", "vouchers"}) {
+    for (const char* name : all_documents) {
         wire.clear();
         EXPECT_TRUE(read_document(source, *reports::find_view(name), "X")) << name;
         expect_indexes();
@@ -148,6 +194,15 @@ TEST_F(Reports_plans, balances_and_statements_read_one_account_along_its_index) 
             std::string::npos)
             << plan(db, statement)[0] << "\n"
             << statement;
+    }
+    wire.clear();
+    db.execute("INSERT INTO Banco_Cuenta (Bc_Cve_Banco_Cuenta) VALUES ('SRR-MXN')");
+    reports::read_whole_statement(source, "SRR-MXN", march);
+    expect_indexes();
+    for (const std::string& statement : wire.texts()) {
+        for (const std::string& step : plan(db, statement)) {
+            EXPECT_FALSE(step.starts_with("SCAN Banco_Movimiento")) << step << "\n" << statement;
+        }
     }
     wire.clear();
     read_list(source, *reports::find_view("accounts"), {});
