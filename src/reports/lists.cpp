@@ -40,10 +40,10 @@ std::string behind(const Source& source, const View& view, const Question& quest
            ")";
 }
 
-/// What leads through an index: dates and the place.
+/// What leads through the index of the order: its dates and the place.
 std::string in_order(const Source& source, const View& view, const Question& question) {
     std::vector<std::string> conditions;
-    if (question.from || question.to || by_date(view, question)) {
+    if (by_date(view, question)) {
         conditions.push_back(between_days(view.qualified(view.date), question.from, question.to, source.dates));
     }
     if (!question.behind.empty()) conditions.push_back(behind(source, view, question));
@@ -52,8 +52,12 @@ std::string in_order(const Source& source, const View& view, const Question& que
 }
 
 /// What is looked for among the rows: their columns have the names of the view.
-std::string searched(const View& view, const Question& question) {
+std::string searched(const Source& source, const View& view, const Question& question) {
     std::vector<std::string> conditions;
+    // In another order dates are looked for: through their index all rows of those days would be sorted for each page.
+    if (!by_date(view, question) && (question.from || question.to)) {
+        conditions.push_back(between_days(view.date, question.from, question.to, source.dates));
+    }
     const auto equal = [&](std::string_view column, const std::string& value) {
         if (!value.empty()) conditions.push_back(std::string(column) + " = " + sql_quoted(value));
     };
@@ -107,7 +111,7 @@ std::vector<std::string> end_of_search(const Source& source, const View& view, c
 }
 
 std::string statement_of(const Source& source, const View& view, const Question& question) {
-    const std::string conditions = searched(view, question);
+    const std::string conditions = searched(source, view, question);
     const std::string rows = text_of(view.select) + ' ' + text_of(view.from) + in_order(source, view, question) +
                              ordered(view, question, true);
     // One row more tells whether there is a next page.
@@ -127,7 +131,7 @@ Page read_list(const Source& source, const View& view, const Question& question)
         rows.pop_back();
         const Value date = view.date.empty() ? Value() : value_in(rows.back(), view.columns, view.date);
         page.next = place_of(view, question, date, value_in(rows.back(), view.columns, view.key));
-    } else if (!searched(view, question).empty()) {
+    } else if (!searched(source, view, question).empty()) {
         page.next = end_of_search(source, view, question);
     }
     return page;
