@@ -45,8 +45,9 @@ protected:
         std::vector<std::string> found;
         for (const std::string& statement : wire->texts()) {
             const auto plan = planner->run("EXPLAIN (COSTS OFF) " + connection->translate(statement));
-            for (int i = 0; i < PQntuples(plan.get()); ++i)
+            for (int i = 0; i < PQntuples(plan.get()); ++i) {
                 found.push_back(upper_ascii(std::string_view(PQgetvalue(plan.get(), i, 0))));
+            }
         }
         return found;
     }
