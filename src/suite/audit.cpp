@@ -1,6 +1,7 @@
 #include "cuvexa/suite/audit.h"
 
 #include <charconv>
+#include <utility>
 
 #include "core/rows.h"
 #include "suite/audit_rules.h"
@@ -40,12 +41,29 @@ Finding finding_of(const Audit_rule& rule, const Rows& row) {
     return {rule.name, kind + row.text("Documento"), figures(rule, row), rule.remedy};
 }
 
+// A replica gives up a query that keeps it from following its primary, and answers when it is asked again.
+constexpr int most_attempts = 5;
+
+std::vector<Finding> found(Connection& connection, const Audit_rule& rule) {
+    for (int attempt = 1;; ++attempt) {
+        try {
+            std::vector<Finding> findings;
+            for (Rows row(connection.execute(rule.query)); !row.eof(); row.next()) {
+                findings.push_back(finding_of(rule, row));
+            }
+            return findings;
+        } catch (const Conflict_error&) {
+            if (attempt == most_attempts) throw;
+        }
+    }
+}
+
 /// What the rule finds; with a database that answers but cannot compute it, that is the finding.
 void check(Connection& connection, const Audit_rule& rule, std::vector<Finding>& findings) {
     try {
-        for (Rows row(connection.execute(rule.query)); !row.eof(); row.next()) {
-            findings.push_back(finding_of(rule, row));
-        }
+        for (Finding& finding : found(connection, rule)) findings.push_back(std::move(finding));
+    } catch (const Conflict_error&) {
+        throw;
     } catch (const Database_error& failure) {
         connection.execute("SELECT GETDATE() AS Ahora");  // throws when it does not answer
         findings.push_back({rule.name, "Revisión " + std::string(rule.name), failure.what(),

@@ -268,6 +268,28 @@ TEST_F(A_day_of_work, calls_the_progress_once_per_rule) {
     EXPECT_EQ(seen, audit_checks());
 }
 
+/// A replica that gives a query up so many times, to go on following its primary.
+class Replica_in_the_way : public Connection {
+public:
+    Replica_in_the_way(Connection& rows, int times) : rows_(rows), times_(times) {}
+
+    std::unique_ptr<Recordset> execute(std::string_view text) override {
+        if (times_-- > 0) throw Conflict_error("canceling statement due to conflict with recovery [40001]");
+        return rows_.execute(text);
+    }
+
+private:
+    Connection& rows_;
+    int times_;
+};
+
+TEST_F(A_day_of_work, a_query_that_a_replica_gave_up_is_asked_again_and_is_no_finding) {
+    Replica_in_the_way replica(company.connection(), 4);
+    EXPECT_THAT(audit(replica), SizeIs(0));
+    Replica_in_the_way busy(company.connection(), 1000);
+    EXPECT_THROW(audit(busy), Conflict_error) << "nothing is said of what could not be read";
+}
+
 TEST_F(A_day_of_work, a_rule_that_cannot_be_computed_is_a_finding_and_the_others_go_on) {
     const Unit_of_work taken_back(company.connection());
     company.sql("DROP TABLE Anticipo_Cxc");
