@@ -12,6 +12,9 @@ namespace {
 
 constexpr std::string_view module_name = "CONTABILIDAD";
 
+// As many as a statement may have values and still be prepared.
+constexpr int lines_at_once = 40;
+
 }  // namespace
 
 bool Accounting::IsPostingEnabled(const std::string& document_code) {
@@ -23,6 +26,7 @@ bool Accounting::IsPostingEnabled(const std::string& document_code) {
 
 bool Accounting::PostDocument(const std::string& document_code, const std::string& folio, const std::string& company) {
     return serve(last_error_, [&] {
+        local_currency_.reset();
         Voucher voucher = voucher_of(document_code, folio);
         if (!company.empty()) voucher.company = company;
         std::erase_if(voucher.entries, [](const Entry& entry) { return entry.amount == 0; });
@@ -74,7 +78,7 @@ Voucher Accounting::of_receipt(const std::string& folio) {
         voucher.entries.push_back(
             {.debit_account = account_or(rows.text("Fp_Cuenta_Contable"), "Ct_Cuenta_Cargo", document::receipt),
              .credit_account = account_or(rows.text("Sc_Cuenta_Contable"), "Ct_Cuenta_Abono", document::receipt),
-             .amount = local_amount(rows.number("Importe"), rows.text("Mn_Cve_Moneda"), rows.number("Rp_Tipo_Cambio")),
+             .amount = local_amount(rows, "Importe", "Rp_Tipo_Cambio"),
              .text = rows.text("Fp_Descripcion")});
     }
     return voucher;
@@ -92,8 +96,7 @@ Voucher Accounting::of_movement(const std::string& folio) {
         "WHERE Banco_Movimiento.Bm_Folio = '{}' AND Banco_Movimiento.Es_Cve_Estado <> 'CA'",
         folio);
     refuse_if(rows.eof(), "No se encontró el movimiento de banco: {}, por contabilizar", folio);
-    const double amount =
-        local_amount(rows.number("Bm_Importe"), rows.text("Mn_Cve_Moneda"), rows.number("Bm_Tipo_Cambio"));
+    const double amount = local_amount(rows, "Bm_Importe", "Bm_Tipo_Cambio");
     return {rows.text("Em_Cve_Empresa"),
             rows.date("Bm_Fecha"),
             "Movimiento de banco " + folio,
@@ -125,7 +128,7 @@ Voucher Accounting::of_deposit(const std::string& folio) {
         voucher.entries.push_back(
             {.debit_account = transit,
              .credit_account = account_or(rows.text("Fp_Cuenta_Contable"), "Ct_Cuenta_Abono", document::deposit),
-             .amount = local_amount(rows.number("Importe"), rows.text("Mn_Cve_Moneda"), rows.number("Rp_Tipo_Cambio")),
+             .amount = local_amount(rows, "Importe", "Rp_Tipo_Cambio"),
              .text = rows.text("Fp_Descripcion")});
     }
     return voucher;
@@ -164,8 +167,10 @@ Voucher Accounting::of_check(const std::string& folio) {
               .text = rows.text("Ch_Concepto")}}};
 }
 
-double Accounting::local_amount(double amount, const std::string& currency, double exchange_rate) {
-    return cents(same_text(currency, context_->parameter("FIN_MONEDA_LOCAL")) ? amount : amount * exchange_rate);
+double Accounting::local_amount(const Rows& row, std::string_view amount, std::string_view exchange_rate) {
+    if (!local_currency_) local_currency_ = context_->parameter("FIN_MONEDA_LOCAL");
+    const double as_it_stands = row.number(amount), rate = row.number(exchange_rate);
+    return cents(same_text(row.text("Mn_Cve_Moneda"), *local_currency_) ? as_it_stands : as_it_stands * rate);
 }
 
 std::string Accounting::account_or(const std::string& account, std::string_view configured_column,
@@ -212,23 +217,37 @@ void Accounting::cancel_voucher(const std::string& voucher_folio, Date date, con
         context_->user(), now, context_->user(), now, voucher_folio);
 }
 
-void Accounting::write(const std::string& document_code, const std::string& folio, const Voucher& voucher) {
-    const std::string voucher_folio = context_->take_folio({}, document::voucher);
-    const std::string now = context_->stamp();
+void Accounting::write_lines(const std::string& voucher_folio, const Voucher& voucher) {
+    std::string rows;
     int line = 0;
-    const auto write_line = [&](const std::string& account, const std::string& text, double debit, double credit) {
+    const auto write_gathered = [&] {
+        if (rows.empty()) return;
         context_->execute(
             "INSERT INTO Poliza_Detalle (Pz_Folio, Pzd_ID, Pzd_Cuenta_Contable, Pzd_Concepto, Pzd_Cargo, Pzd_Abono) "
-            "VALUES ('{}', '{}', '{}', '{}', {}, {})",
-            voucher_folio, four_digits(++line), account, text, debit, credit);
+            "VALUES {}",
+            Raw{rows});
+        rows.clear();
     };
-    // The lines come first: a voucher that is there is complete.
+    const auto gather = [&](const std::string& account, const std::string& text, double debit, double credit) {
+        rows += rows.empty() ? "" : ", ";
+        rows +=
+            sql("('{}', '{}', '{}', '{}', {}, {})", voucher_folio, four_digits(++line), account, text, debit, credit);
+        if (line % lines_at_once == 0) write_gathered();
+    };
     for (const Entry& entry : voucher.entries) {
         const bool reversed = entry.amount < 0;
         const double amount = std::abs(entry.amount);
-        write_line(reversed ? entry.credit_account : entry.debit_account, entry.text, amount, 0);
-        write_line(reversed ? entry.debit_account : entry.credit_account, entry.text, 0, amount);
+        gather(reversed ? entry.credit_account : entry.debit_account, entry.text, amount, 0);
+        gather(reversed ? entry.debit_account : entry.credit_account, entry.text, 0, amount);
     }
+    write_gathered();
+}
+
+void Accounting::write(const std::string& document_code, const std::string& folio, const Voucher& voucher) {
+    const std::string voucher_folio = context_->take_folio({}, document::voucher);
+    const std::string now = context_->stamp();
+    // The lines come first: a voucher that is there is complete.
+    write_lines(voucher_folio, voucher);
     context_->execute(
         "INSERT INTO Poliza (Pz_Folio, Em_Cve_Empresa, Pz_Fecha, Pz_Tabla, Pz_Documento, Pz_Concepto, Oper_Alta, "
         "Fecha_Alta, "

@@ -1,6 +1,7 @@
 // Vouchers of the documents that are posted automatically.
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "suite/context.h"
@@ -48,8 +49,9 @@ private:
     Voucher of_deposit(const std::string& folio);
     Voucher of_check(const std::string& folio);
 
-    /// Local amount: the local currency has rate 1 whatever the document says.
-    double local_amount(double amount, const std::string& currency, double exchange_rate);
+    /// The amount of a row in local currency, which has rate 1 whatever the document says. `amount` and `exchange_rate` are
+    /// columns beside `Mn_Cve_Moneda`.
+    double local_amount(const Rows& row, std::string_view amount, std::string_view exchange_rate);
     /// The catalog's account, or the one configured for the document code.
     std::string account_or(const std::string& account, std::string_view configured_column, std::string_view code);
 
@@ -57,8 +59,10 @@ private:
     void cancel_voucher(const std::string& voucher_folio, Date date, const std::string& state,
                         const std::string& document);
     void write(const std::string& document_code, const std::string& folio, const Voucher& voucher);
+    void write_lines(const std::string& voucher_folio, const Voucher& voucher);
 
     std::shared_ptr<Context> context_;
+    std::optional<std::string> local_currency_;  ///< asked once for a voucher
     std::string last_error_;
 };
 

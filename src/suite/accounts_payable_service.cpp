@@ -22,41 +22,40 @@ Payable Payables::NewDocument() {
 
 bool Payables::CreatePayable(const Payable& payable) {
     return serve(last_error_, [&] {
-        supplier_account({.party = payable.supplier,
-                          .branch = payable.branch,
-                          .source_table = payable.source_table,
-                          .source_document = payable.source_document,
-                          .date = payable.date,
-                          .due_date = payable.due_date,
-                          .currency = payable.currency,
-                          .exchange_rate = payable.exchange_rate,
-                          .total = payable.amount,
-                          .net = payable.net_amount,
-                          .amount = payable.amount,
-                          .reference = payable.reference,
-                          .comment = payable.comment});
+        ledger_.open({.party = payable.supplier,
+                      .branch = payable.branch,
+                      .source_table = payable.source_table,
+                      .source_document = payable.source_document,
+                      .date = payable.date,
+                      .due_date = payable.due_date,
+                      .currency = payable.currency,
+                      .exchange_rate = payable.exchange_rate,
+                      .total = payable.amount,
+                      .net = payable.net_amount,
+                      .amount = payable.amount,
+                      .reference = payable.reference,
+                      .comment = payable.comment});
     });
 }
 
 bool Payables::CreateSupplierAdvance(const Supplier_advance& advance, std::string& payable_folio) {
     return serve(last_error_, [&] {
         refuse_if(!(advance.amount > 0), "El importe del anticipo debe ser mayor que cero; indique un importe");
-        payable_folio = supplier_account({.party = advance.supplier,
-                                          .branch = advance.branch,
-                                          .source_table = std::string(advance_code),
-                                          .source_document = {},
-                                          .date = advance.date,
-                                          .due_date = advance.date,
-                                          .currency = advance.currency,
-                                          .exchange_rate = advance.exchange_rate,
-                                          .total = -advance.amount,
-                                          .net = -advance.amount,
-                                          .amount = -advance.amount,
-                                          .reference = advance.reference,
-                                          .comment = advance.concept_text});
-        context_->execute(
-            "UPDATE Cuenta_x_Pagar SET Ch_Folio = '{}', Bc_Cve_Banco_Cuenta = '{}' WHERE Cxp_Folio = '{}'",
-            advance.check_folio, advance.bank_account, payable_folio);
+        payable_folio =
+            ledger_.open({.party = advance.supplier,
+                          .branch = advance.branch,
+                          .source_table = std::string(advance_code),
+                          .source_document = {},
+                          .date = advance.date,
+                          .due_date = advance.date,
+                          .currency = advance.currency,
+                          .exchange_rate = advance.exchange_rate,
+                          .total = -advance.amount,
+                          .net = -advance.amount,
+                          .amount = -advance.amount,
+                          .reference = advance.reference,
+                          .comment = advance.concept_text,
+                          .own = {{"Ch_Folio", advance.check_folio}, {"Bc_Cve_Banco_Cuenta", advance.bank_account}}});
     });
 }
 
@@ -94,45 +93,39 @@ bool Payables::CancelPayment(const std::string& payable_folio, const std::string
 
 bool Payables::ValidateAdvanceCancellation(const std::string& advance_folio) {
     return serve(last_error_, [&] {
-        for (const std::string& folio : ledger_.of_document(advance_code, advance_folio)) {
-            refuse_if(ledger_.has_live_payments(folio),
-                      "El anticipo a proveedor: {}, ya está aplicado; cancele antes sus pagos", folio);
-            refuse_if(context_->is_posted(advance_code, folio),
+        for (const Live_account& advance : ledger_.of_document(advance_code, advance_folio, advance_code)) {
+            refuse_if(advance.paid, "El anticipo a proveedor: {}, ya está aplicado; cancele antes sus pagos",
+                      advance.folio);
+            refuse_if(advance.posted,
                       "El anticipo a proveedor: {}, está contabilizado; cancele antes su registro en contabilidad",
-                      folio);
+                      advance.folio);
         }
     });
 }
 
 bool Payables::CancelDocumentPayables(const std::string& document_code, const std::string& folio) {
     return serve(last_error_, [&] {
-        const std::vector<std::string> payables = ledger_.of_document(document_code, folio);
+        const std::vector<Live_account> payables = ledger_.of_document(document_code, folio);
         ledger_.require_unpaid(payables);
-        for (const std::string& payable : payables) ledger_.cancel(payable);
+        for (const Live_account& payable : payables) ledger_.cancel(payable);
     });
-}
-
-std::string Payables::supplier_account(const New_account& account) {
-    refuse_if(context_->look_up("Pv_Descripcion", "Pv_Cve_Proveedor", account.party, "Proveedor").empty(),
-              "El proveedor: {}, no existe o está dado de baja; elija otro", account.party);
-    return ledger_.open(account);
 }
 
 void Payables::post(const Pending& pending) {
     const Payment_line& line = pending.line;
-    const std::string id = ledger_.pay(pending.account, {.date = line.date,
-                                                         .amount = line.amount,
-                                                         .currency = line.currency,
-                                                         .exchange_rate = line.exchange_rate,
-                                                         .source_table = document::check,
-                                                         .source_document = line.check_folio,
-                                                         .reference = line.check_number,
-                                                         .concept_text = "Pago con cheque o transferencia",
-                                                         .payment_method = line.payment_method});
-    context_->execute(
-        "UPDATE Pago_Cxp SET Ch_Cheque = '{}', Bn_Cve_Banco = '{}', Bn_Descripcion = '{}', Bc_Cuenta = '{}' "
-        "WHERE Cxp_Folio = '{}' AND Pc_ID = '{}'",
-        line.check_number, line.bank, line.bank_name, line.bank_account_number, pending.account.folio, id);
+    ledger_.pay(pending.account, {.date = line.date,
+                                  .amount = line.amount,
+                                  .currency = line.currency,
+                                  .exchange_rate = line.exchange_rate,
+                                  .source_table = document::check,
+                                  .source_document = line.check_folio,
+                                  .reference = line.check_number,
+                                  .concept_text = "Pago con cheque o transferencia",
+                                  .payment_method = line.payment_method,
+                                  .own = {{"Ch_Cheque", line.check_number},
+                                          {"Bn_Cve_Banco", line.bank},
+                                          {"Bn_Descripcion", line.bank_name},
+                                          {"Bc_Cuenta", line.bank_account_number}}});
 }
 
 }  // namespace cuvexa::reference

@@ -51,7 +51,6 @@ private:
         double amount;  ///< in the payable's currency
     };
 
-    std::string supplier_account(const New_account& account);
     void post(const Pending& pending);
 
     std::shared_ptr<Context> context_;

@@ -69,10 +69,8 @@ bool Receivables::ApplyCustomerDocument(const std::string& document_folio) {
         refuse_if(expense.text("Es_Cve_Estado") == state::cancelled,
                   "El gasto por comprobar: {}, está cancelado; genere otro", document_folio);
         if (!ledger_.of_document(document::expense, document_folio).empty()) return;
-        const std::string customer = expense.text("Cl_Cve_Cliente");
-        require_customer(customer);
         const double amount = expense.number("Gc_Importe");
-        ledger_.open({.party = customer,
+        ledger_.open({.party = expense.text("Cl_Cve_Cliente"),
                       .branch = expense.text("Sc_Cve_Sucursal"),
                       .source_table = document::expense,
                       .source_document = document_folio,
@@ -107,9 +105,9 @@ bool Receivables::CancelDocumentAdvances(const std::string& document_code, const
 
 bool Receivables::CancelDocumentReceivables(const std::string& document_code, const std::string& folio) {
     return serve(last_error_, [&] {
-        const std::vector<std::string> receivables = ledger_.of_document(document_code, folio);
+        const std::vector<Live_account> receivables = ledger_.of_document(document_code, folio);
         ledger_.require_unpaid(receivables);
-        for (const std::string& receivable : receivables) ledger_.cancel(receivable);
+        for (const Live_account& receivable : receivables) ledger_.cancel(receivable);
     });
 }
 

@@ -9,6 +9,12 @@
 #include "suite/schema_names.h"
 
 namespace cuvexa::reference {
+namespace {
+
+constexpr std::size_t most_new_folios = 32;
+
+}  // namespace
+
 double cents(double amount) {
     return std::round(amount * 100) / 100;
 }
@@ -35,6 +41,14 @@ Date Context::now() {
     return query("SELECT GETDATE() AS Ahora").date("Ahora");
 }
 
+std::string Context::year_in_sql() const {
+    return options_.server_date ? std::to_string(calendar(*options_.server_date).year) : "YEAR(GETDATE())";
+}
+
+std::string Context::month_in_sql() const {
+    return options_.server_date ? std::to_string(calendar(*options_.server_date).month) : "MONTH(GETDATE())";
+}
+
 std::string Context::look_up(std::string_view column, std::string_view key_column, std::string_view key,
                              std::string_view table, std::string_view condition) {
     require_in_schema(table, {column, key_column});
@@ -51,23 +65,43 @@ std::string Context::parameter(std::string_view name, std::string_view fallback)
     return rows.eof() ? std::string(fallback) : rows.text("Ps_Valor");
 }
 
+std::string Context::next_folio(const std::string& branch, const std::string& document_code, std::string& why) {
+    std::string folio = reference::next_folio(own_, branch, document_code, why);
+    new_folios_.push_back(folio);
+    if (new_folios_.size() > most_new_folios) new_folios_.pop_front();
+    return folio;
+}
+
 std::string Context::take_folio(const std::string& branch, const std::string& document_code) {
     std::string why;
-    std::string folio = next_folio(own_, branch, document_code, why);
+    std::string folio = next_folio(branch, document_code, why);
     refuse_if(folio.empty(), "{}", why);
     return folio;
 }
 
 void Context::register_document(std::string_view document_code, std::string_view folio) {
-    const Rows again = query(
-        "UPDATE Documento_Registrado SET Dr_Veces = Dr_Veces + 1, Fecha_Ult_Modif = '{}' OUTPUT inserted.Dr_Veces "
-        "WHERE Dr_Documento = '{}' AND Dr_Codigo = '{}'",
-        stamp(), folio, document_code);
-    if (!again.eof()) return;
-    execute(
-        "INSERT INTO Documento_Registrado (Dr_Documento, Dr_Codigo, Dr_Veces, Oper_Alta, Fecha_Alta, Fecha_Ult_Modif) "
-        "VALUES ('{}', '{}', 1, '{}', '{}', '{}')",
-        folio, upper_ascii(document_code), user(), stamp(), stamp());
+    const std::string now = stamp();
+    // One statement, when the guess is right. Another session may register the document in between.
+    if (std::erase(new_folios_, folio) != 0 && register_first(document_code, folio, now)) return;
+    if (register_again(document_code, folio, now)) return;
+    if (!register_first(document_code, folio, now)) register_again(document_code, folio, now);
+}
+
+bool Context::register_first(std::string_view document_code, std::string_view folio, std::string_view now) {
+    return !query(
+                "INSERT INTO Documento_Registrado (Dr_Documento, Dr_Codigo, Dr_Veces, Oper_Alta, Fecha_Alta, "
+                "Fecha_Ult_Modif) OUTPUT inserted.Dr_Veces SELECT '{}', '{}', 1, '{}', '{}', '{}' WHERE NOT EXISTS "
+                "(SELECT Dr_Veces FROM Documento_Registrado WHERE Dr_Documento = '{}' AND Dr_Codigo = '{}')",
+                folio, upper_ascii(document_code), user(), now, now, folio, document_code)
+                .eof();
+}
+
+bool Context::register_again(std::string_view document_code, std::string_view folio, std::string_view now) {
+    return !query(
+                "UPDATE Documento_Registrado SET Dr_Veces = Dr_Veces + 1, Fecha_Ult_Modif = '{}' OUTPUT "
+                "inserted.Dr_Veces WHERE Dr_Documento = '{}' AND Dr_Codigo = '{}'",
+                now, folio, document_code)
+                .eof();
 }
 
 bool Context::is_posted(std::string_view document_code, std::string_view folio) {

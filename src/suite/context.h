@@ -1,6 +1,7 @@
 // What the reference services share: statements, refusals, and the few look-ups that all of them need.
 #pragma once
 
+#include <deque>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -59,6 +60,14 @@ public:
     std::string time_text(Date date) const;
     std::string stamp() { return time_text(now()); }
 
+    /// What a query asks so that it tells the time as well, and the time that its row tells.
+    std::string_view time_column() const { return options_.server_date ? "" : ", GETDATE() AS Ahora"; }
+    Date time_of(const Rows& row) const { return options_.server_date ? *options_.server_date : row.date("Ahora"); }
+
+    /// The year and the month of now, as they stand in a condition.
+    std::string year_in_sql() const;
+    std::string month_in_sql() const;
+
     template <class... Arguments>
     Rows query(Statement<std::type_identity_t<Arguments>...> statement, const Arguments&... arguments) {
         return reference::query(own_, statement, arguments...);
@@ -76,7 +85,9 @@ public:
     /// A system parameter as text, or `fallback` when it is absent.
     std::string parameter(std::string_view name, std::string_view fallback = {});
 
-    /// The next folio of a series; a closed one is a refusal.
+    /// The next folio of a series; empty, with `why` filled, when it is closed.
+    std::string next_folio(const std::string& branch, const std::string& document_code, std::string& why);
+    /// The same; a closed one is a refusal.
     std::string take_folio(const std::string& branch, const std::string& document_code);
 
     void register_document(std::string_view document_code, std::string_view folio);
@@ -89,10 +100,15 @@ public:
 
 private:
     std::string period_state(Date date, std::string_view module);
+    bool register_first(std::string_view document_code, std::string_view folio, std::string_view now);
+    bool register_again(std::string_view document_code, std::string_view folio, std::string_view now);
 
     Connection& connection_;
     Connection& own_;
     Suite_options options_;
+
+    /// The last folios that were given: their documents are likely to be registered for the first time.
+    std::deque<std::string> new_folios_;
 };
 
 /// The amount as a text shows it, to the cent.

@@ -1,7 +1,5 @@
 #include "suite/data_services.h"
 
-#include "suite/folio_series.h"
-
 namespace cuvexa::reference {
 
 std::string Data::LookupValue(const std::string& column, const std::string& key_column, const std::string& key,
@@ -12,7 +10,7 @@ std::string Data::LookupValue(const std::string& column, const std::string& key_
 
 std::string Data::GetNextFolio(const std::string& branch, const std::string& document_code) {
     last_error_.clear();
-    return next_folio(context_->own_connection(), branch, document_code, last_error_);
+    return context_->next_folio(branch, document_code, last_error_);
 }
 
 bool Data::IsOperatingPeriodOpen(Date date, const std::string& module) {

@@ -1,7 +1,7 @@
 // Accounts with payments: what receivables and payables have in common.
 #pragma once
 
-#include <optional>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,16 +17,33 @@ struct Ledger_names {
     std::string_view payments;  ///< table of their payments
     std::string_view prefix;    ///< of the accounts' columns
     std::string_view party;     ///< column of the customer or supplier
-    std::string_view code;      ///< folio series, and code of the accounts as documents
-    std::string_view module;    ///< whose periods may be closed
-    std::string_view noun;      ///< in messages
+    std::string_view parties;   ///< table of them
+    std::string_view party_name, party_noun;
+    std::string_view code;    ///< folio series, and code of the accounts as documents
+    std::string_view module;  ///< whose periods may be closed
+    std::string_view noun;    ///< in messages
 };
 
-inline constexpr Ledger_names receivable_names = {"Cuenta_x_Cobrar",  "Pago_Cxc",           "Cxc",
-                                                  "Cl_Cve_Cliente",   document::receivable, "CUENTAS_X_COBRAR",
-                                                  "cuenta por cobrar"};
-inline constexpr Ledger_names payable_names = {
-    "Cuenta_x_Pagar", "Pago_Cxp", "Cxp", "Pv_Cve_Proveedor", document::payable, "CUENTAS_X_PAGAR", "cuenta por pagar"};
+inline constexpr Ledger_names receivable_names = {.accounts = "Cuenta_x_Cobrar",
+                                                  .payments = "Pago_Cxc",
+                                                  .prefix = "Cxc",
+                                                  .party = "Cl_Cve_Cliente",
+                                                  .parties = "Cliente",
+                                                  .party_name = "Cl_Descripcion",
+                                                  .party_noun = "cliente",
+                                                  .code = document::receivable,
+                                                  .module = "CUENTAS_X_COBRAR",
+                                                  .noun = "cuenta por cobrar"};
+inline constexpr Ledger_names payable_names = {.accounts = "Cuenta_x_Pagar",
+                                               .payments = "Pago_Cxp",
+                                               .prefix = "Cxp",
+                                               .party = "Pv_Cve_Proveedor",
+                                               .parties = "Proveedor",
+                                               .party_name = "Pv_Descripcion",
+                                               .party_noun = "proveedor",
+                                               .code = document::payable,
+                                               .module = "CUENTAS_X_PAGAR",
+                                               .noun = "cuenta por pagar"};
 
 /// A receivable or payable as it stands. What is owed the other way (an advance) has negative figures.
 struct Account {
@@ -34,10 +51,18 @@ struct Account {
     double exchange_rate = 0;
     double amount = 0;
     double balance = 0;
+    std::int64_t last_payment = 0;  ///< the number of its last payment, cancelled ones included
+    Date asked = {};                ///< when it stood so
 
     bool cancelled() const { return state == state::cancelled; }
     /// Whether its document took it back by relabelling it.
     bool withdrawn() const { return source_table.find("-CA:") != std::string::npos; }
+};
+
+/// A column that only one of the two ledgers has.
+struct Own_column {
+    std::string_view name;
+    std::string value;
 };
 
 struct New_account {
@@ -48,6 +73,15 @@ struct New_account {
     double exchange_rate = 0;
     double total = 0, net = 0, amount = 0;
     std::string reference, comment;
+    std::vector<Own_column> own = {};
+};
+
+/// A live account of a document.
+struct Live_account {
+    std::string folio;
+    bool paid = false;    ///< it has live payments
+    bool posted = false;  ///< by hand
+    Date asked = {};      ///< when it stood so
 };
 
 struct New_payment {
@@ -58,19 +92,18 @@ struct New_payment {
     std::string source_table, source_document;
     std::string reference, concept_text, payment_method;
     bool affects_balance = true;
+    std::vector<Own_column> own = {};
 };
 
 class Ledger {
 public:
     Ledger(Context& context, const Ledger_names& names) : context_(context), names_(names) {}
 
-    std::optional<Account> find(std::string_view folio);
-
     /// The account, that may still be paid: an unknown, cancelled or withdrawn one is refused.
     Account require(std::string_view folio);
 
-    /// Writes an account with its full balance and gives its folio. No amount, no rate or an unknown currency is
-    /// refused.
+    /// Writes an account with its full balance and gives its folio. An unknown or retired party, no amount, no rate and an
+    /// unknown currency are refused.
     std::string open(const New_account& account);
 
     /// An amount in the account's own currency.
@@ -82,31 +115,38 @@ public:
     std::string pay(const Account& account, const New_payment& payment);
 
     /// Cancels a payment and gives its amount back to the balance. An unknown or cancelled payment, one posted by hand
-    /// and one of a cancelled account are refused, and so are all while the module's period of today is closed.
-    void cancel_payment(const std::string& folio, const std::string& payment_id);
+    /// and one of a cancelled account are refused, and so are all while the module's period of today is closed. Gives what
+    /// was known of it: `Tabla` and `Documento` of the account, `Pc_Tabla`, `Pc_Documento` and `Pc_Referencia`,
+    /// and the time.
+    Rows cancel_payment(const std::string& folio, const std::string& payment_id);
 
-    bool has_live_payments(std::string_view folio);
-
-    /// Live accounts of a document, by folio.
-    std::vector<std::string> of_document(std::string_view source_table, std::string_view source_document);
+    /// Live accounts of a document, by folio. They may be posted as documents of another code than the ledger's own.
+    std::vector<Live_account> of_document(std::string_view source_table, std::string_view source_document) {
+        return of_document(source_table, source_document, names_.code);
+    }
+    std::vector<Live_account> of_document(std::string_view source_table, std::string_view source_document,
+                                          std::string_view posted_as);
 
     /// Refuses when an account of the document has live payments, or is posted by hand.
-    void require_unpaid(const std::vector<std::string>& folios);
+    void require_unpaid(const std::vector<Live_account>& accounts);
 
     /// Marks the account cancelled.
-    void cancel(std::string_view folio);
+    void cancel(const Live_account& account);
 
 protected:
-    void update_balance(std::string_view folio);
-    void mark_payment_cancelled(std::string_view folio, std::string_view payment_id);
+    /// From the payments, not from the old balance: cancelling a payment gives back exactly the figure there was before it.
+    void update_balance(std::string_view folio, const std::string& now);
+    void mark_payment_cancelled(std::string_view folio, std::string_view payment_id, const std::string& now);
 
     Context& context_;
 
 private:
-    std::string next_payment_id(std::string_view folio);
-    /// The state of the payment; no row when there is none.
-    Rows payment_state(std::string_view folio, std::string_view payment_id);
-    void insert_payment(const Account& account, const New_payment& payment, const std::string& id);
+    std::int64_t last_payment(std::string_view folio);
+    /// False when there is a payment of that number already.
+    bool insert_payment(const Account& account, const New_payment& payment, std::int64_t number,
+                        const std::string& now);
+    bool insert_if_new(const Account& account, const New_payment& payment, const std::string& id,
+                       const std::string& now);
 
     const Ledger_names& names_;
 };

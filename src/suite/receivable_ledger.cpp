@@ -11,25 +11,25 @@ constexpr std::string_view advance_code = document::customer_advance;
 }  // namespace
 
 void Receivable_ledger::cancel_payment(const std::string& folio, const std::string& payment_id) {
-    const Rows payment = context_.query(
-        "SELECT Pc_Tabla, Pc_Documento, Pc_Referencia FROM Pago_Cxc WHERE Cxc_Folio = '{}' AND Pc_ID = '{}'", folio,
-        payment_id);
-    Ledger::cancel_payment(folio, payment_id);
+    const Rows payment = Ledger::cancel_payment(folio, payment_id);
     const std::string reference = payment.text("Pc_Referencia");
-    const Account account = *find(folio);
-    if (same_text(account.source_table, advance_code)) {
+    const std::string now = context_.time_text(context_.time_of(payment));
+    if (same_text(payment.text("Tabla"), advance_code)) {
+        const std::string advance = payment.text("Documento");
         if (!reference.empty()) {
-            cancel_where(sql("Pc_Documento = '{}' AND Pc_Tabla = '{}' AND Pc_Referencia = '{}'",
-                             account.source_document, advance_code, reference));
+            cancel_where(sql("Pc_Documento = '{}' AND Pc_Tabla = '{}' AND Pc_Referencia = '{}'", advance, advance_code,
+                             reference),
+                         now);
         }
-        reopen_advance(account.source_document);
+        reopen_advance(advance, now);
     } else if (same_text(payment.text("Pc_Tabla"), advance_code)) {
         const std::string advance = payment.text("Pc_Documento");
-        for (const std::string& own : of_document(advance_code, advance)) {
-            if (reference.empty()) continue;
-            cancel_where(sql("Cxc_Folio = '{}' AND Pc_Referencia = '{}'", own, reference));
+        if (!reference.empty()) {
+            for (const Live_account& own : of_document(advance_code, advance)) {
+                cancel_where(sql("Cxc_Folio = '{}' AND Pc_Referencia = '{}'", own.folio, reference), now);
+            }
         }
-        reopen_advance(advance);
+        reopen_advance(advance, now);
     }
 }
 
@@ -57,9 +57,8 @@ std::string Receivable_ledger::open_advance(const New_account& advance) {
 }
 
 void Receivable_ledger::require_unused_advance(const std::string& advance_folio) {
-    for (const std::string& own : of_document(advance_code, advance_folio)) {
-        refuse_if(has_live_payments(own), "El anticipo: {}, ya está aplicado; cancele antes su aplicación",
-                  advance_folio);
+    for (const Live_account& own : of_document(advance_code, advance_folio)) {
+        refuse_if(own.paid, "El anticipo: {}, ya está aplicado; cancele antes su aplicación", advance_folio);
     }
     refuse_if(context_.is_posted(advance_code, advance_folio),
               "El anticipo: {}, está contabilizado; cancele antes su registro en contabilidad", advance_folio);
@@ -67,26 +66,26 @@ void Receivable_ledger::require_unused_advance(const std::string& advance_folio)
 
 void Receivable_ledger::cancel_advance(const std::string& advance_folio) {
     const std::string now = context_.stamp();
-    for (const std::string& own : of_document(advance_code, advance_folio)) cancel(own);
+    for (const Live_account& own : of_document(advance_code, advance_folio)) cancel(own);
     context_.execute(
         "UPDATE Anticipo_Cxc SET Es_Cve_Estado = 'CA', Oper_Baja = '{}', Fecha_Baja = '{}', Oper_Ult_Modif = '{}', "
         "Fecha_Ult_Modif = '{}' WHERE An_Folio = '{}'",
         context_.user(), now, context_.user(), now, advance_folio);
 }
 
-void Receivable_ledger::cancel_where(std::string_view condition) {
+void Receivable_ledger::cancel_where(std::string_view condition, const std::string& now) {
     Rows payments =
         context_.query("SELECT Cxc_Folio, Pc_ID FROM Pago_Cxc WHERE {} AND Es_Cve_Estado <> 'CA'", Raw{condition});
     for (; !payments.eof(); payments.next()) {
-        mark_payment_cancelled(payments.text("Cxc_Folio"), payments.text("Pc_ID"));
+        mark_payment_cancelled(payments.text("Cxc_Folio"), payments.text("Pc_ID"), now);
     }
 }
 
-void Receivable_ledger::reopen_advance(std::string_view advance_folio) {
+void Receivable_ledger::reopen_advance(std::string_view advance_folio, const std::string& now) {
     context_.execute(
         "UPDATE Anticipo_Cxc SET Es_Cve_Estado = 'AC', Oper_Ult_Modif = '{}', Fecha_Ult_Modif = '{}' "
         "WHERE An_Folio = '{}' AND Es_Cve_Estado = 'AP'",
-        context_.user(), context_.stamp(), advance_folio);
+        context_.user(), now, advance_folio);
 }
 
 }  // namespace cuvexa::reference

@@ -22,8 +22,8 @@ public:
     void cancel_advance(const std::string& advance_folio);
 
 private:
-    void cancel_where(std::string_view condition);
-    void reopen_advance(std::string_view advance_folio);
+    void cancel_where(std::string_view condition, const std::string& now);
+    void reopen_advance(std::string_view advance_folio, const std::string& now);
 };
 
 }  // namespace cuvexa::reference

@@ -46,12 +46,16 @@ def is_statement(text):
 
 # The parser knows neither the OUTPUT clause nor a join in the FROM of an UPDATE, which T-SQL has. The clause is taken
 # out; the FROM and all that follows are read as those of a SELECT.
-OUTPUT = re.compile(r" OUTPUT inserted\.\w+(?= WHERE )")
+OUTPUT = re.compile(r" OUTPUT inserted\.\w+(?= (WHERE|SELECT) )")
 JOINED = re.compile(r"(UPDATE .*? )(FROM \w+ +INNER JOIN .*)", re.DOTALL)
 
 
+def without_output(statement):
+    return OUTPUT.sub("", statement) if statement.startswith(("UPDATE ", "INSERT ")) else statement
+
+
 def parses(statement):
-    text = OUTPUT.sub("", statement) if statement.startswith("UPDATE ") else statement
+    text = without_output(statement)
     if is_statement(text):
         return True
     joined = JOINED.fullmatch(text)

@@ -23,7 +23,7 @@ import subprocess
 import sys
 import tempfile
 
-from tsql_test import JOINED, OUTPUT, told
+from tsql_test import JOINED, told, without_output
 
 import sqlglot
 from sqlglot import exp
@@ -57,7 +57,7 @@ def holes(statement):
 
 
 def trees(text):
-    text = OUTPUT.sub("", text) if text.startswith("UPDATE ") else text
+    text = without_output(text)
     try:
         return sqlglot.parse(text, read="tsql")
     except SqlglotError:

@@ -110,6 +110,13 @@ std::vector<Case> payable_cases() {
     return {
         asking("CreatePayable", {}, create_payable),
         asking("AddPaymentLine and ApplyPayments", {}, pay_payable),
+        asking("AddPaymentLine twice and ApplyPayments: the number of the second is taken when its turn comes", {},
+               [](Company& company) {
+                   const auto payables = company.suite()->new_accounts_payable();
+                   payables->AddPaymentLine(check_payment("CXP-MTY-00000001", 100));
+                   payables->AddPaymentLine(check_payment("CXP-MTY-00000001", 200));
+                   payables->ApplyPayments();
+               }),
         asking("CancelPayment", pay_payable,
                [](Company& company) {
                    company.suite()->new_accounts_payable()->CancelPayment("CXP-MTY-00000001", "0001");

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <set>
 #include <thread>
+#include <utility>
 
 #include "suite/fixture.h"
 
@@ -37,27 +38,29 @@ TEST(Two_sessions, never_get_the_same_folio_and_begin_one_series) {
     for (const char* tail : {"", "-wal", "-shm"}) std::filesystem::remove(path + tail);
 }
 
-/// A server on which another session begins the series between the look and the insertion; or, without `other`, one
-/// that does not let this session insert.
-class Series_begun_meanwhile : public Connection {
+/// A server on which another session inserts the same row between the look and the insertion; or, without `other`, one
+/// that does not let this session insert. Once.
+class Inserted_meanwhile : public Connection {
 public:
-    Series_begun_meanwhile(Connection& rows, bool other) : rows_(rows), other_(other) {}
+    Inserted_meanwhile(Connection& rows, std::string table, bool other)
+        : rows_(rows), insertion_("INSERT INTO " + table + " "), other_(other) {}
 
     std::unique_ptr<Recordset> execute(std::string_view text) override {
-        if (!text.starts_with("INSERT INTO Folio_Serie")) return rows_.execute(text);
+        if (!text.starts_with(insertion_) || std::exchange(met_, true)) return rows_.execute(text);
         if (other_) rows_.execute(text);
         throw Database_error("llave duplicada");
     }
 
 private:
     Connection& rows_;
-    bool other_;
+    std::string insertion_;
+    bool other_, met_ = false;
 };
 
 TEST(Two_sessions, that_begin_one_series_in_the_same_moment_both_get_a_folio) {
     Sqlite_connection rows(":memory:", {.synchronous = Synchronous::off});
     run_script(rows, schema_sql());
-    Series_begun_meanwhile connection(rows, true);
+    Inserted_meanwhile connection(rows, "Folio_Serie", true);
     Reference_suite suite(connection);
     EXPECT_EQ(suite.data()->GetNextFolio("MTY", "RECIBO_PAGO"), "RP-MTY-00000001");
 }
@@ -65,7 +68,7 @@ TEST(Two_sessions, that_begin_one_series_in_the_same_moment_both_get_a_folio) {
 TEST(Two_sessions, a_series_that_cannot_be_begun_is_a_failure_with_the_database_s_words) {
     Sqlite_connection rows(":memory:", {.synchronous = Synchronous::off});
     run_script(rows, schema_sql());
-    Series_begun_meanwhile connection(rows, false);
+    Inserted_meanwhile connection(rows, "Folio_Serie", false);
     Reference_suite suite(connection);
     try {
         suite.data()->GetNextFolio("MTY", "RECIBO_PAGO");
@@ -111,6 +114,14 @@ TEST_F(Simultaneous_payments, all_get_a_number) {
     ASSERT_TRUE(receivables->RegisterPayment(payment())) << receivables->LastError();
     EXPECT_THAT(column("SELECT Pc_ID AS value FROM Pago_Cxc ORDER BY Pc_ID"), ElementsAre("0001", "0002"));
     EXPECT_EQ(balance("CXC-MTY-00000001"), 4980) << "both count";
+}
+
+TEST_F(Simultaneous_payments, all_get_a_number_where_both_found_it_free) {
+    Inserted_meanwhile server(connection, "Pago_Cxc", true);
+    Reference_suite other(server, {.user = "CAJA2", .server_date = today()});
+    const auto receivables = other.new_accounts_receivable();
+    ASSERT_TRUE(receivables->RegisterPayment(payment())) << receivables->LastError();
+    EXPECT_THAT(column("SELECT Pc_ID AS value FROM Pago_Cxc ORDER BY Pc_ID"), ElementsAre("0001", "0002"));
 }
 
 TEST_F(Simultaneous_payments, a_payment_that_fails_for_another_reason_fails_with_the_database_s_words) {

@@ -59,8 +59,11 @@ UPDATE Documento_Registrado SET Dr_Veces = Dr_Veces + 1, Fecha_Ult_Modif = '2024
 inserted.Dr_Veces
 WHERE Dr_Documento = 'RP-MTY-00000001' AND Dr_Codigo = 'RECIBO_PAGO';
 
-INSERT INTO Documento_Registrado (Dr_Documento, Dr_Codigo, Dr_Veces, Oper_Alta, Fecha_Alta, Fecha_Ult_Modif)
-VALUES ('RP-MTY-00000001', 'RECIBO_PAGO', 1, 'CAJA1', '2024-03-15 10:20:30', '2024-03-15 10:20:30');
+INSERT INTO Documento_Registrado (Dr_Documento, Dr_Codigo, Dr_Veces, Oper_Alta, Fecha_Alta,
+Fecha_Ult_Modif) OUTPUT inserted.Dr_Veces
+SELECT 'RP-MTY-00000001', 'RECIBO_PAGO', 1, 'CAJA1', '2024-03-15 10:20:30', '2024-03-15 10:20:30'
+WHERE NOT EXISTS (SELECT Dr_Veces FROM Documento_Registrado WHERE Dr_Documento = 'RP-MTY-00000001' AND Dr_Codigo =
+'RECIBO_PAGO');
 
 -- ---- RegisterDocument, again
 

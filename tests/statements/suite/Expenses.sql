@@ -4,7 +4,7 @@
 
 -- AccountsReceivableService: SELECT Cliente with 'DE01', 'BA'
 -- DataServices: UPDATE Folio_Serie with 1, 'ANTICIPO_CXC', 'MTY', 'SI'
--- AccountsPayableService: SELECT Moneda with 'MXN', 'BA'
+-- AccountsReceivableService: SELECT Cliente (2) with 'DE01', 'BA', 'MXN', 'BA'
 -- DataServices: UPDATE Folio_Serie with 1, 'CUENTA_X_COBRAR', 'MTY', 'SI'
 -- AccountsReceivableService: INSERT Cuenta_x_Cobrar with 'CXC-MTY-00000005', 'ANTICIPO_CXC', 'AN-MTY-00000003',
 --    '2024-03-15', '2024-03-15', 'MTY', 'DE01', 'MXN', 1, -80, -80, -80, 0, -80, '', '', 'CAJA1',
