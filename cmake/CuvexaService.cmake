@@ -20,3 +20,6 @@ target_include_directories(cuvexa_service SYSTEM PUBLIC $<BUILD_INTERFACE:${CUVE
 target_compile_definitions(cuvexa_service PUBLIC
     CPPHTTPLIB_OPENSSL_SUPPORT CPPHTTPLIB_ZLIB_SUPPORT CPPHTTPLIB_BROTLI_SUPPORT)
 target_link_libraries(cuvexa_service PUBLIC ${CUVEXA_HTTPLIB_LIBRARY} OpenSSL::SSL OpenSSL::Crypto Threads::Threads)
+
+include(CuvexaConsole)
+cuvexa_embed_console(cuvexa_service)

@@ -1,6 +1,8 @@
 // What is answered.
 #pragma once
 
+#include <httplib.h>
+
 #include <map>
 #include <string>
 #include <string_view>
@@ -16,5 +18,8 @@ struct Reply {
 
 /// {"error":{"status":503,"message":"…"}}
 Reply error_reply(int status, std::string_view message);
+
+/// The reply with an `ETag`; without its body, 304, to who has it already.
+Reply with_tag(Reply reply, const httplib::Request& http);
 
 }  // namespace cuvexa::service

@@ -15,7 +15,6 @@
 #include "service/form.h"
 #include "service/paper_statement.h"
 #include "service/query.h"
-#include "service/secrets.h"
 
 namespace cuvexa::service {
 
@@ -275,22 +274,19 @@ std::optional<Answer> answer_of(const Source& source, const std::vector<std::str
     return view.document.empty() ? one_account(source, key, http) : document(source, view, key, http);
 }
 
-/// The same is not sent twice to who has it.
-Reply with_tag(Reply reply, const httplib::Request& http) {
-    const std::string tag = '"' + sha256(reply.type + reply.body).substr(0, 32) + '"';
-    const std::string known = http.get_header_value("If-None-Match");
-    if (lists(known, tag) || lists(known, "W/" + tag) || known == "*") reply = {304, "", "", std::move(reply.headers)};
-    reply.headers.emplace("ETag", tag);
-    reply.headers.emplace("Vary", "Accept, Authorization, Cookie");
-    reply.headers.emplace("Cache-Control", "private, no-cache");
-    return reply;
-}
-
 Reply reply_of(const Answer& answer, const httplib::Request& http) {
     const bool as_table = answer.table && lists(http.get_header_value("Accept"), "text/csv");
     if (!as_table) return {200, written(answer.json)};
     Reply reply{200, csv_of(*answer.table), "text/csv; charset=utf-8"};
     if (!answer.next.empty()) reply.headers.emplace("Cuvexa-Next", answer.next);
+    return reply;
+}
+
+/// For its reader alone, and the same is not sent twice.
+Reply kept_by_reader(Reply reply, const httplib::Request& http) {
+    reply = with_tag(std::move(reply), http);
+    reply.headers.emplace("Vary", "Accept, Authorization, Cookie");
+    reply.headers.emplace("Cache-Control", "private, no-cache");
     return reply;
 }
 
@@ -306,11 +302,11 @@ Reply resource(const Source& source, const std::vector<std::string>& steps, cons
     try {
         if (is_of_account(steps, "statement") && takes_paper(http)) {
             const Reply paper = paper_statement(source, rest_of(steps, steps.size() - 1), http);
-            return paper.status == 200 ? with_tag(paper, http) : paper;
+            return paper.status == 200 ? kept_by_reader(paper, http) : paper;
         }
         const auto answer = answer_of(source, steps, http);
         if (!answer) return error_reply(404, "there is no such document or account");
-        return with_tag(reply_of(*answer, http), http);
+        return kept_by_reader(reply_of(*answer, http), http);
     } catch (const Bad_question& question) {
         return error_reply(400, question.what());
     }

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "automation/openrpc.h"
+#include "service/console.h"
 #include "service/form.h"
 #include "service/kept_answers.h"
 #include "service/resources.h"
@@ -151,10 +152,6 @@ Service::Service(Service_options options, std::ostream& log)
 
 Service::~Service() = default;
 
-void Service::show(const std::string& path, Asset asset) {
-    assets_[path] = std::move(asset);
-}
-
 void Service::serve() {
     http_->serve();
 }
@@ -206,10 +203,9 @@ void Service::finish(Request& request, const Reply& reply, httplib::Response& re
 
 /// What anybody may see, or what its bearer's token allows.
 Reply Service::reply_to(Request& request) {
-    const bool reads = request.http.method == "GET" || request.http.method == "HEAD";
-    if (const auto asset = assets_.find(request.http.path); reads && asset != assets_.end()) {
+    if (auto console = console_reply(request.http, !companies_.contains(""))) {
         request.told.resource = "console";
-        return {200, std::string(asset->second.content), asset->second.type, {{"Cache-Control", "no-cache"}}};
+        return *std::move(console);
     }
     if (request.is("GET", "healthz")) {
         request.told.resource = "healthz";

@@ -44,12 +44,6 @@ struct Service_options {
     std::optional<Date> server_date;
 };
 
-/// A page or picture that anybody may see.
-struct Asset {
-    std::string_view content;
-    std::string type;
-};
-
 class Service {
 public:
     /// Throws `std::runtime_error` when an option does not fit or the address is taken. `log` gets a line per request.
@@ -58,9 +52,6 @@ public:
 
     /// The port that it listens on.
     int port() const { return port_; }
-
-    /// What is shown at a path to anybody: the page of the console and what belongs to it. Before `serve`.
-    void show(const std::string& path, Asset asset);
 
     /// Serves until `stop`, which may be called from another thread.
     void serve();
@@ -95,7 +86,6 @@ private:
     Tokens tokens_;
     Attempts attempts_;
     Companies companies_;
-    std::map<std::string, Asset> assets_;
     Metrics metrics_;
     std::atomic<std::size_t> at_work_ = 0;
     std::unique_ptr<SSL_CTX, void (*)(SSL_CTX*)> tls_;

@@ -31,9 +31,9 @@ using ::testing::IsEmpty;
 constexpr std::size_t largest = 256 * 1024;
 
 /// Text of every kind that the house has; the pictures of the documents are the only other thing.
-const std::set<std::string> kinds_of_text = {".cpp", ".h",   ".cmake", ".in",  ".def",  ".rc",    ".manifest",
-                                             ".vbs", ".cmd", ".nsi",   ".py",  ".json", ".jsonl", ".sql",
-                                             ".txt", ".md",  ".ts",    ".mjs", ".yml",  ".cfg"};
+const std::set<std::string> kinds_of_text = {".cpp", ".h",   ".cmake", ".in",   ".def",   ".rc",  ".manifest", ".vbs",
+                                             ".cmd", ".nsi", ".py",    ".json", ".jsonl", ".sql", ".txt",      ".md",
+                                             ".ts",  ".mjs", ".yml",   ".cfg",  ".js",    ".css", ".html",     ".svg"};
 const std::set<std::string> names_of_settings = {".gitignore", ".clang-format", ".clang-tidy"};
 
 bool is_picture(const std::string& path) {
