@@ -1,13 +1,15 @@
-# cuvexa_fetch_package(<folder> <what> <package>@<version> <sha256> <otherwise>): the unpacked files of a package of the npm registry, in
-# <folder>/package, when its archive has that hash. `what` is what a message calls it; `otherwise` says what to do without a network.
-function(cuvexa_fetch_package folder what package expected otherwise)
+# cuvexa_fetch_package(<folder> <problem> <package>@<version> <sha256>): the unpacked files of a package of the npm registry, in
+# <folder>/package, when its archive has that hash. Otherwise the variable `problem` says what is wrong.
+function(cuvexa_fetch_package folder problem package expected)
+    set(${problem} "" PARENT_SCOPE)
     file(MAKE_DIRECTORY ${folder})
     string(REPLACE "@" "-" name ${package})
     set(archive ${folder}/${name}.tgz)
     # npm knows the registry of the house; without it the public one is asked.
     find_program(NPM npm)
     if(NPM)
-        execute_process(COMMAND ${NPM} pack --silent ${package} WORKING_DIRECTORY ${folder}
+        execute_process(COMMAND ${NPM} pack --silent --fetch-retry-mintimeout=1000 --fetch-retry-maxtimeout=5000 ${package}
+            WORKING_DIRECTORY ${folder}
             RESULT_VARIABLE failed OUTPUT_VARIABLE output ERROR_VARIABLE output TIMEOUT 300)
     else()
         string(REGEX REPLACE "@.*" "" alone ${package})
@@ -16,12 +18,14 @@ function(cuvexa_fetch_package folder what package expected otherwise)
     endif()
     if(failed OR NOT EXISTS ${archive})
         file(REMOVE ${archive})
-        message(FATAL_ERROR "Cuvexa: ${what} could not be fetched (${package}).\n${otherwise}\n${output}")
+        set(${problem} "${package} could not be fetched\n${output}" PARENT_SCOPE)
+        return()
     endif()
     file(SHA256 ${archive} found)
     if(NOT found STREQUAL expected)
         file(REMOVE ${archive})
-        message(FATAL_ERROR "Cuvexa: ${what} is not what was expected (${package}).\n${otherwise}")
+        set(${problem} "${package} is not what was expected" PARENT_SCOPE)
+        return()
     endif()
     file(ARCHIVE_EXTRACT INPUT ${archive} DESTINATION ${folder})
     file(REMOVE ${archive})

@@ -11,8 +11,11 @@ function(cuvexa_fetch_sqlite folder)
     if(there)
         return()
     endif()
-    cuvexa_fetch_package(${folder} "the source of SQLite" better-sqlite3@8.1.0 ${sqlite_package_hash}
-        "Name a folder that has sqlite3.c and sqlite3.h with -DCUVEXA_SQLITE_SOURCE=…")
+    cuvexa_fetch_package(${folder} problem better-sqlite3@8.1.0 ${sqlite_package_hash})
+    if(problem)
+        message(FATAL_ERROR
+            "Cuvexa: no source of SQLite. Name a folder that has sqlite3.c and sqlite3.h with -DCUVEXA_SQLITE_SOURCE=…\n${problem}")
+    endif()
     foreach(file sqlite3.c sqlite3.h)
         file(RENAME ${folder}/package/deps/sqlite3/${file} ${folder}/${file})
     endforeach()

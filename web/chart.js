@@ -1,4 +1,4 @@
-// Charts, drawn by uPlot in the colors of the style sheet.
+// Charts, drawn by uPlot in the colors of the style sheet. It is null where the program was built without it.
 import uPlot from "./uPlot.esm.js";
 import { amount, compact, date, monthName, seconds } from "./format.js";
 import { h } from "./dom.js";
@@ -83,12 +83,13 @@ export function balanceChart(days, description) {
             shown,
         ),
     );
+    if (uPlot === null) place.append(h("p", {}, "Este programa se construyó sin lo que dibuja las gráficas."));
     const values = [days.map((day) => seconds(day.date)), days.map((day) => day.balance), days.map((day) => day.firm)];
     let plot;
     const draw = () => {
         plot?.destroy();
         plot = undefined;
-        if (place.clientWidth > 0) plot = new uPlot(options(place.clientWidth, days, shown), values, place);
+        if (uPlot !== null && place.clientWidth > 0) plot = new uPlot(options(place.clientWidth, days, shown), values, place);
     };
     let width = 0;
     const resized = new ResizeObserver(() => {
