@@ -64,8 +64,9 @@ export async function auditView(place, options) {
 
     begin.addEventListener("click", async () => {
         stopped = false;
-        begin.hidden = true;
         stop.hidden = false;
+        stop.focus();
+        begin.hidden = true;
         bar.value = 0;
         told.classList.remove("warning");
         try {
