@@ -12,9 +12,6 @@ namespace {
 
 constexpr std::string_view module_name = "CONTABILIDAD";
 
-// As many as a statement may have values and still be prepared.
-constexpr int lines_at_once = 40;
-
 }  // namespace
 
 bool Accounting::IsPostingEnabled(const std::string& document_code) {
@@ -217,37 +214,23 @@ void Accounting::cancel_voucher(const std::string& voucher_folio, Date date, con
         context_->user(), now, context_->user(), now, voucher_folio);
 }
 
-void Accounting::write_lines(const std::string& voucher_folio, const Voucher& voucher) {
-    std::string rows;
-    int line = 0;
-    const auto write_gathered = [&] {
-        if (rows.empty()) return;
-        context_->execute(
-            "INSERT INTO Poliza_Detalle (Pz_Folio, Pzd_ID, Pzd_Cuenta_Contable, Pzd_Concepto, Pzd_Cargo, Pzd_Abono) "
-            "VALUES {}",
-            Raw{rows});
-        rows.clear();
-    };
-    const auto gather = [&](const std::string& account, const std::string& text, double debit, double credit) {
-        rows += rows.empty() ? "" : ", ";
-        rows +=
-            sql("('{}', '{}', '{}', '{}', {}, {})", voucher_folio, four_digits(++line), account, text, debit, credit);
-        if (line % lines_at_once == 0) write_gathered();
-    };
-    for (const Entry& entry : voucher.entries) {
-        const bool reversed = entry.amount < 0;
-        const double amount = std::abs(entry.amount);
-        gather(reversed ? entry.credit_account : entry.debit_account, entry.text, amount, 0);
-        gather(reversed ? entry.debit_account : entry.credit_account, entry.text, 0, amount);
-    }
-    write_gathered();
-}
-
 void Accounting::write(const std::string& document_code, const std::string& folio, const Voucher& voucher) {
     const std::string voucher_folio = context_->take_folio({}, document::voucher);
     const std::string now = context_->stamp();
+    int line = 0;
+    const auto write_line = [&](const std::string& account, const std::string& text, double debit, double credit) {
+        context_->execute(
+            "INSERT INTO Poliza_Detalle (Pz_Folio, Pzd_ID, Pzd_Cuenta_Contable, Pzd_Concepto, Pzd_Cargo, Pzd_Abono) "
+            "VALUES ('{}', '{}', '{}', '{}', {}, {})",
+            voucher_folio, four_digits(++line), account, text, debit, credit);
+    };
     // The lines come first: a voucher that is there is complete.
-    write_lines(voucher_folio, voucher);
+    for (const Entry& entry : voucher.entries) {
+        const bool reversed = entry.amount < 0;
+        const double amount = std::abs(entry.amount);
+        write_line(reversed ? entry.credit_account : entry.debit_account, entry.text, amount, 0);
+        write_line(reversed ? entry.debit_account : entry.credit_account, entry.text, 0, amount);
+    }
     context_->execute(
         "INSERT INTO Poliza (Pz_Folio, Em_Cve_Empresa, Pz_Fecha, Pz_Tabla, Pz_Documento, Pz_Concepto, Oper_Alta, "
         "Fecha_Alta, "

@@ -59,7 +59,6 @@ private:
     void cancel_voucher(const std::string& voucher_folio, Date date, const std::string& state,
                         const std::string& document);
     void write(const std::string& document_code, const std::string& folio, const Voucher& voucher);
-    void write_lines(const std::string& voucher_folio, const Voucher& voucher);
 
     std::shared_ptr<Context> context_;
     std::optional<std::string> local_currency_;  ///< asked once for a voucher

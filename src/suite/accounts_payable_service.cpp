@@ -41,21 +41,22 @@ bool Payables::CreatePayable(const Payable& payable) {
 bool Payables::CreateSupplierAdvance(const Supplier_advance& advance, std::string& payable_folio) {
     return serve(last_error_, [&] {
         refuse_if(!(advance.amount > 0), "El importe del anticipo debe ser mayor que cero; indique un importe");
-        payable_folio =
-            ledger_.open({.party = advance.supplier,
-                          .branch = advance.branch,
-                          .source_table = std::string(advance_code),
-                          .source_document = {},
-                          .date = advance.date,
-                          .due_date = advance.date,
-                          .currency = advance.currency,
-                          .exchange_rate = advance.exchange_rate,
-                          .total = -advance.amount,
-                          .net = -advance.amount,
-                          .amount = -advance.amount,
-                          .reference = advance.reference,
-                          .comment = advance.concept_text,
-                          .own = {{"Ch_Folio", advance.check_folio}, {"Bc_Cve_Banco_Cuenta", advance.bank_account}}});
+        payable_folio = ledger_.open({.party = advance.supplier,
+                                      .branch = advance.branch,
+                                      .source_table = std::string(advance_code),
+                                      .source_document = {},
+                                      .date = advance.date,
+                                      .due_date = advance.date,
+                                      .currency = advance.currency,
+                                      .exchange_rate = advance.exchange_rate,
+                                      .total = -advance.amount,
+                                      .net = -advance.amount,
+                                      .amount = -advance.amount,
+                                      .reference = advance.reference,
+                                      .comment = advance.concept_text});
+        context_->execute(
+            "UPDATE Cuenta_x_Pagar SET Ch_Folio = '{}', Bc_Cve_Banco_Cuenta = '{}' WHERE Cxp_Folio = '{}'",
+            advance.check_folio, advance.bank_account, payable_folio);
     });
 }
 
@@ -113,19 +114,19 @@ bool Payables::CancelDocumentPayables(const std::string& document_code, const st
 
 void Payables::post(const Pending& pending) {
     const Payment_line& line = pending.line;
-    ledger_.pay(pending.account, {.date = line.date,
-                                  .amount = line.amount,
-                                  .currency = line.currency,
-                                  .exchange_rate = line.exchange_rate,
-                                  .source_table = document::check,
-                                  .source_document = line.check_folio,
-                                  .reference = line.check_number,
-                                  .concept_text = "Pago con cheque o transferencia",
-                                  .payment_method = line.payment_method,
-                                  .own = {{"Ch_Cheque", line.check_number},
-                                          {"Bn_Cve_Banco", line.bank},
-                                          {"Bn_Descripcion", line.bank_name},
-                                          {"Bc_Cuenta", line.bank_account_number}}});
+    const std::string id = ledger_.pay(pending.account, {.date = line.date,
+                                                         .amount = line.amount,
+                                                         .currency = line.currency,
+                                                         .exchange_rate = line.exchange_rate,
+                                                         .source_table = document::check,
+                                                         .source_document = line.check_folio,
+                                                         .reference = line.check_number,
+                                                         .concept_text = "Pago con cheque o transferencia",
+                                                         .payment_method = line.payment_method});
+    context_->execute(
+        "UPDATE Pago_Cxp SET Ch_Cheque = '{}', Bn_Cve_Banco = '{}', Bn_Descripcion = '{}', Bc_Cuenta = '{}' "
+        "WHERE Cxp_Folio = '{}' AND Pc_ID = '{}'",
+        line.check_number, line.bank, line.bank_name, line.bank_account_number, pending.account.folio, id);
 }
 
 }  // namespace cuvexa::reference

@@ -10,18 +10,6 @@
 namespace cuvexa::reference {
 namespace {
 
-/// The columns behind those that both ledgers have, and their values.
-std::string names_of(const std::vector<Own_column>& columns) {
-    std::string names;
-    for (const Own_column& column : columns) names.append(", ").append(column.name);
-    return names;
-}
-std::string values_of(const std::vector<Own_column>& columns) {
-    std::string values;
-    for (const Own_column& column : columns) values += sql(", '{}'", column.value);
-    return values;
-}
-
 bool is_there(const Rows& rows, std::string_view column) {
     return !is_null(rows.value(column));
 }
@@ -71,18 +59,17 @@ std::string Ledger::open(const New_account& account) {
     const std::string& document = account.source_document.empty() ? folio : account.source_document;
     const Raw prefix{names_.prefix};
     const std::string now = context_.time_text(context_.time_of(known));
-    const std::string own_names = names_of(account.own), own_values = values_of(account.own);
     context_.execute(
         "INSERT INTO {} ({}_Folio, {}_Tabla, {}_Documento, {}_Fecha, {}_Fecha_Vencimiento, Sc_Cve_Sucursal, {}, "
         "Mn_Cve_Moneda, {}_Tipo_Cambio, {}_Importe, {}_Neto, {}_Precio_Neto_Importe, {}_Precio_Neto_Pago, "
-        "{}_Precio_Neto_Saldo, {}_Referencia, {}_Comentario, Oper_Alta, Fecha_Alta, Oper_Ult_Modif, Fecha_Ult_Modif{}) "
+        "{}_Precio_Neto_Saldo, {}_Referencia, {}_Comentario, Oper_Alta, Fecha_Alta, Oper_Ult_Modif, Fecha_Ult_Modif) "
         "VALUES ('{}', '{}', '{}', '{}', '{}', '{}', '{}', '{}', {}, {}, {}, {}, 0, {}, '{}', '{}', '{}', '{}', '{}', "
-        "'{}'{})",
+        "'{}')",
         Raw{names_.accounts}, prefix, prefix, prefix, prefix, prefix, Raw{names_.party}, prefix, prefix, prefix, prefix,
-        prefix, prefix, prefix, prefix, Raw{own_names}, folio, account.source_table, document,
-        context_.day_text(account.date), context_.day_text(account.due_date), account.branch, account.party,
-        account.currency, account.exchange_rate, account.total, account.net, account.amount, account.amount,
-        account.reference, account.comment, context_.user(), now, context_.user(), now, Raw{own_values});
+        prefix, prefix, prefix, prefix, folio, account.source_table, document, context_.day_text(account.date),
+        context_.day_text(account.due_date), account.branch, account.party, account.currency, account.exchange_rate,
+        account.total, account.net, account.amount, account.amount, account.reference, account.comment, context_.user(),
+        now, context_.user(), now);
     return folio;
 }
 
@@ -126,19 +113,18 @@ bool Ledger::insert_if_new(const Account& account, const New_payment& payment, c
                            const std::string& now) {
     const double amount = in_currency_of(account, payment.amount, payment.currency, payment.exchange_rate);
     const double rate = same_text(account.currency, payment.currency) ? payment.exchange_rate : account.exchange_rate;
-    const std::string own_names = names_of(payment.own), own_values = values_of(payment.own);
     const Rows inserted = context_.query(
         "INSERT INTO {} ({}_Folio, Pc_ID, Pc_Fecha, Pc_Importe, Mn_Cve_Moneda, Pc_Tipo_Cambio, Pc_Importe_Pago, "
         "Mn_Cve_Moneda_Pago, Pc_Tipo_Cambio_Pago, Pc_Tabla, Pc_Documento, Pc_Referencia, Pc_Concepto, "
-        "Fp_Cve_Forma_Pago, Pc_Afecta_Saldo, Oper_Alta, Fecha_Alta, Oper_Ult_Modif, Fecha_Ult_Modif, Es_Cve_Estado{}) "
+        "Fp_Cve_Forma_Pago, Pc_Afecta_Saldo, Oper_Alta, Fecha_Alta, Oper_Ult_Modif, Fecha_Ult_Modif, Es_Cve_Estado) "
         "OUTPUT inserted.Pc_ID "
         "SELECT '{}', '{}', '{}', {}, '{}', {}, {}, '{}', {}, '{}', '{}', '{}', '{}', '{}', '{}', '{}', '{}', '{}', "
-        "'{}', 'AC'{} WHERE NOT EXISTS (SELECT Pc_ID FROM {} WHERE {}_Folio = '{}' AND Pc_ID = '{}')",
-        Raw{names_.payments}, Raw{names_.prefix}, Raw{own_names}, account.folio, id, context_.day_text(payment.date),
-        amount, account.currency, rate, payment.amount, payment.currency, payment.exchange_rate, payment.source_table,
+        "'{}', 'AC' WHERE NOT EXISTS (SELECT Pc_ID FROM {} WHERE {}_Folio = '{}' AND Pc_ID = '{}')",
+        Raw{names_.payments}, Raw{names_.prefix}, account.folio, id, context_.day_text(payment.date), amount,
+        account.currency, rate, payment.amount, payment.currency, payment.exchange_rate, payment.source_table,
         payment.source_document, payment.reference, payment.concept_text, payment.payment_method,
-        payment.affects_balance ? "SI" : "NO", context_.user(), now, context_.user(), now, Raw{own_values},
-        Raw{names_.payments}, Raw{names_.prefix}, account.folio, id);
+        payment.affects_balance ? "SI" : "NO", context_.user(), now, context_.user(), now, Raw{names_.payments},
+        Raw{names_.prefix}, account.folio, id);
     return !inserted.eof();
 }
 

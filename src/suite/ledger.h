@@ -59,12 +59,6 @@ struct Account {
     bool withdrawn() const { return source_table.find("-CA:") != std::string::npos; }
 };
 
-/// A column that only one of the two ledgers has.
-struct Own_column {
-    std::string_view name;
-    std::string value;
-};
-
 struct New_account {
     std::string party, branch;
     std::string source_table, source_document;  ///< an empty document: the account's own folio
@@ -73,7 +67,6 @@ struct New_account {
     double exchange_rate = 0;
     double total = 0, net = 0, amount = 0;
     std::string reference, comment;
-    std::vector<Own_column> own = {};
 };
 
 /// A live account of a document.
@@ -92,7 +85,6 @@ struct New_payment {
     std::string source_table, source_document;
     std::string reference, concept_text, payment_method;
     bool affects_balance = true;
-    std::vector<Own_column> own = {};
 };
 
 class Ledger {

@@ -79,7 +79,7 @@ std::vector<Work> receipt_work() {
          closes_receipt(Company::receipt_header(customer_receipt, "CL01"))},
         {"receipt cancelled", closed(1), cancelled},
         {"deposit of a receipt", closed(1), deposited},
-        {"deposit of ten receipts", closed(10), deposited},
+        {"ten receipts deposited", closed(10), deposited},
         on_document("deposit cancelled", deposit_of_one, &Tesoreria::Cancelar_Deposito),
     };
 }

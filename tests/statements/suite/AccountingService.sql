@@ -32,7 +32,9 @@ GROUP BY Poliza.Pz_Folio, Poliza.Pz_Fecha, Poliza.Es_Cve_Estado;
 -- DataServices: UPDATE Folio_Serie with 1, 'POLIZA', '', 'SI'
 
 INSERT INTO Poliza_Detalle (Pz_Folio, Pzd_ID, Pzd_Cuenta_Contable, Pzd_Concepto, Pzd_Cargo, Pzd_Abono)
-VALUES ('PZ-00000001', '0001', '1101-01', 'Efectivo', 100, 0), ('PZ-00000001', '0002', '1105-01', 'Efectivo', 0, 100);
+VALUES ('PZ-00000001', '0001', '1101-01', 'Efectivo', 100, 0);
+
+-- again INSERT Poliza_Detalle with '0002' for '0001', '1105-01' for '1101-01', 0 for 100, 100 for 0
 
 INSERT INTO Poliza (Pz_Folio, Em_Cve_Empresa, Pz_Fecha, Pz_Tabla, Pz_Documento, Pz_Concepto, Oper_Alta, Fecha_Alta,
 Oper_Ult_Modif, Fecha_Ult_Modif, Es_Cve_Estado)
@@ -56,8 +58,9 @@ WHERE Banco_Movimiento.Bm_Folio = 'BM-00000001' AND Banco_Movimiento.Es_Cve_Esta
 -- DataServices: UPDATE Folio_Serie with 1, 'POLIZA', '', 'SI'
 -- DataServices: INSERT Folio_Serie with 'POLIZA', '', 0, 'SI', 'POLIZA', ''
 -- DataServices: UPDATE Folio_Serie with 1, 'POLIZA', '', 'SI'
--- again INSERT Poliza_Detalle with '1102-01' for '1101-01', 'DEPOSITO EFECTIVO' for 'Efectivo',
---    '1108-01' for '1105-01'
+-- again INSERT Poliza_Detalle with '1102-01' for '1101-01', 'DEPOSITO EFECTIVO' for 'Efectivo'
+-- again INSERT Poliza_Detalle with '0002' for '0001', '1108-01' for '1101-01', 'DEPOSITO EFECTIVO' for 'Efectivo',
+--    0 for 100, 100 for 0
 -- again INSERT Poliza with 'BANCO_MOVIMIENTO' for 'RECIBO_PAGO', 'BM-00000001' for 'RP-MTY-00000001',
 --    'Movimiento de banco BM-00000001' for 'Recibo de caja RP-MTY-00000001'
 
@@ -86,7 +89,8 @@ Forma_Pago.Fp_Cuenta_Contable, Forma_Pago.Fp_Descripcion, Sucursal.Em_Cve_Empres
 -- DataServices: UPDATE Folio_Serie with 1, 'POLIZA', '', 'SI'
 -- DataServices: INSERT Folio_Serie with 'POLIZA', '', 0, 'SI', 'POLIZA', ''
 -- DataServices: UPDATE Folio_Serie with 1, 'POLIZA', '', 'SI'
--- again INSERT Poliza_Detalle with '1108-01' for '1101-01', '1101-01' for '1105-01'
+-- again INSERT Poliza_Detalle with '1108-01' for '1101-01'
+-- again INSERT Poliza_Detalle with '0002' for '0001', 0 for 100, 100 for 0
 -- again INSERT Poliza with 'DEPOSITO_PAGO' for 'RECIBO_PAGO', 'DP-MTY-00000001' for 'RP-MTY-00000001',
 --    'Depósito DP-MTY-00000001' for 'Recibo de caja RP-MTY-00000001'
 
@@ -110,8 +114,9 @@ WHERE Pv_Cve_Proveedor = 'PV01' AND Es_Cve_Estado <> 'BA';
 -- DataServices: UPDATE Folio_Serie with 1, 'POLIZA', '', 'SI'
 -- DataServices: INSERT Folio_Serie with 'POLIZA', '', 0, 'SI', 'POLIZA', ''
 -- DataServices: UPDATE Folio_Serie with 1, 'POLIZA', '', 'SI'
--- again INSERT Poliza_Detalle with '2101-01' for '1101-01', 'Pago de facturas' for 'Efectivo', 400 for 100,
---    '1108-02' for '1105-01'
+-- again INSERT Poliza_Detalle with '2101-01' for '1101-01', 'Pago de facturas' for 'Efectivo', 400 for 100
+-- again INSERT Poliza_Detalle with '0002' for '0001', '1108-02' for '1101-01', 'Pago de facturas' for 'Efectivo',
+--    0 for 100, 400 for 0
 -- again INSERT Poliza with 'CHEQUE' for 'RECIBO_PAGO', 'CH-MTY-00000001' for 'RP-MTY-00000001',
 --    'Cheque CH-MTY-00000001' for 'Recibo de caja RP-MTY-00000001'
 
@@ -130,8 +135,9 @@ WHERE Cl_Cve_Cliente = 'CL01' AND Es_Cve_Estado <> 'BA';
 -- DataServices: UPDATE Folio_Serie with 1, 'POLIZA', '', 'SI'
 -- DataServices: INSERT Folio_Serie with 'POLIZA', '', 0, 'SI', 'POLIZA', ''
 -- DataServices: UPDATE Folio_Serie with 1, 'POLIZA', '', 'SI'
--- again INSERT Poliza_Detalle with '1104-01' for '1101-01', 'Pago de facturas' for 'Efectivo', 400 for 100,
---    '1108-02' for '1105-01'
+-- again INSERT Poliza_Detalle with '1104-01' for '1101-01', 'Pago de facturas' for 'Efectivo', 400 for 100
+-- again INSERT Poliza_Detalle with '0002' for '0001', '1108-02' for '1101-01', 'Pago de facturas' for 'Efectivo',
+--    0 for 100, 400 for 0
 -- again INSERT Poliza with 'CHEQUE' for 'RECIBO_PAGO', 'CH-MTY-00000001' for 'RP-MTY-00000001',
 --    'Cheque CH-MTY-00000001' for 'Recibo de caja RP-MTY-00000001'
 
@@ -152,8 +158,9 @@ WHERE Ct_Codigo = 'CHEQUE';
 -- DataServices: UPDATE Folio_Serie with 1, 'POLIZA', '', 'SI'
 -- DataServices: INSERT Folio_Serie with 'POLIZA', '', 0, 'SI', 'POLIZA', ''
 -- DataServices: UPDATE Folio_Serie with 1, 'POLIZA', '', 'SI'
--- again INSERT Poliza_Detalle with '6199-01' for '1101-01', 'Pago de facturas' for 'Efectivo', 400 for 100,
---    '1108-02' for '1105-01'
+-- again INSERT Poliza_Detalle with '6199-01' for '1101-01', 'Pago de facturas' for 'Efectivo', 400 for 100
+-- again INSERT Poliza_Detalle with '0002' for '0001', '1108-02' for '1101-01', 'Pago de facturas' for 'Efectivo',
+--    0 for 100, 400 for 0
 -- again INSERT Poliza with 'CHEQUE' for 'RECIBO_PAGO', 'CH-MTY-00000001' for 'RP-MTY-00000001',
 --    'Cheque CH-MTY-00000001' for 'Recibo de caja RP-MTY-00000001'
 
@@ -171,6 +178,8 @@ WHERE Pz_Folio = 'PZ-00000001';
 -- DataServices: SELECT Periodo_Operativo with 'CONTABILIDAD', 2024, 3
 -- DataServices: UPDATE Folio_Serie with 1, 'POLIZA', '', 'SI'
 -- again INSERT Poliza_Detalle with 'PZ-00000002' for 'PZ-00000001', 90 for 100
+-- again INSERT Poliza_Detalle with 'PZ-00000002' for 'PZ-00000001', '0002' for '0001', '1105-01' for '1101-01',
+--    0 for 100, 90 for 0
 -- again INSERT Poliza with 'PZ-00000002' for 'PZ-00000001'
 
 -- ---- ValidateVoucherCancellation

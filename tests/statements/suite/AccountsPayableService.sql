@@ -26,11 +26,9 @@ WHERE Cxp_Folio = 'CXP-MTY-00000001';
 
 INSERT INTO Pago_Cxp (Cxp_Folio, Pc_ID, Pc_Fecha, Pc_Importe, Mn_Cve_Moneda, Pc_Tipo_Cambio, Pc_Importe_Pago,
 Mn_Cve_Moneda_Pago, Pc_Tipo_Cambio_Pago, Pc_Tabla, Pc_Documento, Pc_Referencia, Pc_Concepto, Fp_Cve_Forma_Pago,
-Pc_Afecta_Saldo, Oper_Alta, Fecha_Alta, Oper_Ult_Modif, Fecha_Ult_Modif, Es_Cve_Estado, Ch_Cheque, Bn_Cve_Banco,
-Bn_Descripcion, Bc_Cuenta) OUTPUT inserted.Pc_ID
+Pc_Afecta_Saldo, Oper_Alta, Fecha_Alta, Oper_Ult_Modif, Fecha_Ult_Modif, Es_Cve_Estado) OUTPUT inserted.Pc_ID
 SELECT 'CXP-MTY-00000001', '0001', '2024-03-15', 400, 'MXN', 1, 400, 'MXN', 1, 'CHEQUE', 'CH-MTY-00000001', '1001',
-'Pago con cheque o transferencia', '02', 'SI', 'CAJA1', '2024-03-15 10:20:30', 'CAJA1', '2024-03-15 10:20:30', 'AC',
-'1001', 'SIERRA', 'Banco de la Sierra', '0901000001'
+'Pago con cheque o transferencia', '02', 'SI', 'CAJA1', '2024-03-15 10:20:30', 'CAJA1', '2024-03-15 10:20:30', 'AC'
 WHERE NOT EXISTS (SELECT Pc_ID FROM Pago_Cxp WHERE Cxp_Folio = 'CXP-MTY-00000001' AND Pc_ID = '0001');
 
 UPDATE Cuenta_x_Pagar SET Cxp_Precio_Neto_Pago = (SELECT ISNULL(SUM(Pc_Importe),
@@ -40,12 +38,17 @@ Cxp_Precio_Neto_Saldo = Cxp_Precio_Neto_Importe - (SELECT ISNULL(SUM(Pc_Importe)
 Oper_Ult_Modif = 'CAJA1', Fecha_Ult_Modif = '2024-03-15 10:20:30'
 WHERE Cxp_Folio = 'CXP-MTY-00000001';
 
+UPDATE Pago_Cxp SET Ch_Cheque = '1001', Bn_Cve_Banco = 'SIERRA', Bn_Descripcion = 'Banco de la Sierra',
+Bc_Cuenta = '0901000001'
+WHERE Cxp_Folio = 'CXP-MTY-00000001' AND Pc_ID = '0001';
+
 -- ---- AddPaymentLine twice and ApplyPayments: the number of the second is taken when its turn comes
 
 -- again SELECT Pago_Cxp
 -- again SELECT Pago_Cxp
 -- again INSERT Pago_Cxp with 100 for 400
 -- again UPDATE Cuenta_x_Pagar
+-- again UPDATE Pago_Cxp
 -- again INSERT Pago_Cxp with 200 for 400
 
 -- SELECT Pago_Cxp (2)
@@ -55,6 +58,7 @@ WHERE Cxp_Folio = 'CXP-MTY-00000001';
 
 -- again INSERT Pago_Cxp with '0002' for '0001', 200 for 400
 -- again UPDATE Cuenta_x_Pagar
+-- again UPDATE Pago_Cxp with '0002' for '0001'
 
 -- ---- CancelPayment
 
@@ -69,6 +73,7 @@ LEFT JOIN Periodo_Operativo ON Periodo_Operativo.Po_Modulo = 'CUENTAS_X_PAGAR' A
 2024 AND Periodo_Operativo.Po_Mes = 3
 WHERE Cuenta_x_Pagar.Cxp_Folio = 'CXP-MTY-00000001';
 
+-- UPDATE Pago_Cxp (2)
 UPDATE Pago_Cxp SET Es_Cve_Estado = 'CA', Oper_Baja = 'CAJA1', Fecha_Baja = '2024-03-15 10:20:30',
 Oper_Ult_Modif = 'CAJA1', Fecha_Ult_Modif = '2024-03-15 10:20:30'
 WHERE Cxp_Folio = 'CXP-MTY-00000001' AND Pc_ID = '0001';
@@ -79,15 +84,13 @@ WHERE Cxp_Folio = 'CXP-MTY-00000001' AND Pc_ID = '0001';
 
 -- again SELECT Proveedor
 -- DataServices: UPDATE Folio_Serie with 1, 'CUENTA_X_PAGAR', 'MTY', 'SI'
+-- again INSERT Cuenta_x_Pagar with 'CXP-MTY-00000004', 'ANTICIPO_CXP', 'CXP-MTY-00000004', '2024-03-15',
+--    '2024-03-15', 'MTY', 'PV01', 'MXN', 1, -400, -400, -400, 0, -400, '1001', 'Anticipo', 'CAJA1',
+--    '2024-03-15 10:20:30', 'CAJA1', '2024-03-15 10:20:30'
 
--- INSERT Cuenta_x_Pagar (2)
-INSERT INTO Cuenta_x_Pagar (Cxp_Folio, Cxp_Tabla, Cxp_Documento, Cxp_Fecha, Cxp_Fecha_Vencimiento, Sc_Cve_Sucursal,
-Pv_Cve_Proveedor, Mn_Cve_Moneda, Cxp_Tipo_Cambio, Cxp_Importe, Cxp_Neto, Cxp_Precio_Neto_Importe,
-Cxp_Precio_Neto_Pago, Cxp_Precio_Neto_Saldo, Cxp_Referencia, Cxp_Comentario, Oper_Alta, Fecha_Alta, Oper_Ult_Modif,
-Fecha_Ult_Modif, Ch_Folio, Bc_Cve_Banco_Cuenta)
-VALUES ('CXP-MTY-00000004', 'ANTICIPO_CXP', 'CXP-MTY-00000004', '2024-03-15', '2024-03-15', 'MTY', 'PV01', 'MXN', 1,
--400, -400, -400, 0, -400, '1001', 'Anticipo', 'CAJA1', '2024-03-15 10:20:30', 'CAJA1', '2024-03-15 10:20:30',
-'CH-MTY-00000001', 'SRR-MXN');
+-- UPDATE Cuenta_x_Pagar (2)
+UPDATE Cuenta_x_Pagar SET Ch_Folio = 'CH-MTY-00000001', Bc_Cve_Banco_Cuenta = 'SRR-MXN'
+WHERE Cxp_Folio = 'CXP-MTY-00000004';
 
 -- ---- ValidateAdvanceCancellation
 
@@ -106,7 +109,7 @@ ORDER BY Cuenta_x_Pagar.Cxp_Folio;
 
 -- again SELECT Pago_Cxp (3) with 'CA', 'CUENTA_X_PAGAR', 'RP-MTY-00000001', 'RECIBO_PAGO', 'CA'
 
--- UPDATE Cuenta_x_Pagar (2)
+-- UPDATE Cuenta_x_Pagar (3)
 UPDATE Cuenta_x_Pagar SET Es_Cve_Estado = 'CA', Oper_Baja = 'CAJA1', Fecha_Baja = '2024-03-15 10:20:30',
 Oper_Ult_Modif = 'CAJA1', Fecha_Ult_Modif = '2024-03-15 10:20:30'
 WHERE Cxp_Folio = 'CXP-MTY-00000004';
