@@ -3,7 +3,7 @@
 
 namespace cuvexa::simulator {
 
-std::string Generator::alteration(const Stage& stage) {
+std::string Generator::alteration(const Scene& stage) {
     switch (chance_.below(10)) {
         case 0:
         case 1:
@@ -120,7 +120,7 @@ std::string Generator::catalog_alteration() {
     }
 }
 
-std::string Generator::budget_alteration(const Stage& stage) {
+std::string Generator::budget_alteration(const Scene& stage) {
     struct Kind {
         const char* table;
         const char* prefix;
@@ -151,7 +151,7 @@ std::string Generator::budget_alteration(const Stage& stage) {
            "_Valor, " + prefix + "_Periodo) = " + row;
 }
 
-std::string Generator::document_alteration(const Stage& stage) {
+std::string Generator::document_alteration(const Scene& stage) {
     const Calendar day = calendar(stage.now());
     const std::string month = std::to_string(day.year) + ", " + std::to_string(day.month);
     const auto posted = [&](const std::string& table, const std::string& folio) {

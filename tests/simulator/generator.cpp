@@ -34,7 +34,7 @@ Generator::Generator(const Generator_options& options)
       known_(opening_documents()),
       alterations_left_(chance_.below(25)) {}
 
-Step Generator::next(const Stage& stage) {
+Step Generator::next(const Scene& stage) {
     Step step = chosen(stage);
     if (step.kind == Step::Kind::call && options_.faults > 0 && chance_.in_percent(options_.faults)) {
         step.fault = fault();
@@ -49,7 +49,7 @@ Fault Generator::fault() {
     return {kind, 1 + static_cast<std::size_t>(chance_.below(within)), chance_.in_percent(25)};
 }
 
-Step Generator::chosen(const Stage& stage) {
+Step Generator::chosen(const Scene& stage) {
     const auto numbered = [&](Step step) {
         step.id = next_id_++;
         return step;
@@ -76,7 +76,7 @@ Step Generator::chosen(const Stage& stage) {
     return numbered(std::move(step));
 }
 
-void Generator::observe(const Stage& stage, const Step& step) {
+void Generator::observe(const Scene& stage, const Step& step) {
     if (stage.restarted()) forget_session();
     const auto made = stage.made().find(step.id);
     if (made == stage.made().end()) return;
@@ -87,14 +87,14 @@ void Generator::observe(const Stage& stage, const Step& step) {
 
 // ---- Errands --------------------------------------------------------------------------------------------------------
 
-void Generator::plan_call(std::size_t user, const std::string& member, std::function<Json(const Stage&)> arguments) {
-    plan(user, [=, this](const Stage& stage) {
+void Generator::plan_call(std::size_t user, const std::string& member, std::function<Json(const Scene&)> arguments) {
+    plan(user, [=, this](const Scene& stage) {
         return Step{.object = object_of(user), .name = member, .arguments = arguments(stage)};
     });
 }
 
-void Generator::plan_let(std::size_t user, const std::string& member, std::function<Json(const Stage&)> value) {
-    plan(user, [=, this](const Stage& stage) {
+void Generator::plan_let(std::size_t user, const std::string& member, std::function<Json(const Scene&)> value) {
+    plan(user, [=, this](const Scene& stage) {
         return Step{.kind = Step::Kind::let,
                     .object = object_of(user),
                     .name = member,
@@ -116,12 +116,12 @@ void Generator::begin_errand(std::size_t user) {
 }
 
 void Generator::receipt(std::size_t user) {
-    const auto nothing = [](const Stage&) { return Json::array(); };
+    const auto nothing = [](const Scene&) { return Json::array(); };
     plan_call(user, "NuevoReciboCaja", nothing);
-    plan_let(user, "RpEncabezado", [=, this](const Stage& stage) { return receipt_header(stage); });
-    if (chance_.in_percent(20)) plan_let(user, "Validar_Forma_Pago", [](const Stage&) { return Json(true); });
+    plan_let(user, "RpEncabezado", [=, this](const Scene& stage) { return receipt_header(stage); });
+    if (chance_.in_percent(20)) plan_let(user, "Validar_Forma_Pago", [](const Scene&) { return Json(true); });
     if (chance_.in_percent(40)) {
-        plan(user, [=, this](const Stage&) {
+        plan(user, [=, this](const Scene&) {
             if (extras_.empty() || chance_.in_percent(30)) {
                 extras_.push_back(next_id_);
                 return Step{.kind = Step::Kind::create, .name = "clsRpDetalle"};
@@ -137,7 +137,7 @@ void Generator::receipt(std::size_t user) {
                         .name = name,
                         .arguments = Json::array({value})};
         });
-        plan(user, [=, this](const Stage&) {
+        plan(user, [=, this](const Scene&) {
             if (extras_.empty()) return Step{.object = object_of(user), .name = "Nuevo"};
             return Step{.kind = Step::Kind::let,
                         .object = object_of(user),
@@ -147,17 +147,17 @@ void Generator::receipt(std::size_t user) {
     }
     const auto first = std::make_shared<int>(0);
     for (int lines = 1 + chance_.below(4); lines > 0; --lines) {
-        plan_let(user, "RpDetalle", [=, this](const Stage&) { return receipt_line(); });
-        plan(user, [=, this](const Stage&) {
+        plan_let(user, "RpDetalle", [=, this](const Scene&) { return receipt_line(); });
+        plan(user, [=, this](const Scene&) {
             if (*first == 0) *first = next_id_;
             return Step{.object = object_of(user), .name = "Add_Recibo_Caja_Detalle"};
         });
     }
-    const auto of_this = [=, this](const Stage& stage) { return made_by(stage, *first, "Recibo_Pago"); };
-    const auto its_folio = [=](const Stage& stage) { return Json::array({of_this(stage)}); };
+    const auto of_this = [=, this](const Scene& stage) { return made_by(stage, *first, "Recibo_Pago"); };
+    const auto its_folio = [=](const Scene& stage) { return Json::array({of_this(stage)}); };
     if (chance_.in_percent(80)) plan_call(user, "FinReciboCaja", its_folio);
     if (chance_.in_percent(55)) {
-        plan_call(user, "Genera_Deposito", [=, this](const Stage& stage) {
+        plan_call(user, "Genera_Deposito", [=, this](const Scene& stage) {
             std::string folios = of_this(stage);
             for (int more = chance_.below(3); more > 0; --more) {
                 folios += chance_.of({",", ", ", " ,  "}) + folio("Recibo_Pago");
@@ -168,11 +168,11 @@ void Generator::receipt(std::size_t user) {
         });
         if (chance_.in_percent(30)) {
             plan_call(user, "Cancelar_Deposito",
-                      [=, this](const Stage&) { return Json::array({folio("Deposito_Pago")}); });
+                      [=, this](const Scene&) { return Json::array({folio("Deposito_Pago")}); });
         }
     }
     if (chance_.in_percent(40)) {
-        plan_call(user, "Cancelar_Recibo_Caja", [=, this](const Stage& stage) {
+        plan_call(user, "Cancelar_Recibo_Caja", [=, this](const Scene& stage) {
             Json arguments = {of_this(stage)};
             if (chance_.in_percent(70)) arguments.push_back(chance_.in_percent(60));
             if (arguments.size() == 2 && chance_.in_percent(70)) arguments.push_back(chance_.in_percent(60));
@@ -201,33 +201,33 @@ void Generator::check(std::size_t user) {
     const Purpose& purpose = chance_.of(purposes);
     const std::string member = purpose.member, type = purpose.type, beneficiary = chance_.of(purpose.beneficiaries);
     const bool pays_payables = type == "0001";
-    const auto nothing = [](const Stage&) { return Json::array(); };
+    const auto nothing = [](const Scene&) { return Json::array(); };
     const auto first = std::make_shared<int>(0);
     const auto line = [=, this] { return check_line(pays_payables ? folio("Cuenta_x_Pagar") : text()); };
     plan_call(user, "Nuevo", nothing);
-    if (chance_.in_percent(15)) plan_let(user, "Ch_Banco_Destino", [=, this](const Stage&) { return Json(text()); });
-    plan_let(user, "Encabezado", [=, this](const Stage& stage) { return check_header(stage, type, beneficiary); });
+    if (chance_.in_percent(15)) plan_let(user, "Ch_Banco_Destino", [=, this](const Scene&) { return Json(text()); });
+    plan_let(user, "Encabezado", [=, this](const Scene& stage) { return check_header(stage, type, beneficiary); });
     if (purpose.adds_lines || chance_.in_percent(5)) {
         for (int lines = 1 + chance_.below(3); lines > 0; --lines) {
-            plan_let(user, "Detalle", [=](const Stage&) { return line(); });
-            plan(user, [=, this](const Stage&) {
+            plan_let(user, "Detalle", [=](const Scene&) { return line(); });
+            plan(user, [=, this](const Scene&) {
                 if (*first == 0) *first = next_id_;
                 return Step{.object = object_of(user), .name = "Add_Cheque_Detalle"};
             });
         }
     } else {
-        plan_let(user, "Detalle", [=](const Stage&) { return line(); });
+        plan_let(user, "Detalle", [=](const Scene&) { return line(); });
     }
-    const auto of_this = [=, this](const Stage& stage) { return made_by(stage, *first, "Cheque_x_Aplicar"); };
-    const auto its_folio = [=](const Stage& stage) { return Json::array({of_this(stage)}); };
+    const auto of_this = [=, this](const Scene& stage) { return made_by(stage, *first, "Cheque_x_Aplicar"); };
+    const auto its_folio = [=](const Scene& stage) { return Json::array({of_this(stage)}); };
     const bool takes_folio = member == "Crear_Cheque_Pago_Proveedor" || member == "Crear_Cheque_Devolucion_Anticipo";
-    plan(user, [=, this](const Stage& stage) {
+    plan(user, [=, this](const Scene& stage) {
         if (*first == 0) *first = next_id_;
         return Step{
             .object = object_of(user), .name = member, .arguments = takes_folio ? its_folio(stage) : Json::array()};
     });
     if (type == "0002" && chance_.in_percent(70)) {
-        plan(user, [=, this](const Stage& stage) {
+        plan(user, [=, this](const Scene& stage) {
             return Step::sql(
                 "INSERT OR IGNORE INTO Gasto_x_Comprobar_Documento (Gc_Documento, Gc_Tabla, Gcd_ID, Cxc_Folio, "
                 "Cxc_Importe, Cxc_Tipo_Cambio) VALUES ('" +
@@ -237,13 +237,13 @@ void Generator::check(std::size_t user) {
         });
     }
     if (chance_.in_percent(75)) {
-        plan_call(user, "Aplicar_Cheque", [=, this](const Stage& stage) {
+        plan_call(user, "Aplicar_Cheque", [=, this](const Scene& stage) {
             Json arguments = {of_this(stage), date(stage)};
             if (chance_.in_percent(60)) arguments.push_back(chance_.in_percent(50));
             return arguments;
         });
         if (chance_.in_percent(15)) {
-            plan_call(user, "Aplicar_Cheque", [=, this](const Stage& stage) {
+            plan_call(user, "Aplicar_Cheque", [=, this](const Scene& stage) {
                 return Json::array({of_this(stage), date(stage)});
             });
         }
@@ -251,7 +251,7 @@ void Generator::check(std::size_t user) {
     if (chance_.in_percent(50)) plan_call(user, "Finalizar_Cheque", its_folio);
     if (chance_.in_percent(30)) plan_call(user, "Cancelar_Aplicacion_Cheque", its_folio);
     if (chance_.in_percent(20)) {
-        plan_call(user, "Aplicar_Cheque", [=, this](const Stage& stage) {
+        plan_call(user, "Aplicar_Cheque", [=, this](const Scene& stage) {
             return Json::array({of_this(stage), date(stage)});
         });
     }
@@ -263,21 +263,21 @@ void Generator::request(std::size_t user) {
     const auto first = std::make_shared<int>(0);
     // An instance captures one request, so most errands need another one.
     if (chance_.in_percent(60)) {
-        plan(user, [=, this](const Stage&) {
+        plan(user, [=, this](const Scene&) {
             users_[user].object = next_id_;
             return Step{.kind = Step::Kind::create, .name = "Tesoreria"};
         });
     }
-    plan_let(user, "SchEncabezado", [=, this](const Stage& stage) { return request_header(stage); });
-    plan(user, [=, this](const Stage&) {
+    plan_let(user, "SchEncabezado", [=, this](const Scene& stage) { return request_header(stage); });
+    plan(user, [=, this](const Scene&) {
         *first = next_id_;
         return Step{.object = object_of(user), .name = "Add_Solicitud_Cheque"};
     });
-    const auto of_this = [=, this](const Stage& stage) { return made_by(stage, *first, "Solicitud_Cheque"); };
-    const auto its_folio = [=](const Stage& stage) { return Json::array({of_this(stage)}); };
+    const auto of_this = [=, this](const Scene& stage) { return made_by(stage, *first, "Solicitud_Cheque"); };
+    const auto its_folio = [=](const Scene& stage) { return Json::array({of_this(stage)}); };
     for (int lines = chance_.below(4); lines > 0; --lines) {
-        plan_let(user, "SchDetalle", [=, this](const Stage& stage) { return request_line(of_this(stage)); });
-        plan(user, [=, this](const Stage&) {
+        plan_let(user, "SchDetalle", [=, this](const Scene& stage) { return request_line(of_this(stage)); });
+        plan(user, [=, this](const Scene&) {
             return Step{.object = object_of(user), .name = "Add_Solicitud_Cheque_Detalle"};
         });
     }
@@ -288,24 +288,24 @@ void Generator::request(std::size_t user) {
 
 void Generator::movement(std::size_t user) {
     const auto first = std::make_shared<int>(0);
-    plan(user, [=, this](const Stage& stage) {
+    plan(user, [=, this](const Scene& stage) {
         *first = next_id_;
         return Step{.object = object_of(user),
                     .name = "Registra_Movimiento_Banco",
                     .arguments = Json::array({bank_movement(stage)})};
     });
-    plan_call(user, "GetSaldo", [=, this](const Stage&) {
+    plan_call(user, "GetSaldo", [=, this](const Scene&) {
         Json arguments = {account()};
         if (chance_.in_percent(20)) arguments.push_back(chance_.in_percent(50));
         return arguments;
     });
     if (chance_.in_percent(60)) {
         plan_call(user, "Cancelar_Movimiento_Bancos",
-                  [=, this](const Stage& stage) { return Json::array({made_by(stage, *first, "Banco_Movimiento")}); });
+                  [=, this](const Scene& stage) { return Json::array({made_by(stage, *first, "Banco_Movimiento")}); });
     }
 }
 
-Step Generator::lone_call(const Stage& stage, int object) {
+Step Generator::lone_call(const Scene& stage, int object) {
     static const std::vector<const Member*> methods = [] {
         std::vector<const Member*> found;
         for (const Member& member : find_class("Tesoreria")->members) {
@@ -332,7 +332,7 @@ Step Generator::lone_let(int object) {
     return {.kind = Step::Kind::let, .object = object, .name = property, .arguments = Json::array({value})};
 }
 
-Json Generator::argument(const Stage& stage, const std::string& name, const Value_type& type) {
+Json Generator::argument(const Scene& stage, const std::string& name, const Value_type& type) {
     if (type.type == Type::record) return bank_movement(stage);
     if (type.type == Type::boolean) return chance_.in_percent(50);
     if (type.type == Type::date) return date(stage);
@@ -350,7 +350,7 @@ Json Generator::argument(const Stage& stage, const std::string& name, const Valu
 
 // ---- What people do beside the component ----------------------------------------------------------------------------
 
-Step Generator::administration(const Stage& stage) {
+Step Generator::administration(const Scene& stage) {
     if (chance_.in_percent(20)) {
         const int seconds = chance_.below(chance_.in_percent(30) ? 200000 : 3000);
         return {.kind = Step::Kind::clock, .name = {}, .at = Date{stage.now().days + seconds / 86400.0}};
@@ -363,7 +363,7 @@ void Generator::forget_session() {
     extras_.clear();
 }
 
-Step Generator::another_session(const Stage& stage) {
+Step Generator::another_session(const Scene& stage) {
     forget_session();
     Date at = add_days(stage.now(), chance_.below(3));
     if (chance_.in_percent(30)) {
@@ -375,7 +375,7 @@ Step Generator::another_session(const Stage& stage) {
 
 // ---- Records --------------------------------------------------------------------------------------------------------
 
-Json Generator::receipt_header(const Stage& stage) {
+Json Generator::receipt_header(const Scene& stage) {
     Json header = {
         {"Rp_Fecha", date(stage)},
         {"Rp_Fecha_Deposito", date(stage)},
@@ -409,7 +409,7 @@ Json Generator::receipt_line() {
     return line;
 }
 
-Json Generator::check_header(const Stage& stage, const std::string& type, const std::string& beneficiary) {
+Json Generator::check_header(const Scene& stage, const std::string& type, const std::string& beneficiary) {
     Json header = {{"Ch_Fecha", date(stage)},
                    {"Tc_Cve_Tipo_Cheque", type},
                    {"Ch_Transferencia", chance_.of({"NO", "NO", "SI"})},
@@ -437,7 +437,7 @@ Json Generator::check_line(const std::string& document) {
             {"Ch_Importe", amount()}};
 }
 
-Json Generator::request_header(const Stage& stage) {
+Json Generator::request_header(const Scene& stage) {
     const std::string type = chance_.of({"0000", "0001", "0002", "0003", "0004", "0005"});
     const std::string beneficiary = type == "0001" || type == "0005"   ? chance_.of({"PV01", "PV02", "PV99"})
                                     : type == "0003"                   ? chance_.of({"CL01", "CL02", "DE01"})
@@ -467,7 +467,7 @@ Json Generator::request_line(const std::string& folio) {
             {"Mn_Cve_Moneda", "MXN"},     {"Scd_Tipo_Cambio", rate()}};
 }
 
-Json Generator::bank_movement(const Stage& stage) {
+Json Generator::bank_movement(const Scene& stage) {
     return {{"Bt_Cve_Banco_Tipo_Movimiento",
              chance_.of({"INT", "COM", "DEP", "CHQ", "TRF", "INT", "COM", "ANT", "com", ""})},
             {"Bm_Fecha", date(stage)},
@@ -485,7 +485,7 @@ Json Generator::bank_movement(const Stage& stage) {
 
 // ---- Values ---------------------------------------------------------------------------------------------------------
 
-std::string Generator::date(const Stage& stage) {
+std::string Generator::date(const Scene& stage) {
     const int which = chance_.below(100);
     if (which < 70) return day_text(day_of(stage.now()));
     if (which < 78) return day_text(stage.now());
@@ -584,7 +584,7 @@ std::string Generator::folio_list() {
     return list;
 }
 
-std::string Generator::made_by(const Stage& stage, int step, const std::string& table) {
+std::string Generator::made_by(const Scene& stage, int step, const std::string& table) {
     if (chance_.in_percent(2)) return folio(table);
     const auto made = stage.made().find(step);
     if (made != stage.made().end() && made->second.contains(table)) return reference(step, table, 0);

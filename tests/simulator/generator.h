@@ -9,10 +9,13 @@
 #include <string>
 #include <vector>
 
-#include "simulator/stage.h"
+#include "automation/members.h"
+#include "simulator/scene.h"
 #include "simulator/step.h"
 
 namespace cuvexa::simulator {
+
+using namespace automation;
 
 /// Random choices, the same for the same seed on every machine.
 class Chance {
@@ -45,13 +48,16 @@ public:
     explicit Generator(const Generator_options& options);
 
     /// The next step on that stage.
-    Step next(const Stage& stage);
+    Step next(const Scene& stage);
 
     /// Looks at what the step made, and what is left of the session.
-    void observe(const Stage& stage, const Step& step);
+    void observe(const Scene& stage, const Step& step);
+
+    /// Is told of a document that somebody else has made.
+    void hear_of(const std::string& table, const std::string& key) { known_[table].push_back(key); }
 
 private:
-    using Plan = std::function<Step(const Stage&)>;
+    using Plan = std::function<Step(const Scene&)>;
 
     struct User {
         int object = 0;  ///< none yet in this session
@@ -66,30 +72,30 @@ private:
     void check(std::size_t user);
     void request(std::size_t user);
     void movement(std::size_t user);
-    Step chosen(const Stage& stage);
+    Step chosen(const Scene& stage);
     Fault fault();
     void forget_session();
-    Step lone_call(const Stage& stage, int object);
+    Step lone_call(const Scene& stage, int object);
     Step lone_let(int object);
-    Step administration(const Stage& stage);
-    Step another_session(const Stage& stage);
+    Step administration(const Scene& stage);
+    Step another_session(const Scene& stage);
 
     void plan(std::size_t user, Plan plan) { users_[user].plans.push_back(std::move(plan)); }
-    void plan_call(std::size_t user, const std::string& member, std::function<Json(const Stage&)> arguments);
-    void plan_let(std::size_t user, const std::string& member, std::function<Json(const Stage&)> value);
+    void plan_call(std::size_t user, const std::string& member, std::function<Json(const Scene&)> arguments);
+    void plan_let(std::size_t user, const std::string& member, std::function<Json(const Scene&)> value);
     int object_of(std::size_t user) const { return users_[user].object; }
 
     // ---- Values -----------------------------------------------------------------------------------------------------
 
-    Json receipt_header(const Stage& stage);
+    Json receipt_header(const Scene& stage);
     Json receipt_line();
-    Json check_header(const Stage& stage, const std::string& type, const std::string& beneficiary);
+    Json check_header(const Scene& stage, const std::string& type, const std::string& beneficiary);
     Json check_line(const std::string& document);
-    Json request_header(const Stage& stage);
+    Json request_header(const Scene& stage);
     Json request_line(const std::string& folio);
-    Json bank_movement(const Stage& stage);
+    Json bank_movement(const Scene& stage);
 
-    std::string date(const Stage& stage);
+    std::string date(const Scene& stage);
     double amount();
     double rate();
     std::string text();
@@ -98,18 +104,18 @@ private:
     std::string folio(const std::string& table);
     std::string folio_list();
     /// The key that the step put into the table, or any other.
-    std::string made_by(const Stage& stage, int step, const std::string& table);
+    std::string made_by(const Scene& stage, int step, const std::string& table);
     void spoil(Json& arguments);
     void spoil_value(Json& value, const std::string& name);
-    Json argument(const Stage& stage, const std::string& name, const Value_type& type);
+    Json argument(const Scene& stage, const std::string& name, const Value_type& type);
 
     // ---- The company ------------------------------------------------------------------------------------------------
 
-    std::string alteration(const Stage& stage);
+    std::string alteration(const Scene& stage);
     std::string parameter_alteration();
     std::string catalog_alteration();
-    std::string budget_alteration(const Stage& stage);
-    std::string document_alteration(const Stage& stage);
+    std::string budget_alteration(const Scene& stage);
+    std::string document_alteration(const Scene& stage);
 
     Generator_options options_;
     Chance chance_;

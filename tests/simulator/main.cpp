@@ -13,9 +13,11 @@
 
 #include <CLI/CLI.hpp>
 
+#include "simulator/crowd.h"
 #include "simulator/generator.h"
 #include "simulator/script_file.h"
 #include "simulator/shrink.h"
+#include "simulator/stage.h"
 
 namespace cuvexa::simulator {
 namespace {
@@ -29,6 +31,8 @@ struct Options {
     int users = 3;
     int threads = 1;
     int faults = 0;
+    int sessions = 0;  ///< at once; 0: the instances work in turn
+    bool atomic = false;
     bool statistics = false;
     std::string out = ".";
     std::string replay;
@@ -103,6 +107,37 @@ std::optional<Finding> simulate(std::uint64_t seed, const Options& options, Tall
     ++tally.companies;
     tally.disturbed = stage.disturbed();
     return std::nullopt;
+}
+
+/// Companies one after the other, in each of which several sessions work at once.
+int simulate_crowds(const Options& options) {
+    const long enough = options.calls == 0 ? 5'000 : options.calls;
+    Crowd::Figures sum;
+    long companies = 0;
+    for (std::uint64_t seed = options.seed; sum.calls < enough; ++seed, ++companies) {
+        Crowd crowd({seed, static_cast<std::size_t>(options.sessions), options.atomic});
+        for (int round = 1; round * options.sessions <= options.steps; ++round) {
+            const std::vector<std::string> differences = crowd.round();
+            if (differences.empty()) continue;
+            std::cerr << "seed " << seed << ", round " << round << ":\n" << crowd.last_round();
+            for (const std::string& difference : differences) std::cerr << difference << "\n";
+            return 1;
+        }
+        const Crowd::Figures figures = crowd.figures();
+        sum.calls += figures.calls;
+        sum.changes += figures.changes;
+        sum.repetitions += figures.repetitions;
+        sum.other_orders += figures.other_orders;
+    }
+    std::cout << sum.calls << " calls of " << options.sessions << " sessions in " << companies << " companies, "
+              << (options.atomic ? "as if one after the other" : "mixed: balances, folios and vouchers hold")
+              << "; the turn went from one session to another " << sum.changes << " times";
+    if (options.atomic) {
+        std::cout << ", " << sum.repetitions << " units were begun anew, " << sum.other_orders
+                  << " rounds are as if in another order than that of their ends";
+    }
+    std::cout << "\n";
+    return 0;
 }
 
 void report(const Finding& finding, const std::string& name, const Options& options) {
@@ -217,6 +252,11 @@ int main(int argc, char** argv) {
         ->capture_default_str();
     program.add_option("--faults", options.faults, "Calls out of a hundred with which something goes wrong")
         ->capture_default_str();
+    program
+        .add_option("--sessions", options.sessions,
+                    "Sessions that work at once on one database, a file or the server that CUVEXA_TEST_DB names")
+        ->check(CLI::Range(2, 8));
+    program.add_flag("--atomic", options.atomic, "Each of their calls is a unit of work");
     program.add_flag("--statistics", options.statistics,
                      "Say at the end how often each member was called, and what it refused");
     program.add_option("--out", options.out, "Folder of what shows a difference")->capture_default_str();
@@ -224,6 +264,7 @@ int main(int argc, char** argv) {
     CLI11_PARSE(program, argc, argv);
     try {
         if (!options.replay.empty()) return cuvexa::simulator::replay(options);
+        if (options.sessions > 0) return cuvexa::simulator::simulate_crowds(options);
         return cuvexa::simulator::Run(options)();
     } catch (const std::exception& failure) {
         std::cerr << "cuvexa_simulate: " << failure.what() << "\n";

@@ -26,6 +26,9 @@ public:
     void load_all();
     void load_changed();
 
+    /// The database has dates as such: whether the text had their midnight is not kept.
+    void midnight_need_not_be_said() { midnight_said_ = false; }
+
     /// Compares the rows that either side has changed since the last time, and gives what each differs in; empty when
     /// all are equal. `made` gets the keys of the rows that came.
     std::vector<std::string> compare(Made& made);
@@ -59,6 +62,7 @@ private:
     sqlite3* database_;
     model::Database& model_;
     std::map<std::string, Table, std::less<>> tables_;
+    bool midnight_said_ = true;
 };
 
 }  // namespace cuvexa::simulator

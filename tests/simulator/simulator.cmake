@@ -16,7 +16,8 @@ target_compile_options(cuvexa_simulator PRIVATE -O1)
 add_executable(cuvexa_simulate ${CMAKE_CURRENT_LIST_DIR}/main.cpp)
 target_link_libraries(cuvexa_simulate PRIVATE cuvexa_simulator CLI11::CLI11)
 
-add_executable(cuvexa_simulator_tests ${CMAKE_CURRENT_LIST_DIR}/simulator_test.cpp)
+add_executable(cuvexa_simulator_tests
+    ${CMAKE_CURRENT_LIST_DIR}/simulator_test.cpp ${CMAKE_CURRENT_LIST_DIR}/crowd_test.cpp)
 target_link_libraries(cuvexa_simulator_tests PRIVATE cuvexa_simulator GTest::gtest_main)
 if(TARGET cuvexa)
     add_dependencies(cuvexa_simulator_tests cuvexa)
@@ -36,4 +37,17 @@ add_test(NAME simulation.sixteen_threads
 math(EXPR calls "${calls} / 2")
 add_test(NAME simulation.faults
     COMMAND cuvexa_simulate --seed 1 --faults 15 --calls ${calls} --out ${CMAKE_BINARY_DIR}/simulation)
-set_tests_properties(simulation.faults simulation.sixteen_threads simulation.fixed_seeds simulation.seeds_of_the_day PROPERTIES TIMEOUT 900)
+math(EXPR calls "${calls} / 2")
+add_test(NAME simulation.sessions COMMAND cuvexa_simulate --seed 1 --sessions 4 --calls ${calls})
+add_test(NAME simulation.units_of_work COMMAND cuvexa_simulate --seed 1 --sessions 4 --atomic --calls ${calls})
+set_tests_properties(simulation.sessions simulation.units_of_work simulation.faults simulation.sixteen_threads
+    simulation.fixed_seeds simulation.seeds_of_the_day PROPERTIES TIMEOUT 900)
+
+# The same on a PostgreSQL server of their own.
+if(TARGET cuvexa_postgresql)
+    set(on_server ${CMAKE_CURRENT_LIST_DIR}/../servers/with_postgresql $<TARGET_FILE:cuvexa_simulate> --seed 1 --sessions 3)
+    add_test(NAME postgresql.sessions COMMAND ${on_server} --calls 300)
+    add_test(NAME postgresql.units_of_work COMMAND ${on_server} --atomic --calls 300)
+    set_tests_properties(postgresql.sessions postgresql.units_of_work PROPERTIES
+        SKIP_RETURN_CODE 77 TIMEOUT 900 LABELS servers)
+endif()

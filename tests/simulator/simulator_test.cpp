@@ -13,6 +13,7 @@
 #include "simulator/generator.h"
 #include "simulator/script_file.h"
 #include "simulator/shrink.h"
+#include "simulator/stage.h"
 #include "support/places.h"
 #include "support/programs.h"
 

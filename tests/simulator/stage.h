@@ -2,28 +2,21 @@
 #pragma once
 
 #include <map>
-#include <memory>
-#include <optional>
+#include <set>
 #include <string>
-#include <variant>
 #include <vector>
 
-#include "automation/json_rpc.h"
-#include "automation/members.h"
-#include "automation/variant.h"
-#include "cuvexa/suite/reference_suite.h"
-#include "model/treasury.h"
 #include "simulator/remedy.h"
 #include "simulator/rows.h"
+#include "simulator/scene.h"
+#include "simulator/session.h"
 #include "simulator/step.h"
 #include "simulator/wire.h"
 #include "support/test_database.h"
 
 namespace cuvexa::simulator {
 
-using namespace automation;
-
-class Stage {
+class Stage : public Scene {
 public:
     /// The sample company, its session begun.
     Stage();
@@ -40,17 +33,16 @@ public:
     // ---- For whoever chooses the next step --------------------------------------------------------------------------
 
     model::Database& rows() { return model_rows_; }
-    const std::map<int, Made>& made() const { return made_; }
-    Date now() const { return model_suite_.now; }
+    const std::map<int, Made>& made() const override { return made_; }
+    Date now() const override { return session_.now(); }
 
     /// The instance of the model behind an object; null when there is none.
-    const model::Treasury* treasury(int object) const;
+    const model::Treasury* treasury(int object) const { return session_.treasury(object); }
 
     /// Whether the last call succeeded: a Boolean that is True, or no Boolean at all.
     bool succeeded() const { return succeeded_; }
 
-    /// Whether the last step ended its session: the objects are gone.
-    bool restarted() const { return restarted_; }
+    bool restarted() const override { return restarted_; }
 
     /// Calls with which something went wrong; those of them that left findings, whose advice was followed.
     struct Disturbed {
@@ -59,14 +51,6 @@ public:
     const Disturbed& disturbed() const { return disturbed_; }
 
 private:
-    using Model_object = std::variant<std::shared_ptr<model::Treasury>, std::shared_ptr<model::Extras>>;
-
-    /// How a member ended: its value, or the description that it threw.
-    struct Outcome {
-        Variant value;
-        std::optional<std::string> thrown;
-    };
-
     /// The statement at which the model fails, too, so that it writes what the component has written.
     struct Failing {
         std::size_t writes = 0;
@@ -75,38 +59,21 @@ private:
         std::string description;
     };
 
-    void begin_session(const std::string& user, Date at);
     void run_member(const Step& step);
+    void run_disturbed(const Step& step);
+    Session::Outcome run_model(const Step& step, Session::Call& call, bool went_wrong);
     void write_in_model();
-    bool failed(const Step& step, const Outcome& component) const;
     Failing failing_of(const Step& step) const;
-    void compare_failure(const Step& step, const Outcome& component);
+    void compare(const Step& step, const Session::Call& call, const Session::Outcome& component,
+                 const Session::Outcome& model);
     void compare_rows(const Step& step);
     void follow_advice(const std::set<Named>& before);
     std::set<Named> named_findings();
-    Variant run_as_unit(const Step& step, const Member& member, std::vector<Variant>& arguments);
-    void create(const Step& step);
-    std::vector<Variant> arguments_of(const Step& step, const Member& member);
-    Outcome run_component(const Step& step, const Member& member, std::vector<Variant>& arguments);
-    Outcome run_model(const Step& step, std::vector<Variant>& arguments);
-    double largest_movement() const;
-    void compare_outcomes(const Outcome& component, const Outcome& model);
-    void compare_arguments(const std::vector<Variant>& component, const std::vector<Variant>& model);
-    void compare_state(int object);
 
     tests::Test_database database_;
     Wire wire_{database_.connection(), database_.embedded()};
-    std::vector<std::string> reports_;
-    std::shared_ptr<Reference_suite> suite_;
-    std::unique_ptr<Module> module_;
-    Object_factory create_;
-    std::map<int, Object> objects_;  ///< by the step that created them
-
     model::Database model_rows_;
-    model::Suite model_suite_;
-    std::unique_ptr<model::Module> model_module_;
-    std::map<int, Model_object> model_objects_;
-
+    Session session_{wire_, model_rows_};
     Rows rows_;
     std::map<int, Made> made_;
     std::vector<std::string> differences_;

@@ -1,6 +1,7 @@
 #include "simulator/turns.h"
 
 #include <algorithm>
+#include <chrono>
 
 namespace cuvexa::simulator {
 
@@ -14,7 +15,7 @@ void Turns::begin(std::size_t sessions) {
 void Turns::wait_for(std::size_t session, bool begins_unit) {
     std::unique_lock lock(mutex_);
     states_[session] = begins_unit ? State::waiting_for_unit : State::waiting;
-    draw();
+    moved_.notify_one();
     drawn_.wait(lock, [&] { return turn_ == session; });
     turn_ = nobody;
     states_[session] = State::busy;
@@ -25,7 +26,9 @@ void Turns::wait_for(std::size_t session, bool begins_unit) {
 
 void Turns::done(std::size_t session, bool ended_unit) {
     const std::lock_guard lock(mutex_);
+    states_[session] = State::busy;
     if (!ended_unit) return;
+    std::erase(ended_units_, session);  // the last end is the one that counts
     ended_units_.push_back(session);
     in_unit_ = nobody;
 }
@@ -33,12 +36,44 @@ void Turns::done(std::size_t session, bool ended_unit) {
 void Turns::leave(std::size_t session) {
     const std::lock_guard lock(mutex_);
     states_[session] = State::away;
-    draw();
+    moved_.notify_one();
 }
 
 std::vector<std::size_t> Turns::ended_units() const {
     const std::lock_guard lock(mutex_);
     return ended_units_;
+}
+
+void Turns::give(const Locked_out& locked_out) {
+    std::unique_lock lock(mutex_);
+    while (!all_away()) {
+        if (locked_out) look_for_locks(lock, locked_out);
+        if (turn_ == nobody && count(State::busy) == 0) draw();
+        const auto moved = [&] { return all_away() || (turn_ == nobody && count(State::busy) == 0); };
+        if (locked_out) {
+            // A statement that begins to wait for a lock, or no longer does, tells nobody.
+            moved_.wait_for(lock, std::chrono::microseconds(200), moved);
+        } else {
+            moved_.wait(lock, moved);
+        }
+    }
+}
+
+/// Who stands before a lock is not busy until the lock is gone, which it may be by now.
+void Turns::look_for_locks(std::unique_lock<std::mutex>& lock, const Locked_out& locked_out) {
+    if (turn_ != nobody || count(State::busy) + count(State::locked_out) == 0) return;
+    lock.unlock();
+    const std::set<std::size_t> found = locked_out();
+    lock.lock();
+    for (std::size_t session = 0; session < states_.size(); ++session) {
+        State& state = states_[session];
+        if (state == State::busy && found.contains(session)) state = State::locked_out;
+        if (state == State::locked_out && !found.contains(session)) state = State::busy;
+    }
+}
+
+std::size_t Turns::count(State state) const {
+    return static_cast<std::size_t>(std::count(states_.begin(), states_.end(), state));
 }
 
 bool Turns::may_go(std::size_t session) const {
@@ -47,7 +82,6 @@ bool Turns::may_go(std::size_t session) const {
 }
 
 void Turns::draw() {
-    if (turn_ != nobody || std::count(states_.begin(), states_.end(), State::busy) > 0) return;
     std::vector<std::size_t> ready;
     for (std::size_t session = 0; session < states_.size(); ++session) {
         if (may_go(session)) ready.push_back(session);
@@ -59,30 +93,34 @@ void Turns::draw() {
 
 std::unique_ptr<Recordset> Turn_connection::execute(std::string_view text) {
     if (!in_turn) return connection_.execute(text);
+    const bool begins = text == "BEGIN TRANSACTION";
     const bool ends = text == "COMMIT TRANSACTION" || text == "ROLLBACK TRANSACTION";
-    turns_.wait_for(session_, text == "BEGIN TRANSACTION");
+    if (begins) inserted.clear();
+    const std::optional<Key> key = key_put_by(text);
+    turns_.wait_for(session_, begins && !without_units);
     try {
-        auto rows = connection_.execute(text);
-        note_insertion(text);
+        auto rows = without_units && (begins || ends) ? nullptr : connection_.execute(text);
+        if (key) inserted.push_back(*key);
         turns_.done(session_, ends);
         return rows;
     } catch (...) {
+        if (key) not_taken.push_back(*key);
         turns_.done(session_, ends);
         throw;
     }
 }
 
 /// "INSERT INTO Cheque (…) VALUES ('CH-MTY-00000001', …": the table and the first value.
-void Turn_connection::note_insertion(std::string_view text) {
+std::optional<Turn_connection::Key> Turn_connection::key_put_by(std::string_view text) {
     constexpr std::string_view beginning = "INSERT INTO ";
-    if (!text.starts_with(beginning)) return;
+    if (!text.starts_with(beginning)) return std::nullopt;
     text.remove_prefix(beginning.size());
     const auto table = text.substr(0, text.find_first_of(" ("));
     const auto values = text.find(')');
     const auto open = values == text.npos ? values : text.find('\'', values);
-    if (open == text.npos) return;
+    if (open == text.npos) return std::nullopt;
     const auto close = text.find('\'', open + 1);
-    inserted.emplace_back(table, text.substr(open + 1, close - open - 1));
+    return Key(table, text.substr(open + 1, close - open - 1));
 }
 
 }  // namespace cuvexa::simulator
