@@ -14,14 +14,14 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-/// Refuses one statement, by its text, and notes all of them.
+/// Refuses one statement, by its text, so many times, and notes all of them.
 class Refusing_connection : public Connection {
 public:
-    Refusing_connection(Connection& connection, std::string refused)
-        : connection_(connection), refused_(std::move(refused)) {}
+    Refusing_connection(Connection& connection, std::string refused, int times = 1)
+        : connection_(connection), refused_(std::move(refused)), times_(times) {}
     std::unique_ptr<Recordset> execute(std::string_view text) override {
         texts.emplace_back(text);
-        if (text == refused_) throw Database_error("disk full");
+        if (text == refused_ && times_-- > 0) throw Database_error("disk full");
         return connection_.execute(text);
     }
     std::vector<std::string> texts;
@@ -29,6 +29,7 @@ public:
 private:
     Connection& connection_;
     std::string refused_;
+    int times_;
 };
 
 /// Another session holds every row for good.
@@ -160,6 +161,25 @@ TEST_F(Whole_calls, a_failing_commit_throws_and_undoes) {
     EXPECT_EQ(connection.texts.back(), "ROLLBACK TRANSACTION");
     EXPECT_THAT(company.changes(), IsEmpty());
     EXPECT_TRUE(nothing_stands_open());
+}
+
+TEST_F(Whole_calls, an_undoing_that_fails_for_a_moment_is_tried_once_more) {
+    company.mark();
+    Refusing_connection connection(company.connection(), "ROLLBACK TRANSACTION");
+    unit_of_work(connection, [&] {
+        connection.execute("UPDATE Banco SET Bn_Saldo = 7 WHERE Bn_Cve_Banco = 'SIERRA'");
+        return false;
+    });
+    EXPECT_THAT(company.changes(), IsEmpty());
+    EXPECT_TRUE(nothing_stands_open());
+}
+
+TEST_F(Whole_calls, an_undoing_that_goes_on_failing_is_given_up_in_silence) {
+    Refusing_connection connection(company.connection(), "ROLLBACK TRANSACTION", 100);
+    unit_of_work(connection, [] { return false; });
+    EXPECT_EQ(connection.texts,
+              (std::vector<std::string>{"BEGIN TRANSACTION", "ROLLBACK TRANSACTION", "ROLLBACK TRANSACTION"}));
+    company.connection().execute("ROLLBACK TRANSACTION");
 }
 
 TEST(Units_of_two_sessions, tell_that_another_session_was_in_the_way) {
