@@ -81,12 +81,13 @@ void add_row(Row_set& rows, sqlite3_stmt* statement) {
     }
 }
 
-// The engine prepares anew by itself when the schema has changed; `SELECT *` may then give other columns.
-void refresh_columns(Kept_statement& kept) {
+// The engine prepares anew by itself when the schema has changed; `SELECT *` may then give other columns. Whether it did.
+bool refresh_columns(Kept_statement& kept) {
     const int count = sqlite3_stmt_status(kept.statement.get(), SQLITE_STMTSTATUS_REPREPARE, 0);
-    if (count == kept.repreparations) return;
+    if (count == kept.repreparations) return false;
     kept.repreparations = count;
     kept.columns = names_of(kept.statement.get());
+    return true;
 }
 
 /// Whatever happens, the statement is ready for its next use and lets go of the texts it was given.
@@ -182,9 +183,10 @@ std::unique_ptr<Recordset> Engine::run(Kept_statement& kept) {
     const Use use(statement, clock_);
     answers_.forget();
     bind(kept);
-    int code = sqlite3_step(statement);
-    refresh_columns(kept);
+    // Made before it runs: what changes something must not fail for want of memory when it has.
     auto rows = std::make_unique<Row_set>(kept.columns);
+    int code = sqlite3_step(statement);
+    if (!kept.columns->empty() && refresh_columns(kept)) rows = std::make_unique<Row_set>(kept.columns);
     for (; code == SQLITE_ROW; code = sqlite3_step(statement)) add_row(*rows, statement);
     if (code != SQLITE_DONE) fail_running(code);
     if (kept.columns->empty()) rows->set_changes(sqlite3_changes64(database_.get()));
