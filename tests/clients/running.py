@@ -4,6 +4,7 @@ import http.client
 import http.server
 import json
 import os
+import random
 import re
 import shutil
 import socket
@@ -145,9 +146,12 @@ def blocks(language):
 
 
 def free_port():
-    with socket.socket() as probe:
-        probe.bind(("127.0.0.1", 0))
-        return str(probe.getsockname()[1])
+    """One that nobody listens on, below those that the system gives to who asks for any: nobody is given it meanwhile."""
+    while True:
+        port = random.randrange(20000, 32000)
+        with socket.socket() as probe:
+            if probe.connect_ex(("127.0.0.1", port)) != 0:
+                return str(port)
 
 
 def run_readme(folder, language, command):

@@ -188,13 +188,18 @@ test("the compiler refuses what the component would", () => {
     assert.deepEqual([...new Set(refused.map((found) => Number(found[1])))], [4, 5, 6, 7, 8]);
 });
 
-/** A port that nobody listens on at this moment. */
+/** A port that nobody listens on, below those that the system gives to who asks for any: nobody is given it meanwhile. */
 async function freePort() {
-    const probe = createServer();
-    await new Promise((done) => probe.listen(0, "127.0.0.1", done));
-    const { port } = probe.address();
-    await new Promise((done) => probe.close(done));
-    return String(port);
+    for (;;) {
+        const port = 20_000 + Math.floor(Math.random() * 12_000);
+        const probe = createServer();
+        const isFree = await new Promise((done) => {
+            probe.once("error", () => done(false)).listen(port, "127.0.0.1", () => done(true));
+        });
+        if (!isFree) continue;
+        await new Promise((done) => probe.close(done));
+        return String(port);
+    }
 }
 
 test("the README's example runs as it stands", async () => {

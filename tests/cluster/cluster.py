@@ -6,6 +6,7 @@ import glob
 import json
 import os
 import pwd
+import random
 import re
 import shutil
 import signal
@@ -25,8 +26,12 @@ SUPERUSER, USER = "postgres:change-me-1", "caja:change-me-3"
 
 
 def free_port():
-    with socket.create_server(("127.0.0.1", 0)) as listener:
-        return listener.getsockname()[1]
+    """One that nobody listens on, below those that the system gives to who asks for any: nobody is given it meanwhile."""
+    while True:
+        port = random.randrange(20000, 32000)
+        with socket.socket() as probe:
+            if probe.connect_ex(("127.0.0.1", port)) != 0:
+                return port
 
 
 def until(what, condition, seconds=180):

@@ -4,9 +4,11 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <regex>
 
 #include "service/running_service.h"
@@ -35,17 +37,20 @@ std::string script_of(const std::string& page) {
     return script;
 }
 
-/// A port that nobody listens on at this moment.
+/// A port that nobody listens on, below those that the system gives to who asks for any: nobody is given it meanwhile.
 int free_port() {
-    const int handle = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    bind(handle, reinterpret_cast<const sockaddr*>(&address), size);
-    getsockname(handle, reinterpret_cast<sockaddr*>(&address), &size);
-    close(handle);
-    return ntohs(address.sin_port);
+    std::random_device any;
+    for (;;) {
+        const auto port = std::uniform_int_distribution<std::uint16_t>(20'000, 32'000)(any);
+        const int handle = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        address.sin_port = htons(port);
+        const bool is_free = bind(handle, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+        close(handle);
+        if (is_free) return port;
+    }
 }
 
 /// The example's company and tokens are its own.
