@@ -4,15 +4,15 @@ import http.client
 import http.server
 import json
 import os
-import random
 import re
 import shutil
-import socket
 import subprocess
 import sys
 import tempfile
 import threading
 import unittest
+
+from ports import free_port
 
 CUVEXA = os.environ["CUVEXA"]
 SOURCE = os.environ["CUVEXA_SOURCE"]
@@ -145,18 +145,9 @@ def blocks(language):
     return re.findall(rf"\n```{language}\n(.*?)\n```\n", section, re.DOTALL)
 
 
-def free_port():
-    """One that nobody listens on, below those that the system gives to who asks for any: nobody is given it meanwhile."""
-    while True:
-        port = random.randrange(20000, 32000)
-        with socket.socket() as probe:
-            if probe.connect_ex(("127.0.0.1", port)) != 0:
-                return str(port)
-
-
 def run_readme(folder, language, command):
     """The README's shell lines, and then its example in that language; what they print."""
-    port = free_port()
+    port = str(free_port())
     example = os.path.join(folder, "example." + language)
     with open(example, "w", encoding="utf-8") as file:
         file.write(blocks(language)[0].replace("8470", port))

@@ -6,11 +6,9 @@ import glob
 import json
 import os
 import pwd
-import random
 import re
 import shutil
 import signal
-import socket
 import subprocess
 import sys
 import tempfile
@@ -18,20 +16,13 @@ import time
 import urllib.error
 import urllib.request
 
-from relay import Relay
+sys.path.append(os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "clients"))
+from ports import free_port  # noqa: E402
+from relay import Relay  # noqa: E402
 
 EXAMPLES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "examples", "cluster")
 NODES = ("db1", "db2", "db3")
 SUPERUSER, USER = "postgres:change-me-1", "caja:change-me-3"
-
-
-def free_port():
-    """One that nobody listens on, below those that the system gives to who asks for any: nobody is given it meanwhile."""
-    while True:
-        port = random.randrange(20000, 32000)
-        with socket.socket() as probe:
-            if probe.connect_ex(("127.0.0.1", port)) != 0:
-                return port
 
 
 def until(what, condition, seconds=180):
