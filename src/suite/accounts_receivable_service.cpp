@@ -21,7 +21,7 @@ double first_given(double a, double b, double c) {
 
 bool Receivables::ApplyReceipt(const Receipt_application& receipt) {
     return serve(last_error_, [&] {
-        require_customer(receipt.customer);
+        ledger_.require_party(receipt.customer);
         refuse_if(!(receipt.amount > 0), "El importe a aplicar del recibo: {}, debe ser mayor que cero", receipt.folio);
         const double left = pay_open_receivables(receipt);
         if (left < tolerance) return;
@@ -41,7 +41,7 @@ bool Receivables::ApplyReceipt(const Receipt_application& receipt) {
 
 bool Receivables::CreateReceivable(const Receivable& receivable) {
     return serve(last_error_, [&] {
-        require_customer(receivable.customer);
+        ledger_.require_party(receivable.customer);
         const double amount = first_given(receivable.net_price_amount, receivable.net_amount, receivable.amount);
         refuse_if(receivable.balance != 0 && std::abs(receivable.balance - amount) > tolerance,
                   "El saldo inicial: {}, de la cuenta por cobrar debe ser igual a su importe: {}", receivable.balance,
@@ -156,11 +156,6 @@ bool Receivables::DocumentCheck(const std::string& document_code, const std::str
                   "El período de CUENTAS_X_COBRAR está cerrado; ábralo para cancelar los pagos de {}: {}",
                   document_code, folio);
     });
-}
-
-void Receivables::require_customer(const std::string& customer) {
-    refuse_if(context_->look_up("Cl_Descripcion", "Cl_Cve_Cliente", customer, "Cliente").empty(),
-              "El cliente: {}, no existe o está dado de baja; elija otro", customer);
 }
 
 double Receivables::pay_open_receivables(const Receipt_application& receipt) {

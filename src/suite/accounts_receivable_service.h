@@ -49,7 +49,6 @@ public:
     std::string LastError() override { return last_error_; }
 
 private:
-    void require_customer(const std::string& customer);
     double pay_open_receivables(const Receipt_application& receipt);
     double pay_from(const Receipt_application& receipt, Rows open, double left);
 

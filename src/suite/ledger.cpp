@@ -40,14 +40,21 @@ Account Ledger::require(std::string_view folio) {
     return account;
 }
 
+void Ledger::require_party(const std::string& party) {
+    refuse_party_if(context_.look_up(names_.party_name, names_.party, party, names_.parties).empty(), party);
+}
+
+void Ledger::refuse_party_if(bool unknown, const std::string& party) {
+    refuse_if(unknown, "El {}: {}, no existe o está dado de baja; elija otro", names_.party_noun, party);
+}
+
 std::string Ledger::open(const New_account& account) {
     const Rows known = context_.query(
         "SELECT (SELECT {} FROM {} WHERE {} = '{}' AND Es_Cve_Estado <> 'BA') AS Nombre, "
         "(SELECT Mn_Descripcion FROM Moneda WHERE Mn_Cve_Moneda = '{}' AND Es_Cve_Estado <> 'BA') AS Moneda{}",
         Raw{names_.party_name}, Raw{names_.parties}, Raw{names_.party}, account.party, account.currency,
         Raw{context_.time_column()});
-    refuse_if(known.text("Nombre").empty(), "El {}: {}, no existe o está dado de baja; elija otro", names_.party_noun,
-              account.party);
+    refuse_party_if(known.text("Nombre").empty(), account.party);
     refuse_if(std::abs(account.amount) < tolerance, "El importe de la {} no puede ser cero; indique un importe",
               names_.noun);
     refuse_if(!(account.exchange_rate > 0), "El tipo de cambio: {}, de la {} no es válido; indique uno mayor que cero",

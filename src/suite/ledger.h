@@ -94,6 +94,9 @@ public:
     /// The account, that may still be paid: an unknown, cancelled or withdrawn one is refused.
     Account require(std::string_view folio);
 
+    /// Refuses an unknown or retired customer or supplier.
+    void require_party(const std::string& party);
+
     /// Writes an account with its full balance and gives its folio. An unknown or retired party, no amount, no rate and an
     /// unknown currency are refused.
     std::string open(const New_account& account);
@@ -133,6 +136,7 @@ protected:
     Context& context_;
 
 private:
+    void refuse_party_if(bool unknown, const std::string& party);
     std::int64_t last_payment(std::string_view folio);
     /// False when there is a payment of that number already.
     bool insert_payment(const Account& account, const New_payment& payment, std::int64_t number,
