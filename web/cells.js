@@ -25,7 +25,7 @@ export const keyOf = (kind) => Object.keys(keys).find((name) => keys[name] === k
 const codeIn = (text) => String(text ?? "").split("-CA:")[0];
 
 /** The document that a cell names, as {kind, folio}; nothing when it names none. */
-export function documentIn(row, name) {
+function documentIn(row, name) {
     const folio = row[name];
     if (typeof folio !== "string" || folio === "") return undefined;
     const named = /^(.*)_Documento$/.exec(name);
