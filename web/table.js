@@ -165,14 +165,30 @@ export class Long_table {
         const focused = this.body.contains(document.activeElement);
         this.first = first;
         this.last = last;
-        const shownRows = this.rows.slice(first, last).map((row, index) => this.row(row, first + index));
-        if (this.whole && this.rows.length === 0) shownRows.push(this.nothing());
         this.above.firstChild.style.height = `${first * height}px`;
         this.below.firstChild.style.height = `${(this.rows.length - last) * height}px`;
         this.above.hidden = first === 0;
         this.below.hidden = last >= this.rows.length;
-        this.body.replaceChildren(this.above, ...shownRows, this.below);
-        if (focused) (this.link(this.active) ?? this.element).focus({ preventScroll: true });
+        this.fill(first, last);
+        if (focused && !this.body.contains(document.activeElement))
+            (this.link(this.active) ?? this.element).focus({ preventScroll: true });
+    }
+
+    /** What stays seen stays the same element: nobody's click or focus is lost because further rows come. */
+    fill(first, last) {
+        const before = new Map();
+        for (const element of this.body.querySelectorAll("tr:not(.gap)")) {
+            const index = Number(element.dataset.index);
+            if (index >= first && index < last) before.set(index, element);
+            else element.remove();
+        }
+        let place = this.above;
+        for (let index = first; index < last; ++index) {
+            const element = before.get(index) ?? this.row(this.rows[index], index);
+            if (place.nextSibling !== element) place.after(element);
+            place = element;
+        }
+        if (this.whole && this.rows.length === 0) place.after(this.nothing());
     }
 
     /** As wide as the columns that any window has room for. */
