@@ -34,6 +34,13 @@ export function signOut() {
     token = "";
 }
 
+let tellsLag = () => {};
+
+/** `listener` hears with each answer how many seconds it may be behind its primary, or "unknown"; null where there is no replica. */
+export function onAnswer(listener) {
+    tellsLag = listener;
+}
+
 export const isSignedIn = () => token !== "";
 
 /** A path below the company's; the steps of `parts` may hold any letters. */
@@ -56,6 +63,7 @@ export async function ask(path, query = {}, { signal, accept = "application/json
         throw new Failure(0, words[0]);
     }
     if (!answer.ok) throw new Failure(answer.status, words[answer.status] ?? (await reasonOf(answer)));
+    tellsLag(answer.headers.get("Cuvexa-Replica-Lag"));
     return answer;
 }
 

@@ -1,6 +1,6 @@
 // The console: who is there, and what they look at.
 import { accountsView } from "./accounts.js";
-import { Failure, isSignedIn, read, signIn, signOut } from "./api.js";
+import { Failure, isSignedIn, onAnswer, read, signIn, signOut } from "./api.js";
 import { auditView } from "./audit.js";
 import { budgetsView } from "./budgets.js";
 import { documentView } from "./document.js";
@@ -12,6 +12,7 @@ import { statementView } from "./statement.js";
 
 const main = document.getElementById("contenido");
 const top = document.getElementById("top");
+const replica = document.getElementById("replica");
 
 /** Its name, where the service has several: the last step of the page's own path. */
 const company = decodeURIComponent(new URL(document.baseURI).pathname.split("/").at(-2) ?? "");
@@ -24,6 +25,7 @@ let reading = new AbortController();
 function door(words) {
     leaveView();
     top.hidden = true;
+    replica.hidden = true;
     document.title = "Cuvexa";
     const token = h("input", {
         id: "token",
@@ -163,6 +165,11 @@ async function show() {
     }
 }
 
+onAnswer((lag) => {
+    replica.hidden = lag === null;
+    const behind = lag === "unknown" ? "no se sabe qué tan detrás" : `a lo más ${lag} s detrás`;
+    replica.textContent = `Leído de una réplica, ${behind} del primario.`;
+});
 document.getElementById("company").append(data(company));
 document.getElementById("leave").addEventListener("click", () => leave());
 document.querySelector(".skip").addEventListener("click", (event) => {

@@ -392,7 +392,7 @@ test("Documentos: found by folio, party, amount, state and dates", async (t) => 
     const visitor = await visit(t);
     await visitor.go("#/documentos/checks");
     const search = async (fields) => {
-        await visitor.follow(() => visitor.page.click(".clear")).catch(() => {});
+        await visitor.go("#/documentos/checks");
         for (const [id, value] of Object.entries(fields)) {
             if (id === "estado" || id === "cuenta") await visitor.page.select(`#${id}`, value);
             else
@@ -471,6 +471,24 @@ test("Documentos: a long list is read as far as it is seen, and no row of it is 
         [...seen].sort(([a], [b]) => a - b).map(([, folio]) => folio),
         expected.map((each) => each.Bm_Folio),
     );
+});
+
+test("Documentos: rows that stay seen stay the same elements while further ones come", async (t) => {
+    const visitor = await visit(t);
+    await visitor.go("#/documentos/movements");
+    const outcome = await visitor.page.evaluate(async () => {
+        const scroll = document.querySelector(".scroll");
+        const rows = () => document.querySelectorAll("tr[data-index]");
+        const row = scroll.querySelector("tr[data-index='18']");
+        const link = row.querySelectorAll("a")[1];
+        link.focus();
+        const before = rows().length;
+        scroll.scrollTop = row.offsetTop;
+        while (rows()[0].dataset.index === "0" && rows().length === before)
+            await new Promise((next) => requestAnimationFrame(next));
+        return { same: scroll.querySelector("tr[data-index='18']") === row, kept: document.activeElement === link };
+    });
+    assert.deepEqual(outcome, { same: true, kept: true });
 });
 
 const stateNames = {
@@ -885,6 +903,30 @@ test("a service that goes away is told, and asked again", async (t) => {
     t.after(() => again.end());
     await visitor.follow(() => visitor.page.click("main button"));
     assert.match(await visitor.text("h1"), /Presupuestos/);
+});
+
+test("what is read of a replica says how far it may be behind", async (t) => {
+    const visitor = await visit(t);
+    assert.equal(await visitor.page.$("#replica:not([hidden])"), null);
+    let lag = "0.412";
+    const client = await visitor.page.createCDPSession();
+    client.on("Fetch.requestPaused", ({ requestId, responseStatusCode, responseHeaders }) =>
+        client.send("Fetch.continueResponse", {
+            requestId,
+            responseCode: responseStatusCode,
+            responseHeaders: [...responseHeaders, { name: "Cuvexa-Replica-Lag", value: lag }],
+        }),
+    );
+    await client.send("Fetch.enable", { patterns: [{ resourceType: "Fetch", requestStage: "Response" }] });
+    await visitor.go("#/documentos/checks");
+    assert.equal(await visitor.text("#replica"), "Leído de una réplica, a lo más 0.412 s detrás del primario.");
+    assert.deepEqual(await violations(visitor), []);
+    lag = "unknown";
+    await visitor.go("#/presupuestos");
+    assert.equal(await visitor.text("#replica"), "Leído de una réplica, no se sabe qué tan detrás del primario.");
+    await client.send("Fetch.disable");
+    await visitor.go("#/cuentas");
+    assert.equal(await visitor.page.$("#replica:not([hidden])"), null);
 });
 
 test("the README's lines show the sample company", async (t) => {
