@@ -13,7 +13,6 @@ namespace cuvexa::cli {
 namespace {
 
 constexpr std::chrono::milliseconds between_lines{100};
-constexpr const char* wiped = "\r\033[K";
 
 std::atomic<bool> ctrl_c = false;
 static_assert(std::atomic<bool>::is_always_lock_free, "a handler sets it");
@@ -53,16 +52,17 @@ Progress::Progress(const std::string& text, bool wanted)
 Progress::Progress(std::ostream* out, Now now) : out_(out), now_(std::move(now)) {}
 
 Progress::~Progress() {
-    if (drawn_) *out_ << wiped << std::flush;
+    if (!line_.empty()) *out_ << '\r' << std::string(line_.size(), ' ') << '\r' << std::flush;
 }
 
 void Progress::tell(const std::string& text) {
     if (is_interrupted()) throw Interrupted(text_of_interruption());
     if (out_ == nullptr) return;
     const Clock::time_point now = now_();
-    if (drawn_ && now < next_) return;
-    *out_ << wiped << text << std::flush;
-    drawn_ = true;
+    if (!line_.empty() && now < next_) return;
+    const std::size_t rest = line_.size() > text.size() ? line_.size() - text.size() : 0;
+    *out_ << '\r' << text << std::string(rest, ' ') << std::flush;
+    line_ = text;
     next_ = now + between_lines;
 }
 

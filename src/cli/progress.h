@@ -57,7 +57,7 @@ private:
     std::ostream* out_;
     Now now_;
     Clock::time_point next_ = {};
-    bool drawn_ = false;
+    std::string line_;  // that stands there; it is written over with blanks, which every terminal understands
 };
 
 }  // namespace cuvexa::cli
