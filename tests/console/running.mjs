@@ -1,6 +1,7 @@
 // What the tests of the console stand on: companies, a service of them, a browser, and what is asked of the database beside both.
 import { execFileSync, spawn } from "node:child_process";
 import { copyFileSync, existsSync, mkdtempSync, rmSync, writeFileSync } from "node:fs";
+import { createServer } from "node:net";
 import { tmpdir } from "node:os";
 import { dirname, join } from "node:path";
 import { createInterface } from "node:readline";
@@ -79,6 +80,21 @@ export function written(cents) {
 export const cents = (column) => `COALESCE(SUM(CAST(ROUND(${column} * 100) AS INTEGER)), 0)`;
 
 // ---- The service ------------------------------------------------------------------------------------------------------
+
+/** One that nobody listens on, below those that the system gives to who asks for any: nobody is given it meanwhile. */
+export async function freePort() {
+    for (;;) {
+        const port = 20000 + Math.floor(Math.random() * 12000);
+        const probe = createServer();
+        const isFree = await new Promise((tell) => {
+            probe.once("error", () => tell(false));
+            probe.listen(port, "127.0.0.1", () => tell(true));
+        });
+        if (!isFree) continue;
+        await new Promise((closed) => probe.close(closed));
+        return port;
+    }
+}
 
 export class Service {
     constructor(...options) {
@@ -247,16 +263,17 @@ export class Visit {
         return this.page.evaluate(() => location.hash);
     }
 
-    /** The cells of the rows that are in the page, by the names of their columns. */
+    /** The cells of the rows that are in the page, by the names of their columns; where it is long, the row's index too. */
     cells(selector = ".long tbody tr[data-index]") {
         return this.page.$$eval(selector, (all) =>
             all.map((one) =>
-                Object.fromEntries(
-                    [...one.querySelectorAll("[data-column]")].map((cell) => [
+                Object.fromEntries([
+                    ["index", Number(one.dataset.index)],
+                    ...[...one.querySelectorAll("[data-column]")].map((cell) => [
                         cell.dataset.column,
                         (cell.querySelector("a") ?? cell).textContent.trim(),
                     ]),
-                ),
+                ]),
             ),
         );
     }
