@@ -165,30 +165,32 @@ export class Long_table {
         const focused = this.body.contains(document.activeElement);
         this.first = first;
         this.last = last;
+        const gone = this.fill(first, last);
         this.above.firstChild.style.height = `${first * height}px`;
         this.below.firstChild.style.height = `${(this.rows.length - last) * height}px`;
         this.above.hidden = first === 0;
         this.below.hidden = last >= this.rows.length;
-        this.fill(first, last);
+        for (const element of gone) element.remove(); // last: were it lower meanwhile, it would scroll up
         if (focused && !this.body.contains(document.activeElement))
             (this.link(this.active) ?? this.element).focus({ preventScroll: true });
     }
 
-    /** What stays seen stays the same element: nobody's click or focus is lost because further rows come. */
+    /**
+     * Puts these rows into the page; gives the elements that are to go. What stays seen stays the same element: nobody's click or
+     * focus is lost because further rows come.
+     */
     fill(first, last) {
-        const before = new Map();
-        for (const element of this.body.querySelectorAll("tr:not(.gap)")) {
-            const index = Number(element.dataset.index);
-            if (index >= first && index < last) before.set(index, element);
-            else element.remove();
-        }
+        const elements = [...this.body.querySelectorAll("tr:not(.gap)")];
+        const stays = ({ dataset }) => dataset.index >= first && dataset.index < last;
+        const before = new Map(elements.filter(stays).map((each) => [Number(each.dataset.index), each]));
         let place = this.above;
         for (let index = first; index < last; ++index) {
             const element = before.get(index) ?? this.row(this.rows[index], index);
-            if (place.nextSibling !== element) place.after(element);
+            if (!before.has(index)) place.after(element);
             place = element;
         }
         if (this.whole && this.rows.length === 0) place.after(this.nothing());
+        return elements.filter((each) => !stays(each));
     }
 
     /** As wide as the columns that any window has room for. */
