@@ -19,6 +19,12 @@ std::string on_postgresql(std::string_view text) {
     return translate(text, tokens, postgresql).with_literals();
 }
 
+std::string prepared_on_postgresql(std::string_view text) {
+    std::vector<Token> tokens;
+    tokenize(text, tokens);
+    return translate(text, tokens, postgresql).with_parameters('$');
+}
+
 TEST(Postgresql_dialect, functions_have_their_names) {
     EXPECT_EQ(on_postgresql("SELECT ISNULL(a, 0) FROM T"), "SELECT COALESCE( a , 0 ) FROM T");
     EXPECT_EQ(on_postgresql("SELECT MONTH(f) FROM T"),
@@ -48,6 +54,20 @@ TEST(Postgresql_dialect, a_literal_takes_the_type_of_what_it_stands_beside) {
 TEST(Postgresql_dialect, a_joined_update_names_its_target_once) {
     EXPECT_EQ(on_postgresql("UPDATE T SET T.a = X.b FROM T INNER JOIN X ON X.k = T.k WHERE T.c = 'z'"),
               "UPDATE T SET a = X . b FROM X WHERE ( X . k = T . k ) AND ( T . c = 'z' )");
+}
+
+// With two parameters the group would be another expression than the column.
+TEST(Postgresql_dialect, what_tells_a_group_is_no_parameter) {
+    EXPECT_EQ(prepared_on_postgresql("SELECT CASE a WHEN 1 THEN 'x' ELSE b END AS c, SUM(d) FROM T WHERE e = 'y' "
+                                     "GROUP BY CASE a WHEN 1 THEN 'x' ELSE b END HAVING SUM(d) > 2 ORDER BY b"),
+              "SELECT CASE a WHEN 1 THEN 'x' ELSE b END ::citext AS c , SUM ( d ) FROM T WHERE e = $3 "
+              "GROUP BY CASE a WHEN 1 THEN 'x' ELSE b END ::citext HAVING SUM ( d ) > 2 ORDER BY b");
+    EXPECT_EQ(prepared_on_postgresql("SELECT a, SUM(d * 3) FROM T GROUP BY a HAVING SUM(d) > 2"),
+              "SELECT a , SUM ( d * $1 ) FROM T GROUP BY a HAVING SUM ( d ) > $2");
+    EXPECT_EQ(prepared_on_postgresql("SELECT 7 UNION SELECT ISNULL(a, 1) FROM T GROUP BY ISNULL(a, 1) UNION SELECT 8"),
+              "SELECT $1 UNION SELECT COALESCE( a , 1 ) FROM T GROUP BY COALESCE( a , 1 ) UNION SELECT $4");
+    EXPECT_EQ(prepared_on_postgresql("SELECT 7 FROM T WHERE a IN (SELECT b + 1 FROM U GROUP BY b + 1)"),
+              "SELECT $1 FROM T WHERE a IN ( SELECT b + 1 FROM U GROUP BY b + 1 )");
 }
 
 TEST(Postgresql_dialect, output_is_returning_and_top_is_limit) {

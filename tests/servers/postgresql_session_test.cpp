@@ -64,14 +64,59 @@ TEST_F(Native_session, what_cannot_be_prepared_goes_as_text_inside_a_unit_of_wor
     session->execute("INSERT INTO Prueba (Llave, Texto) VALUES (1, 'a')");
     Unit_of_work unit(*session);
     // The two texts are one value only where they stand as they are.
-    const std::string grouped = "SELECT COALESCE(Texto, 'x') AS V FROM Prueba GROUP BY COALESCE(Texto, 'x')";
-    EXPECT_EQ(text(grouped), "a");
+    const std::string sorted = "SELECT DISTINCT COALESCE(Texto, 'x') AS V FROM Prueba ORDER BY COALESCE(Texto, 'x')";
+    EXPECT_EQ(text(sorted), "a");
     const auto tried = preparations();
-    EXPECT_EQ(text(grouped), "a");
+    EXPECT_EQ(text(sorted), "a");
     EXPECT_EQ(preparations(), tried) << "it is not tried again";
     session->execute("UPDATE Prueba SET Texto = 'b'");
     unit.commit();
-    EXPECT_EQ(text(grouped), "b");
+    EXPECT_EQ(text(sorted), "b");
+}
+
+TEST_F(Native_session, a_group_is_prepared_with_the_literals_that_tell_it) {
+    session->execute("INSERT INTO Prueba (Llave, Texto) VALUES (1, ''), (2, 'a'), (3, 'a')");
+    const auto grouped = [&](const std::string& empty, int from) {
+        const std::string group = "CASE WHEN Texto = '' THEN '" + empty + "' ELSE Texto END";
+        return text("SELECT " + group + " AS V FROM Prueba WHERE Llave >= " + std::to_string(from) + " GROUP BY " +
+                    group + " ORDER BY V DESC");
+    };
+    EXPECT_EQ(grouped("x", 1), "x");
+    const auto before = preparations();
+    EXPECT_EQ(grouped("x", 2), "a");
+    EXPECT_EQ(preparations(), before);
+    EXPECT_EQ(text("SELECT COUNT(*) AS V FROM pg_prepared_statements WHERE statement LIKE '%GROUP BY CASE%'"), "1");
+    EXPECT_EQ(grouped("y", 1), "y") << "another text there is another statement";
+}
+
+TEST_F(Native_session, a_unit_of_work_begins_with_its_first_statement) {
+    Postgresql_connection other(uri);
+    const std::string process = text("SELECT pg_backend_pid() AS V");
+    const auto state = [&] {
+        return to_text(other.execute("SELECT state AS V FROM pg_stat_activity WHERE pid = " + process)->field("V"));
+    };
+    Unit_of_work(*session).commit();
+    EXPECT_EQ(state(), "idle") << "one without statements is none";
+    {
+        Unit_of_work undone(*session);
+        EXPECT_EQ(state(), "idle");
+        session->execute("INSERT INTO Prueba (Llave) VALUES (1)");
+        EXPECT_EQ(state(), "idle in transaction");
+        EXPECT_EQ(text("SELECT COUNT(*) AS V FROM Prueba"), "1");
+    }
+    EXPECT_EQ(state(), "idle");
+    EXPECT_EQ(text("SELECT COUNT(*) AS V FROM Prueba"), "0");
+    {
+        Unit_of_work failed(*session);
+        EXPECT_THAT(failure("INSERT INTO Prueba (Llave) VALUES (1), (1)"), HasSubstr("[23505]"));
+        EXPECT_EQ(state(), "idle in transaction (aborted)");
+        EXPECT_THAT(failure_of([&] { failed.commit(); }), HasSubstr("[25P02]"));
+    }
+    Unit_of_work kept(*session);
+    EXPECT_EQ(text("SELECT current_setting('transaction_isolation') AS V"), "serializable");
+    session->execute("INSERT INTO Prueba (Llave) VALUES (2)");
+    kept.commit();
+    EXPECT_EQ(to_text(other.execute("SELECT Llave AS V FROM Prueba")->field("V")), "2");
 }
 
 TEST_F(Native_session, what_the_server_has_forgotten_is_prepared_again) {

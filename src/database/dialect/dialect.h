@@ -69,6 +69,9 @@ struct Dialect {
     /// The engine keeps names in lower case and takes a marked name to the letter: [Name] is written "name".
     bool folds_names = false;
 
+    /// The engine knows an expression of GROUP BY again elsewhere only by its literals, which are therefore no parameters.
+    bool knows_groups_by_literals = false;
+
     /// The rule for a call of that many arguments; null: the dialect has none.
     const Function_rule* function(std::string_view name, std::size_t arguments) const noexcept;
 

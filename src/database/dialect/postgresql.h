@@ -78,6 +78,7 @@ inline constexpr Dialect postgresql{.functions = postgresql_rules::functions,
                                     .types = postgresql_rules::types,
                                     .statements = postgresql_rules::statements,
                                     .text_cast = "::citext",
-                                    .folds_names = true};
+                                    .folds_names = true,
+                                    .knows_groups_by_literals = true};
 
 }  // namespace cuvexa::dialect

@@ -95,6 +95,7 @@ private:
     Node sub_select(Node node, bool rows) const {
         node.children = through(std::move(node.children));
         move_top(node.children);
+        pin_groups(node.children, dialect_);
         if (rows) return node;
         if (!dialect_.single_value.empty()) require_single_value(node.children, dialect_.single_value);
         return without_case(std::move(node), dialect_);

@@ -1,4 +1,5 @@
 // The shape of whole statements: TOP, OUTPUT, the words that SQL Server lets one leave out.
+#include <algorithm>
 #include <utility>
 
 #include "database/dialect/rewriting.h"
@@ -28,6 +29,21 @@ bool drop_row_name(Nodes& list, std::string_view row) {
     return true;
 }
 
+using Place = Nodes::iterator;
+
+bool holds_literal(Place begin, Place end) {
+    return std::any_of(begin, end, [](Node& node) {
+        return node.literal >= 0 || holds_literal(node.children.begin(), node.children.end());
+    });
+}
+
+void pin(Place begin, Place end) {
+    for (; begin < end; ++begin) {
+        begin->pinned |= begin->literal >= 0;
+        pin(begin->children.begin(), begin->children.end());
+    }
+}
+
 }  // namespace
 
 void complete_words(Nodes& statement) {
@@ -46,6 +62,21 @@ void move_top(Nodes& query) {
         insert_at(query, end, std::move(count));
         insert_at(query, end, word("LIMIT"));
         cut(query, at, at + 2);
+    }
+}
+
+void pin_groups(Nodes& query, const Dialect& dialect) {
+    if (!dialect.knows_groups_by_literals) return;
+    const auto place = [&](std::size_t at) { return query.begin() + static_cast<std::ptrdiff_t>(at); };
+    for (std::size_t begin = 0; begin < query.size();) {
+        const std::size_t end = find_word(query, {"UNION", "EXCEPT", "INTERSECT"}, begin);
+        const std::size_t groups = std::min(find_word(query, {"GROUP"}, begin), end);
+        const std::size_t groups_end = std::min(find_word(query, {"HAVING", "ORDER"}, groups), end);
+        if (holds_literal(place(groups), place(groups_end))) {
+            pin(place(begin), place(std::min(find_word(query, {"FROM"}, begin), end)));
+            pin(place(groups), place(end));
+        }
+        begin = end + 1;
     }
 }
 
@@ -79,6 +110,7 @@ Nodes rewrite_statement(Nodes nodes, const Dialect& dialect) {
     nodes = rewrite_expressions(std::move(nodes), dialect);
     complete_words(nodes);
     move_top(nodes);
+    pin_groups(nodes, dialect);
     if (nodes.empty() || !nodes.front().is_any_word({"INSERT", "UPDATE", "DELETE"})) return nodes;
     open_select(nodes);
     move_output(nodes);

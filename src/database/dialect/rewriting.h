@@ -29,6 +29,9 @@ void complete_words(Nodes& statement);
 /// SELECT TOP n … as SELECT … LIMIT n, in a query and in those that are joined to it.
 void move_top(Nodes& query);
 
+/// SELECT f('x') … GROUP BY f('x'): where a group is told by literals they stay in the statement, here and there.
+void pin_groups(Nodes& query, const Dialect& dialect);
+
 /// INSERT INTO T (…) (SELECT …) without the parentheses.
 void open_select(Nodes& insert);
 

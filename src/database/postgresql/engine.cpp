@@ -27,7 +27,7 @@ bool is_one_of(std::string_view word, const std::array<std::string_view, count>&
 }
 
 constexpr std::array<std::string_view, 5> with_rows = {"SELECT", "INSERT", "UPDATE", "DELETE", "WITH"};
-constexpr std::array<std::string_view, 3> of_transactions = {"BEGIN", "COMMIT", "ROLLBACK"};
+constexpr std::array<std::string_view, 2> ends_of_transactions = {"COMMIT", "ROLLBACK"};
 
 // The server has forgotten the name, as after DISCARD ALL; or the table has other columns now.
 bool is_outdated(const PGresult* result) {
@@ -68,9 +68,15 @@ std::optional<Replica> Engine::replica() {
 Result Engine::run(std::string_view text) {
     const auto& tokens = interpreter_.read(text);
     const std::string_view verb = tokens.front().in(text);
+    if (same_text(verb, "BEGIN")) {
+        session_.begin_with_next(interpreter_.translation(text).with_literals());
+        return {};
+    }
     if (!is_one_of(verb, with_rows)) {
+        // Nothing of the unit has been sent.
+        if (is_one_of(verb, ends_of_transactions) && session_.drop_begin()) return {};
         // After a definition, or DISCARD ALL, what was known of names and types may be so no more.
-        if (!is_one_of(verb, of_transactions)) kept_.forget_all();
+        if (!is_one_of(verb, ends_of_transactions)) kept_.forget_all();
         return run_as_text(text);
     }
     shape_.read(text, tokens);

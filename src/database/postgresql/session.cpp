@@ -107,6 +107,10 @@ std::string refusal_of_session(const std::string& verbose) {
     return one_line(std::regex_replace(std::regex_replace(verbose, place, ""), state, ":  ")) + " [" + last + "]";
 }
 
+int sends(PGconn* connection, const std::string& text) {
+    return PQsendQueryParams(connection, text.c_str(), 0, nullptr, nullptr, nullptr, nullptr, 0);
+}
+
 }  // namespace
 
 bool failed(const PGresult* result) noexcept {
@@ -182,8 +186,7 @@ void Session::begin(const Postgresql_options& options) {
 Result Session::run(std::string_view text) {
     refuse_when_lost();
     const std::string sent(text);
-    send(PQsendQueryParams(connection_.get(), sent.c_str(), 0, nullptr, nullptr, nullptr, nullptr, 0));
-    Result result = answer();
+    Result result = answer_to([&] { return sends(connection_.get(), sent); });
     if (failed(result.get())) refuse(result.get());
     return result;
 }
@@ -220,24 +223,66 @@ void Session::forget_names() {
 
 Result Session::run_prepared(const std::string& name, const Values& values) {
     refuse_when_lost();
-    send(PQsendQueryPrepared(connection_.get(), name.c_str(), static_cast<int>(values.size()), values.data(), nullptr,
-                             nullptr, 0));
-    return answer();
+    return answer_to([&] {
+        return PQsendQueryPrepared(connection_.get(), name.c_str(), static_cast<int>(values.size()), values.data(),
+                                   nullptr, nullptr, 0);
+    });
+}
+
+/// The result of a statement, which goes behind the begin of its transaction where that has not been sent.
+template <class Send>
+Result Session::answer_to(const Send& send_statement) {
+    if (begin_.empty()) {
+        send(send_statement());
+        return answer();
+    }
+    const std::string begin = std::exchange(begin_, {});
+    send(PQenterPipelineMode(connection_.get()));
+    send(sends(connection_.get(), begin));
+    send(send_statement());
+    send(PQpipelineSync(connection_.get()));
+    Result result = answer_behind_begin();
+    send(PQexitPipelineMode(connection_.get()));
+    return result;
 }
 
 void Session::send(int accepted) {
     if (accepted != 1) lose(one_line(PQerrorMessage(connection_.get())) + " [08006]");
 }
 
+/// What comes next; null where a statement ends.
+Result Session::next_result() {
+    while (PQisBusy(connection_.get()) == 1) wait_for_input();
+    return Result(PQgetResult(connection_.get()));
+}
+
 /// The result of what was sent: the last one, or the first that failed.
 Result Session::answer() {
     Result last;
     for (;;) {
-        while (PQisBusy(connection_.get()) == 1) wait_for_input();
-        Result next(PQgetResult(connection_.get()));
+        Result next = next_result();
         if (next == nullptr) break;
         if (last == nullptr || !failed(last.get())) last = std::move(next);
     }
+    return checked(std::move(last));
+}
+
+/// The same of several statements, up to the end of the pipeline.
+Result Session::answer_behind_begin() {
+    Result last;
+    for (bool ended = false;;) {
+        Result next = next_result();
+        if (next == nullptr && ended) break;
+        ended = next == nullptr;
+        if (ended) continue;
+        if (PQresultStatus(next.get()) == PGRES_PIPELINE_SYNC) break;
+        if (last == nullptr || !failed(last.get())) last = std::move(next);
+    }
+    return checked(std::move(last));
+}
+
+/// A result that tells of no lost connection.
+Result Session::checked(Result last) {
     const bool dead = last == nullptr || PQstatus(connection_.get()) == CONNECTION_BAD;
     if (last != nullptr && failed(last.get()) && server_->says_lost(state_of(last.get()))) {
         lose(description(last.get()));

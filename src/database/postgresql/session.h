@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "cuvexa/database/postgresql_connection.h"
@@ -26,6 +27,16 @@ using Values = std::vector<const char*>;
 class Session {
 public:
     Session(const std::string& conninfo, const Postgresql_options& options);
+
+    /// Begins a transaction by that text, together with the next statement that is run: it costs no round trip of its own.
+    void begin_with_next(std::string text) { begin_ = std::move(text); }
+
+    /// Gives up a transaction that nothing has followed so far. False when there is none.
+    bool drop_begin() noexcept {
+        const bool was_to_begin = !begin_.empty();
+        begin_.clear();
+        return was_to_begin;
+    }
 
     /// Runs one statement of the server. Throws `Database_error` when it fails. Once the connection is lost, every
     /// statement is refused.
@@ -64,8 +75,13 @@ private:
     void begin(const Postgresql_options& options);
     void forget_names();
     bool prepares(const std::string& name, const std::string& text, const std::vector<Oid>& types);
+    template <class Send>
+    Result answer_to(const Send& send_statement);
     void send(int accepted);
+    Result next_result();
     Result answer();
+    Result answer_behind_begin();
+    Result checked(Result result);
     void wait_for_input();
     [[noreturn]] void lose(const std::string& why);
     void refuse_when_lost() const;
@@ -75,6 +91,7 @@ private:
     std::string name_ = "PostgreSQL";
     const database::Server* server_;
     std::vector<std::string> forgotten_;
+    std::string begin_;         ///< what is to be sent before the next statement
     int answer_timeout_s_ = 0;  ///< how long an answer is waited for; 0: without end
     std::uint64_t conflicts_ = 0;
     bool lost_ = false;
