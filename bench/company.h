@@ -39,6 +39,7 @@ public:
         texts_.emplace_back(text);
         return connection_.execute(text);
     }
+    std::uint64_t conflicts() const noexcept override { return connection_.conflicts(); }
     std::vector<std::string> take() { return std::exchange(texts_, {}); }
 
 private:

@@ -38,7 +38,14 @@ std::string Context::time_text(Date date) const {
 
 Date Context::now() {
     if (options_.server_date) return *options_.server_date;
-    return query("SELECT GETDATE() AS Ahora").date("Ahora");
+    return clock_.now([this] { return query("SELECT GETDATE() AS Ahora").date("Ahora"); });
+}
+
+Date Context::time_of(const Rows& row) {
+    if (options_.server_date) return *options_.server_date;
+    const Date now = row.date("Ahora");
+    clock_.told(now);
+    return now;
 }
 
 std::string Context::year_in_sql() const {

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "cuvexa/suite/reference_suite.h"
+#include "suite/server_clock.h"
 #include "suite/statements.h"
 
 namespace cuvexa::reference {
@@ -54,15 +55,16 @@ public:
     void set_user(std::string user) { options_.user = std::move(user); }
     void set_server_date(std::optional<Date> date) { options_.server_date = date; }
 
-    /// The fixed date, or the date and time of the database server, asked for now; the embedded engine's are this machine's.
+    /// The fixed date, or the date and time of the database server; the embedded engine's are this machine's.
     Date now();
+    Server_clock& clock() { return clock_; }
     std::string day_text(Date date) const;
     std::string time_text(Date date) const;
     std::string stamp() { return time_text(now()); }
 
     /// What a query asks so that it tells the time as well, and the time that its row tells.
     std::string_view time_column() const { return options_.server_date ? "" : ", GETDATE() AS Ahora"; }
-    Date time_of(const Rows& row) const { return options_.server_date ? *options_.server_date : row.date("Ahora"); }
+    Date time_of(const Rows& row);
 
     /// The year and the month of now, as they stand in a condition.
     std::string year_in_sql() const;
@@ -106,6 +108,7 @@ private:
     Connection& connection_;
     Connection& own_;
     Suite_options options_;
+    Server_clock clock_;
 
     /// The last folios that were given: their documents are likely to be registered for the first time.
     std::deque<std::string> new_folios_;

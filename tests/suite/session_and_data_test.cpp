@@ -1,4 +1,5 @@
 #include "cuvexa/errors.h"
+#include "suite/context.h"
 #include "suite/fixture.h"
 
 namespace cuvexa::tests {
@@ -160,6 +161,30 @@ TEST_F(Data, the_server_date_is_the_database_server_s_asked_when_it_is_needed) {
     on_server.set_server_date(today());
     EXPECT_EQ(on_server.data()->GetServerDate(), today());
     EXPECT_EQ(server.asked, 1) << "a fixed date asks nobody";
+}
+
+TEST_F(Data, the_server_is_asked_for_the_time_once_in_a_second) {
+    Another_clock server(connection);
+    Reference_suite on_server(server);
+    double seconds = 0;
+    on_server.context().clock().read_from([&] { return seconds; });
+    const auto time = [&] { return on_server.data()->SqlDateTime(on_server.data()->GetServerDate()); };
+    EXPECT_EQ(time(), "2031-05-06 07:08:09");
+    seconds = 0.2;
+    EXPECT_EQ(time(), "2031-05-06 07:08:09");
+    seconds = 0.9;
+    EXPECT_EQ(time(), "2031-05-06 07:08:10") << "it goes on from what the server said";
+    EXPECT_EQ(server.asked, 1);
+    seconds = 1;
+    EXPECT_EQ(time(), "2031-05-06 07:08:09");
+    EXPECT_EQ(server.asked, 2);
+}
+
+TEST(Stopwatch, runs_from_its_beginning_and_has_waited_long_before_it) {
+    reference::Stopwatch watch;
+    EXPECT_GT(watch.seconds(), 1e6);
+    watch.begin();
+    EXPECT_LT(watch.seconds(), 1e6);
 }
 
 TEST_F(Data, what_an_administrator_posts_is_stamped_by_the_database_server_too) {
