@@ -42,14 +42,21 @@ def get(port, path):
     return None
 
 
+class Direct:
+    """Where no relay stands."""
+
+    def __init__(self, port):
+        self.port = port
+
+
 class Node:
     """One machine: its ports, and the relays through which others reach it and it reaches etcd."""
 
-    def __init__(self, name, etcd_port):
+    def __init__(self, name, etcd_port, relay):
         self.name = name
         self.server_port, self.patroni_port = free_port(), free_port()
-        self.to_users, self.to_replicas = Relay(self.server_port), Relay(self.server_port)
-        self.to_patroni, self.to_etcd = Relay(self.patroni_port), Relay(etcd_port)
+        self.to_users, self.to_replicas = relay(self.server_port), relay(self.server_port)
+        self.to_patroni, self.to_etcd = relay(self.patroni_port), relay(etcd_port)
         self.relays = (self.to_users, self.to_replicas, self.to_patroni, self.to_etcd)
 
     def says(self, path):
@@ -57,8 +64,8 @@ class Node:
 
 
 class Cluster:
-    def __init__(self, synchronous=1):
-        """`synchronous`: how many replicas an acknowledged statement is on."""
+    def __init__(self, synchronous=1, relay=Relay):
+        """`synchronous`: how many replicas an acknowledged statement is on. `relay`: what stands before each machine."""
         self.synchronous = synchronous
         # PostgreSQL refuses to run as root.
         self.owner = pwd.getpwnam("postgres") if os.getuid() == 0 else pwd.getpwuid(os.getuid())
@@ -66,7 +73,7 @@ class Cluster:
         os.chmod(self.folder, 0o755)
         self.processes = {}
         self.etcd_port, self.proxy_port, self.replicas_port = free_port(), free_port(), free_port()
-        self.nodes = {name: Node(name, self.etcd_port) for name in NODES}
+        self.nodes = {name: Node(name, self.etcd_port, relay) for name in NODES}
 
     def __enter__(self):
         try:

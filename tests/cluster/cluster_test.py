@@ -4,15 +4,19 @@ nothing acknowledged is missing, nothing is there twice, the audit finds nothing
 was left half done of the others, and the servers have one history and the same rows.
 
     cluster_test.py CUVEXA [--events N] [--only EVENT] [--synchronous N]
+    cluster_test.py CUVEXA --rates [--seconds N]
 
     --events N        so many in all; 40 if not given
     --only EVENT      all of them this one
     --synchronous N   on how many replicas an acknowledged statement is, 1 if not given; with 0 a replica may be behind when it takes
                       over, and the test is to fail
+    --rates           no event: what the cluster writes when an acknowledged statement is on no replica, on one and on both, for
+                      N seconds each, 3 if not given; by cuvexa_server_load, which stands beside CUVEXA
 """
 import argparse
 import contextlib
 import itertools
+import json
 import os
 import signal
 import statistics
@@ -23,7 +27,7 @@ import threading
 import time
 
 from clerks import Caller, Clerk, Service
-from cluster import NODES, SUPERUSER, Cluster, until
+from cluster import NODES, SUPERUSER, Cluster, Direct, until
 from verify import Books, identify, verify
 
 EVENTS = ("primary killed", "primary isolated", "switchover", "replica lost")
@@ -150,14 +154,34 @@ def problems(cluster, program, users):
     return wrong
 
 
+def rates(program, seconds):
+    """Rows of the table in docs/scaling.md."""
+    load = os.path.join(os.path.dirname(os.path.abspath(program)), "cuvexa_server_load")
+    print("| on replicas | work | one session, per second | eight sessions, per second |\n|---|---|---|---|")
+    for synchronous in (0, 1, 2):
+        with Cluster(synchronous, Direct) as cluster:
+            primary = cluster.by_name(cluster.primary())
+            subprocess.run([program, "init", "--sample", "--db", primary], check=True, stdout=subprocess.DEVNULL)
+            for kind, title in (("receipt", "receipt of two lines captured and closed"), ("deposit", "the same with its deposit"),
+                                ("check1", "check of one line created and applied")):
+                done = [subprocess.run([load, "work", kind, "--atomic", "--seconds", str(seconds), "--users", users, primary],
+                                       check=True, capture_output=True, text=True).stdout for users in ("1", "8")]
+                print(f"| {synchronous} | {title} |", " | ".join(f"{json.loads(each)['made']['per_second']:.0f}" for each in done),
+                      "|", flush=True)
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("program")
+    parser.add_argument("--rates", action="store_true")
+    parser.add_argument("--seconds", type=float, default=3)
     parser.add_argument("--events", type=int, default=10 * len(EVENTS))
     parser.add_argument("--only", choices=EVENTS)
     parser.add_argument("--synchronous", type=int, choices=(0, 1, 2), default=1)
     options = parser.parse_args()
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))  # what was started is stopped
+    if options.rates:
+        return rates(options.program, options.seconds)
     events = itertools.islice(itertools.cycle([options.only] if options.only else EVENTS), options.events)
     with contextlib.ExitStack() as stack:
         scratch = stack.enter_context(tempfile.TemporaryDirectory())
