@@ -38,8 +38,9 @@ Bare_session::Call Bare_session::call_for(const std::string& text) {
     const auto& tokens = interpreter_.read(text);
     shape_.read(text, tokens);
     const dialect::Translation translation = interpreter_.translation(text);
-    if (as_ == As::text || of_transactions(tokens.front().in(text)) || !translation.takes_parameters())
+    if (as_ == As::text || of_transactions(tokens.front().in(text)) || !translation.takes_parameters()) {
         return {.text = translation.with_literals()};
+    }
     Call call;
     call.prepared = true;
     std::vector<Oid> types;

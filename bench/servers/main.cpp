@@ -173,6 +173,7 @@ Json at_once(std::vector<std::unique_ptr<User>>& users, double seconds, const st
     std::mutex failure_guard;
     double program = 0, server = 0, statements = 0, repeated = 0;
     std::vector<std::thread> threads;
+    threads.reserve(users.size());
     for (const auto& user : users) {
         user->session.texts().take();
         repeated -= user->session.repeated();

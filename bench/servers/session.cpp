@@ -25,7 +25,9 @@ std::shared_ptr<Reference_suite> suite_on(Connection& connection, Date_style sty
 }  // namespace
 
 std::unique_ptr<Server_connection> connection_to(const std::string& database) {
-    if (database.find("Driver=") == std::string::npos) return std::make_unique<Postgresql_connection>(database);
+    if (database.find("Driver=") == std::string::npos) {
+        return std::make_unique<Postgresql_connection>(database, Postgresql_options{.queue_table = "Folio_Serie"});
+    }
 #ifdef CUVEXA_WITH_ODBC
     return std::make_unique<Odbc_connection>(database);
 #else

@@ -13,6 +13,9 @@ namespace cuvexa::company {
 
 namespace {
 
+// Nearly every unit of work takes a folio.
+[[maybe_unused]] constexpr const char* queue_table = "Folio_Serie";
+
 using Session = std::unique_ptr<Server_connection>;
 
 /// Opens a session of a kind of server.
@@ -23,6 +26,7 @@ template <class Connection, class Options>
     Options engine;
     engine.lock_timeout_ms = static_cast<int>(options.wait_s * 1000);
     engine.password = password_of(options);
+    if constexpr (requires { engine.queue_table; }) engine.queue_table = queue_table;
     return std::make_unique<Connection>(options.database, engine);
 }
 

@@ -119,6 +119,52 @@ TEST_F(Native_session, a_unit_of_work_begins_with_its_first_statement) {
     EXPECT_EQ(to_text(other.execute("SELECT Llave AS V FROM Prueba")->field("V")), "2");
 }
 
+class Meeting_session : public Native_session {
+protected:
+    /// Begins a unit in that session, and gives whether it waits for others of its kind.
+    static bool queues(Postgresql_connection& one) {
+        Unit_of_work unit(one);
+        return to_text(one.execute("SELECT COUNT(*) AS V FROM pg_locks WHERE pid = pg_backend_pid() AND "
+                                   "mode = 'ShareUpdateExclusiveLock'")
+                           ->field("V")) == "1";
+    }
+
+    /// Another session changes a row that a unit of that one has looked at and then changes too.
+    void meet(Postgresql_connection& one) {
+        Unit_of_work unit(one);
+        one.execute("SELECT Texto FROM Prueba");
+        session->execute("UPDATE Prueba SET Texto = 'b' WHERE Llave = 1");
+        EXPECT_THROW(one.execute("UPDATE Prueba SET Texto = 'c' WHERE Llave = 1"), Conflict_error);
+    }
+};
+
+TEST_F(Meeting_session, a_unit_behind_a_conflict_waits_for_others_of_its_kind) {
+    session->execute("INSERT INTO Prueba (Llave) VALUES (1)");
+    Postgresql_connection one(uri, {.queue_table = "Prueba"}),
+        two(uri, {.lock_timeout_ms = 50, .queue_table = "Prueba"});
+    EXPECT_FALSE(queues(one));
+    meet(one);
+    meet(two);
+    {
+        Unit_of_work first(one);
+        one.execute("SELECT Texto FROM Prueba");
+        EXPECT_THROW(queues(two), Conflict_error) << "the other one is not done";
+        session->execute("UPDATE Prueba SET Texto = 'd' WHERE Llave = 1");  // whoever met nobody does not wait
+    }
+    EXPECT_TRUE(queues(two)) << "it met somebody again";
+    EXPECT_FALSE(queues(two)) << "and nobody since";
+    EXPECT_FALSE(queues(one));
+}
+
+TEST_F(Meeting_session, where_there_is_no_such_table_none_waits) {
+    session->execute("INSERT INTO Prueba (Llave) VALUES (1)");
+    for (const char* const table : {"", "No_Existe"}) {
+        Postgresql_connection one(uri, {.queue_table = table});
+        meet(one);
+        EXPECT_FALSE(queues(one)) << table;
+    }
+}
+
 TEST_F(Native_session, what_the_server_has_forgotten_is_prepared_again) {
     const std::string question = "SELECT COUNT(*) AS V FROM Prueba WHERE Llave = 1";
     EXPECT_EQ(text(question), "0");

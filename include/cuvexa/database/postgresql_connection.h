@@ -20,6 +20,10 @@ struct Postgresql_options {
     int lock_timeout_ms = 10000;        ///< how long a statement waits for another user
     std::string password = {};          ///< for a connection string that holds none
     std::size_t kept_statements = 256;  ///< statements kept prepared on the server, by shape; 0: each goes as text
+
+    /// A table at which a unit of work waits for others of its kind when another session was in the way of the one before:
+    /// repeated at once, they come one after the other instead of meeting again. Empty: none waits.
+    std::string queue_table = {};
 };
 
 /// A session of a PostgreSQL server, version 12 or later. Used by one thread.

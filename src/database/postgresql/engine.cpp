@@ -44,7 +44,8 @@ Engine::Engine(const std::string& conninfo, const Postgresql_options& options)
     : session_(conninfo, options),
       interpreter_(session_.server(), [this](std::string_view text) { return rows_of(session_.run(text).get()); }),
       kept_(std::max<std::size_t>(options.kept_statements, 1)),
-      keeps_(options.kept_statements > 0) {}
+      keeps_(options.kept_statements > 0),
+      queue_table_(options.queue_table) {}
 
 std::unique_ptr<Recordset> Engine::execute(std::string_view text) {
     auto rows = rows_of(run(text).get());
@@ -69,7 +70,7 @@ Result Engine::run(std::string_view text) {
     const auto& tokens = interpreter_.read(text);
     const std::string_view verb = tokens.front().in(text);
     if (same_text(verb, "BEGIN")) {
-        session_.begin_with_next(interpreter_.translation(text).with_literals());
+        session_.begin_with_next(beginning(text));
         return {};
     }
     if (!is_one_of(verb, with_rows)) {
@@ -102,6 +103,29 @@ Result Engine::run(std::string_view text) {
         if (again) kept_.forget_last_used();
         if (!again || fresh || session_.in_transaction()) session_.refuse(result.get());
     }
+}
+
+// A unit that met another one in its way mostly comes again, and meets the next: what it is to see of the rows is settled by its
+// first statement, long before it comes to the row that all of them change. Locking a table settles nothing yet, so those who
+// come again wait there for one another.
+std::vector<std::string> Engine::beginning(std::string_view text) {
+    std::vector<std::string> texts = {interpreter_.translation(text).with_literals()};
+    const std::uint64_t conflicts = session_.conflicts();
+    if (std::exchange(conflicts_seen_, conflicts) != conflicts && may_queue()) {
+        texts.push_back("LOCK TABLE " + queue_table_ + " IN SHARE UPDATE EXCLUSIVE MODE");
+    }
+    return texts;
+}
+
+bool Engine::may_queue() {
+    if (!queue_is_known_ && !queue_table_.empty()) {
+        const auto rows = rows_of(
+            session_.run("SELECT 1 WHERE has_table_privilege(to_regclass('" + queue_table_ + "')::oid, 'UPDATE')")
+                .get());
+        if (rows->eof()) queue_table_.clear();
+        queue_is_known_ = true;
+    }
+    return !queue_table_.empty();
 }
 
 Result Engine::run_as_text(std::string_view text) {

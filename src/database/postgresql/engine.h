@@ -37,6 +37,8 @@ public:
 
 private:
     Result run(std::string_view text);
+    std::vector<std::string> beginning(std::string_view text);
+    bool may_queue();
     Result run_as_text(std::string_view text);
     Kept_statement& prepare(std::string_view text);
     Prepared prepared(const dialect::Translation& translation, const std::vector<std::size_t>& pinned);
@@ -48,6 +50,10 @@ private:
     database::Kept_statements<Kept_statement> kept_;
     bool keeps_;
     std::uint64_t preparations_ = 0;
+
+    std::string queue_table_;
+    bool queue_is_known_ = false;
+    std::uint64_t conflicts_seen_ = 0;  ///< when a unit was last begun
 
     database::Shape shape_{mark_of};  ///< of the text under way
     std::string texts_;               ///< the values of its literals, one behind the other

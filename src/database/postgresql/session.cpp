@@ -236,9 +236,9 @@ Result Session::answer_to(const Send& send_statement) {
         send(send_statement());
         return answer();
     }
-    const std::string begin = std::exchange(begin_, {});
+    const std::vector<std::string> begin = std::exchange(begin_, {});
     send(PQenterPipelineMode(connection_.get()));
-    send(sends(connection_.get(), begin));
+    for (const std::string& text : begin) send(sends(connection_.get(), text));
     send(send_statement());
     send(PQpipelineSync(connection_.get()));
     Result result = answer_behind_begin();

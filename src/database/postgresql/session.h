@@ -28,8 +28,8 @@ class Session {
 public:
     Session(const std::string& conninfo, const Postgresql_options& options);
 
-    /// Begins a transaction by that text, together with the next statement that is run: it costs no round trip of its own.
-    void begin_with_next(std::string text) { begin_ = std::move(text); }
+    /// Begins a transaction by these texts, together with the next statement that is run: it costs no round trip of its own.
+    void begin_with_next(std::vector<std::string> texts) { begin_ = std::move(texts); }
 
     /// Gives up a transaction that nothing has followed so far. False when there is none.
     bool drop_begin() noexcept {
@@ -91,8 +91,8 @@ private:
     std::string name_ = "PostgreSQL";
     const database::Server* server_;
     std::vector<std::string> forgotten_;
-    std::string begin_;         ///< what is to be sent before the next statement
-    int answer_timeout_s_ = 0;  ///< how long an answer is waited for; 0: without end
+    std::vector<std::string> begin_;  ///< what is to be sent before the next statement
+    int answer_timeout_s_ = 0;        ///< how long an answer is waited for; 0: without end
     std::uint64_t conflicts_ = 0;
     bool lost_ = false;
 };
