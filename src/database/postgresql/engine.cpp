@@ -119,9 +119,11 @@ std::vector<std::string> Engine::beginning(std::string_view text) {
 
 bool Engine::may_queue() {
     if (!queue_is_known_ && !queue_table_.empty()) {
-        const auto rows = rows_of(
-            session_.run("SELECT 1 WHERE has_table_privilege(to_regclass('" + queue_table_ + "')::oid, 'UPDATE')")
-                .get());
+        const auto rows =
+            rows_of(session_
+                        .run("SELECT 1 WHERE NOT pg_is_in_recovery() AND has_table_privilege(to_regclass('" +
+                             queue_table_ + "')::oid, 'UPDATE')")
+                        .get());
         if (rows->eof()) queue_table_.clear();
         queue_is_known_ = true;
     }
