@@ -31,6 +31,7 @@ struct Crowd::Participant : Scene {
     Generator generator;
     std::size_t number;
     std::map<int, Made> made_here;
+    bool acts = false;  ///< in this round
     Step step;
     Session::Call call;
     Session::Outcome outcome;
@@ -115,42 +116,70 @@ void take_off_blanks_at_the_end(Json& value) {
 
 }  // namespace
 
-/// The next step that takes a member; what comes before it is done at once.
+/// The steps until one takes a member.
 void Crowd::choose(Participant& participant) {
-    for (;;) {
-        participant.step = participant.generator.next(participant);
-        if (database_->has_types()) take_off_blanks_at_the_end(participant.step.arguments);
-        if (!options_.atomic || database_->has_types()) keep_to_amounts_of_people(participant.step.arguments);
-        const Step& step = participant.step;
-        switch (step.kind) {
-            case Step::Kind::sql:
-                // A series put back gives folios that are taken.
-                if (step.name.find("Fs_Ultimo = Fs_Ultimo") == std::string::npos) {
-                    run_sql(resolved(step.name, participant.made_here));
-                }
-                break;
-            case Step::Kind::clock:
-                participant.session.set_clock(step.at);
-                break;
-            case Step::Kind::session:
-                participant.session.begin(participant.session.user(), step.at);
-                break;
-            case Step::Kind::create:
-                participant.session.create(step);
-                break;
-            default:
-                if (!participant.session.has(step.object)) break;
-                participant.call = participant.session.prepared(step, participant.made_here);
-                participant.connection.inserted.clear();
-                participant.connection.not_taken.clear();
-                return;
-        }
+    while (!participant.acts) {
+        Step step = participant.generator.next(participant);
+        if (database_->has_types()) take_off_blanks_at_the_end(step.arguments);
+        if (!options_.atomic || database_->has_types()) keep_to_amounts_of_people(step.arguments);
+        do_or_prepare(participant, step);
+        script_.push_back({round_, participant.number, std::move(step)});
+    }
+}
+
+/// What takes no member is done at once.
+void Crowd::do_or_prepare(Participant& participant, const Step& step) {
+    switch (step.kind) {
+        case Step::Kind::sql:
+            // A series put back gives folios that are taken.
+            if (step.name.find("Fs_Ultimo = Fs_Ultimo") == std::string::npos) {
+                run_sql(resolved(step.name, participant.made_here));
+            }
+            break;
+        case Step::Kind::clock:
+            participant.session.set_clock(step.at);
+            break;
+        case Step::Kind::session:
+            participant.session.begin(participant.session.user(), step.at);
+            break;
+        case Step::Kind::create:
+            participant.session.create(step);
+            break;
+        default:
+            if (!participant.session.has(step.object)) break;
+            participant.acts = true;
+            participant.step = step;
+            participant.call = participant.session.prepared(step, participant.made_here);
+            participant.connection.inserted.clear();
+            participant.connection.not_taken.clear();
     }
 }
 
 std::vector<std::string> Crowd::round() {
-    differences_.clear();
+    begin_round(round_ + 1);
     for (const auto& participant : participants_) choose(*participant);
+    run_round();
+    for (const auto& participant : participants_) participant->generator.observe(*participant, participant->step);
+    return differences_;
+}
+
+std::vector<std::string> Crowd::round_of(std::span<const Crowd_step>& script) {
+    begin_round(script.front().round);
+    for (; !script.empty() && script.front().round == round_; script = script.subspan(1)) {
+        script_.push_back(script.front());
+        do_or_prepare(*participants_.at(script.front().session), script.front().step);
+    }
+    run_round();
+    return differences_;
+}
+
+void Crowd::begin_round(std::uint64_t number) {
+    round_ = number;
+    differences_.clear();
+    for (const auto& participant : participants_) participant->acts = false;
+}
+
+void Crowd::run_round() {
     run_all();
     database_->look();
     if (options_.atomic) {
@@ -159,20 +188,26 @@ std::vector<std::string> Crowd::round() {
         check_what_always_holds();
         check_folios();
     }
-    for (const auto& participant : participants_) {
+    for (const Participant* const participant : those_who_act()) {
         if (participant->step.kind == Step::Kind::call) ++figures_.calls;
         tell_of_documents(*participant);
-        participant->generator.observe(*participant, participant->step);
     }
-    return differences_;
+}
+
+Crowd::Order Crowd::those_who_act() const {
+    Order order;
+    for (const auto& participant : participants_) {
+        if (participant->acts) order.push_back(participant.get());
+    }
+    return order;
 }
 
 void Crowd::run_all() {
-    turns_.begin(participants_.size());
+    turns_.begin(participants_.size(), round_);
     std::vector<std::thread> threads;
     for (const auto& each : participants_) {
         threads.emplace_back([this, &participant = *each] {
-            participant.run(options_.atomic);
+            if (participant.acts) participant.run(options_.atomic);
             turns_.leave(participant.number);
         });
     }
@@ -219,10 +254,8 @@ void Crowd::compare_with_an_order() {
 Crowd::Order Crowd::order_of_ends() {
     const std::vector<std::size_t> ended = turns_.ended_units();
     Order order;
-    for (const auto& participant : participants_) {
-        if (std::find(ended.begin(), ended.end(), participant->number) == ended.end()) {
-            order.push_back(participant.get());
-        }
+    for (Participant* const participant : those_who_act()) {
+        if (std::find(ended.begin(), ended.end(), participant->number) == ended.end()) order.push_back(participant);
     }
     for (const std::size_t number : ended) order.push_back(participants_[number].get());
     for (Participant* const participant : order) participant->remember();
@@ -292,19 +325,19 @@ void Crowd::check_folios() {
     static const std::set<std::string, std::less<>> documents = {
         "Recibo_Pago",       "Deposito_Pago",   "Banco_Movimiento", "Cheque_x_Aplicar", "Solicitud_Cheque",
         "Gasto_X_Comprobar", "Cuenta_x_Cobrar", "Cuenta_x_Pagar",   "Anticipo_Cxc",     "Poliza"};
-    for (const auto& participant : participants_) {
+    for (const Participant* const participant : those_who_act()) {
         for (const auto& taken : participant->connection.inserted) {
             if (!documents.contains(taken.first)) continue;
-            const auto [holder, first] = folios_.emplace(taken, participant.get());
-            if (!first && holder->second != participant.get()) {
+            const auto [holder, first] = folios_.emplace(taken, participant);
+            if (!first && holder->second != participant) {
                 differences_.push_back(taken.first + " " + taken.second + ": given to two sessions");
             }
         }
     }
-    for (const auto& participant : participants_) {
+    for (const Participant* const participant : those_who_act()) {
         for (const auto& refused : participant->connection.not_taken) {
             const auto holder = folios_.find(refused);
-            if (holder == folios_.end() || holder->second == participant.get()) continue;
+            if (holder == folios_.end() || holder->second == participant) continue;
             differences_.push_back(refused.first + " " + refused.second + ": session " +
                                    std::to_string(participant->number + 1) + " was given what session " +
                                    std::to_string(holder->second->number + 1) + " has");
@@ -314,7 +347,7 @@ void Crowd::check_folios() {
 
 std::string Crowd::last_round() const {
     std::ostringstream out;
-    for (const auto& participant : participants_) {
+    for (const Participant* const participant : those_who_act()) {
         out << "session " << participant->number + 1 << ": ";
         write_script({participant->step}, out);
         if (const auto failure = participant->session.failure(participant->step, participant->outcome)) {

@@ -3,6 +3,7 @@
 
 #include <map>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,15 @@ struct Crowd_options {
     bool without_units = false;  ///< for tests: and the database is not told so
 };
 
+/// What a session does in a round: at most one step that takes a member, as its last, and what people do beside it. A
+/// session of which a round has no such step rests in it.
+struct Crowd_step {
+    std::uint64_t round = 1;
+    std::size_t session = 0;  ///< from 0
+    Step step;
+};
+using Crowd_script = std::vector<Crowd_step>;  ///< round after round
+
 /// In rounds: each session does one call, get or let, all at the same time; what people do beside them comes between the
 /// rounds. Suppliers, customers, accounts, budgets and folio series they share.
 ///
@@ -37,6 +47,12 @@ public:
 
     /// What went wrong in the next round; empty when nothing did.
     std::vector<std::string> round();
+
+    /// The same, with the first steps of a script, those of one round, which are taken from it.
+    std::vector<std::string> round_of(std::span<const Crowd_step>& script);
+
+    /// What was done so far.
+    const Crowd_script& script() const { return script_; }
 
     struct Figures {
         long calls = 0;
@@ -56,8 +72,12 @@ private:
     struct Participant;
     using Order = std::vector<Participant*>;
 
+    void begin_round(std::uint64_t number);
     void choose(Participant& participant);
+    void do_or_prepare(Participant& participant, const Step& step);
+    void run_round();
     void run_all();
+    Order those_who_act() const;
     void compare_with_an_order();
     Order order_of_ends();
     bool is_as_if_in(const Order& order);
@@ -74,6 +94,8 @@ private:
     Rows rows_;
     Turns turns_;
     std::vector<std::unique_ptr<Participant>> participants_;
+    Crowd_script script_;
+    std::uint64_t round_ = 0;
     std::map<Turn_connection::Key, const Participant*> folios_;
     std::map<std::pair<std::string, std::string>, std::string> wrong_before_;
     std::vector<std::string> differences_;

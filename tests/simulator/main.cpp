@@ -109,18 +109,34 @@ std::optional<Finding> simulate(std::uint64_t seed, const Options& options, Tall
     return std::nullopt;
 }
 
+void report(const Crowd_finding& finding, std::uint64_t seed, const Options& options) {
+    for (const std::string& difference : finding.differences) std::cerr << difference << "\n";
+    const auto folder = std::filesystem::path(options.out);
+    std::filesystem::create_directories(folder);
+    const auto path = folder / ("sessions-seed-" + std::to_string(seed) + ".script");
+    std::ofstream file(path);
+    write_crowd_script(finding.script, file);
+    std::cerr << finding.script.size() << " steps show it: --seed " << seed << " --sessions " << options.sessions
+              << (options.atomic ? " --atomic" : "") << " --replay " << path.string() << "\n";
+}
+
+Crowd_options crowd_options(std::uint64_t seed, const Options& options) {
+    return {.seed = seed, .sessions = static_cast<std::size_t>(options.sessions), .atomic = options.atomic};
+}
+
 /// Companies one after the other, in each of which several sessions work at once.
 int simulate_crowds(const Options& options) {
     const long enough = options.calls == 0 ? 5'000 : options.calls;
     Crowd::Figures sum;
     long companies = 0;
     for (std::uint64_t seed = options.seed; sum.calls < enough; ++seed, ++companies) {
-        Crowd crowd({seed, static_cast<std::size_t>(options.sessions), options.atomic});
+        Crowd crowd(crowd_options(seed, options));
         for (int round = 1; round * options.sessions <= options.steps; ++round) {
-            const std::vector<std::string> differences = crowd.round();
+            std::vector<std::string> differences = crowd.round();
             if (differences.empty()) continue;
             std::cerr << "seed " << seed << ", round " << round << ":\n" << crowd.last_round();
             for (const std::string& difference : differences) std::cerr << difference << "\n";
+            report(shrunk(crowd_options(seed, options), {crowd.script(), std::move(differences)}), seed, options);
             return 1;
         }
         const Crowd::Figures figures = crowd.figures();
@@ -164,6 +180,11 @@ std::uint64_t seed_of_today() {
 
 int replay(const Options& options) {
     std::ifstream in(options.replay);
+    if (options.sessions > 0) {
+        const auto finding = play(crowd_options(options.seed, options), read_crowd_script(in));
+        if (finding) report(*finding, options.seed, options);
+        return finding ? 1 : 0;
+    }
     const auto finding = play(read_script(in));
     if (!finding) {
         std::cout << "The component and its model agree.\n";
@@ -260,7 +281,7 @@ int main(int argc, char** argv) {
     program.add_flag("--statistics", options.statistics,
                      "Say at the end how often each member was called, and what it refused");
     program.add_option("--out", options.out, "Folder of what shows a difference")->capture_default_str();
-    program.add_option("--replay", options.replay, "A script to play again");
+    program.add_option("--replay", options.replay, "A script to play again, with the options that it was found with");
     CLI11_PARSE(program, argc, argv);
     try {
         if (!options.replay.empty()) return cuvexa::simulator::replay(options);

@@ -137,39 +137,71 @@ private:
 
 }  // namespace
 
-void write_script(const Script& script, std::ostream& out) {
-    for (const Step& step : script) {
-        nlohmann::ordered_json line = {{"id", step.id}, {"kind", kinds[static_cast<std::size_t>(step.kind)]}};
-        if (step.object != 0) line["object"] = step.object;
-        if (!step.name.empty()) line["name"] = step.name;
-        if (!step.arguments.empty()) line["arguments"] = step.arguments;
-        if (step.at.days != 0) line["at"] = iso_date(step.at);
-        if (step.fault) {
-            line["fault"] = {
-                {"kind", name_of(step.fault->kind)}, {"at", step.fault->at}, {"atomic", step.fault->atomic}};
-        }
-        out << line.dump() << "\n";
+namespace {
+
+using Line = nlohmann::ordered_json;
+
+Line line_of(const Step& step) {
+    Line line = {{"id", step.id}, {"kind", kinds[static_cast<std::size_t>(step.kind)]}};
+    if (step.object != 0) line["object"] = step.object;
+    if (!step.name.empty()) line["name"] = step.name;
+    if (!step.arguments.empty()) line["arguments"] = step.arguments;
+    if (step.at.days != 0) line["at"] = iso_date(step.at);
+    if (step.fault) {
+        line["fault"] = {{"kind", name_of(step.fault->kind)}, {"at", step.fault->at}, {"atomic", step.fault->atomic}};
     }
+    return line;
+}
+
+Step step_of(const Json& line) {
+    Step step;
+    step.id = line.at("id");
+    step.kind = kind_named(line.at("kind"));
+    step.object = line.value("object", 0);
+    step.name = line.value("name", "");
+    step.arguments = line.value("arguments", Json::array());
+    if (line.contains("at")) step.at = parse_date(line.at("at").get<std::string>()).value();
+    if (line.contains("fault")) {
+        const Json& fault = line["fault"];
+        step.fault = Fault{fault_named(fault.at("kind")).value(), fault.at("at"), fault.at("atomic")};
+    }
+    return step;
+}
+
+/// Calls `take` with each line.
+template <class Take>
+void read_lines(std::istream& in, const Take& take) {
+    for (std::string text; std::getline(in, text);) {
+        if (!text.empty()) take(Json::parse(text));
+    }
+}
+
+}  // namespace
+
+void write_script(const Script& script, std::ostream& out) {
+    for (const Step& step : script) out << line_of(step).dump() << "\n";
 }
 
 Script read_script(std::istream& in) {
     Script script;
-    for (std::string text; std::getline(in, text);) {
-        if (text.empty()) continue;
-        const Json line = Json::parse(text);
-        Step step;
-        step.id = line.at("id");
-        step.kind = kind_named(line.at("kind"));
-        step.object = line.value("object", 0);
-        step.name = line.value("name", "");
-        step.arguments = line.value("arguments", Json::array());
-        if (line.contains("at")) step.at = parse_date(line.at("at").get<std::string>()).value();
-        if (line.contains("fault")) {
-            const Json& fault = line["fault"];
-            step.fault = Fault{fault_named(fault.at("kind")).value(), fault.at("at"), fault.at("atomic")};
-        }
-        script.push_back(std::move(step));
+    read_lines(in, [&](const Json& line) { script.push_back(step_of(line)); });
+    return script;
+}
+
+void write_crowd_script(const Crowd_script& script, std::ostream& out) {
+    for (const auto& [round, session, step] : script) {
+        Line line = {{"round", round}, {"session", session + 1}};
+        line.update(line_of(step));
+        out << line.dump() << "\n";
     }
+}
+
+Crowd_script read_crowd_script(std::istream& in) {
+    Crowd_script script;
+    read_lines(in, [&](const Json& line) {
+        const std::size_t session = line.at("session");
+        script.push_back({line.at("round"), session - 1, step_of(line)});
+    });
     return script;
 }
 

@@ -5,12 +5,17 @@
 #include <string>
 #include <vector>
 
+#include "simulator/crowd.h"
 #include "simulator/step.h"
 
 namespace cuvexa::simulator {
 
 void write_script(const Script& script, std::ostream& out);
 Script read_script(std::istream& in);
+
+/// The same of several sessions at once.
+void write_crowd_script(const Crowd_script& script, std::ostream& out);
+Crowd_script read_crowd_script(std::istream& in);
 
 /// A program for bash that does the script on a database of its own: the sample company, the statements beside the
 /// component, and each session as JSON-RPC requests to `cuvexa rpc`. `made` holds what the steps made when they last ran;

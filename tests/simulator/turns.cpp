@@ -5,8 +5,10 @@
 
 namespace cuvexa::simulator {
 
-void Turns::begin(std::size_t sessions) {
+void Turns::begin(std::size_t sessions, std::uint64_t round) {
     const std::lock_guard lock(mutex_);
+    std::seed_seq seed{seed_, seed_ >> 32, round};
+    lot_.seed(seed);
     states_.assign(sessions, State::busy);
     ended_units_.clear();
     turn_ = in_unit_ = nobody;

@@ -21,10 +21,11 @@ namespace cuvexa::simulator {
 class Turns {
 public:
     /// `units_exclude`: the engine lets one unit of work write at a time.
-    Turns(std::uint64_t seed, bool units_exclude) : lot_(seed), units_exclude_(units_exclude) {}
+    Turns(std::uint64_t seed, bool units_exclude) : seed_(seed), units_exclude_(units_exclude) {}
 
-    /// So many sessions set out, none of which has done anything yet.
-    void begin(std::size_t sessions);
+    /// So many sessions set out, none of which has done anything yet. The lots of a round are its own: they stay what they
+    /// are without the rounds before it.
+    void begin(std::size_t sessions, std::uint64_t round);
 
     /// What a session says before a statement and behind it, and at its end.
     void wait_for(std::size_t session, bool begins_unit);
@@ -55,6 +56,7 @@ private:
 
     mutable std::mutex mutex_;  ///< of all that follows
     std::condition_variable drawn_, moved_;
+    const std::uint64_t seed_;
     std::mt19937_64 lot_;
     const bool units_exclude_;
     std::vector<State> states_;
