@@ -184,7 +184,7 @@ TEST_F(Cli_terminal, a_life_ends_with_a_whole_day_after_ctrl_c) {
     EXPECT_EQ(sample.code, 130);
     EXPECT_THAT(sample.err, HasSubstr("Interrumpido; "));
     EXPECT_THAT(files(), IsEmpty()) << "its catalogues were not there yet";
-    begin({"sample", "--receipts", "20000", "--db", "company.db"});
+    begin({"sample", "--receipts", "200000", "--db", "company.db"});  // a share of them takes longer than a line stands
     wait_for("(1 %)");
     press_ctrl_c();
     const Outcome later = end();
