@@ -162,6 +162,17 @@ TEST_F(Service_resources, a_statement_is_handed_out_as_a_page) {
     EXPECT_EQ(get("/accounts/NO-SUCH/statement", {{"Accept", "text/html"}})->status, 404);
 }
 
+TEST_F(Service_resources, a_page_shows_the_texts_of_a_company_whatever_they_hold) {
+    Company(options.companies[""])
+        .connection()
+        .execute(
+            "UPDATE Banco_Cuenta SET Bc_Descripcion = '<script>alert(1)</script> \"A\" & B' "
+            "WHERE Bc_Cve_Banco_Cuenta = 'SRR-MXN'");
+    const auto page = get("/accounts/SRR-MXN/statement", {{"Accept", "text/html"}});
+    EXPECT_THAT(page->body, HasSubstr("&lt;script&gt;alert(1)&lt;/script&gt; &quot;A&quot; &amp; B"));
+    EXPECT_THAT(page->body, testing::Not(HasSubstr("<script")));
+}
+
 TEST_F(Service_resources, a_file_s_name_is_told_whatever_the_account_is_called) {
     Company(options.companies[""])
         .connection()
@@ -199,6 +210,22 @@ TEST_F(Service_resources, statements_are_handed_out_as_pdf_to_many_at_once) {
     EXPECT_THAT(get(path, accept)->get_header_value("Content-Disposition"),
                 StartsWith("attachment; filename=\"estado-de-cuenta-SRR-MXN.pdf\""));
     EXPECT_EQ(get(path, accept)->get_header_value("Content-Type"), "application/pdf");
+}
+
+TEST_F(Service_resources, a_long_statement_has_as_many_pages_as_its_movements_need) {
+    if (!paper::writes_pdf()) return;
+    Company(options.companies[""])
+        .connection()
+        .execute(
+            "INSERT INTO Banco_Movimiento (Bm_Folio, Bc_Cve_Banco_Cuenta, Bm_Fecha, Bm_Importe) "
+            "WITH RECURSIVE Numero (n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM Numero WHERE n < 200) "
+            "SELECT 'BM-' || n, 'SRR-MXN', '2024-03-15T00:00:00', n FROM Numero");
+    const std::string file = get("/accounts/SRR-MXN/statement", {{"Accept", "application/pdf"}})->body;
+    const auto count = file.find("/Count ");
+    ASSERT_NE(count, std::string::npos);
+    const int pages = std::stoi(file.substr(count + 7));
+    EXPECT_GT(pages, 2);
+    EXPECT_LT(pages, 20);
 }
 
 TEST_F(Service_resources, balances_by_day_are_there_for_one_account_and_for_all) {
