@@ -1,5 +1,7 @@
 #include "documents.h"
 
+#include <unistd.h>
+
 #include <atomic>
 
 namespace cuvexa::bench {
@@ -24,7 +26,8 @@ tTsEncabezado check_header(const Desk& desk) {
     header.Ch_Fecha = today;
     header.Tc_Cve_Tipo_Cheque = "0006";
     header.Ch_Transferencia = "NO";
-    header.Ch_Referencia = std::to_string(++number);
+    // Another run on the same company has checks of its own.
+    header.Ch_Referencia = std::to_string(getpid()) + '-' + std::to_string(++number);
     header.Ch_Concepto = "Servicios del mes";
     header.Ch_Beneficiario = "Limpieza Jacaranda";
     header.Bc_Cve_Banco_Cuenta = desk.account;

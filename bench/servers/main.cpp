@@ -5,12 +5,13 @@
 //       One session that works on the first by the server's own protocol, one on the second through ODBC, and the
 //       statements of the first bare on the others, as texts and prepared; in turn, S seconds each. The four begin alike.
 //
-//   cuvexa_server_load work WORK [--atomic] [--seconds S] [--users N] [--apart WHAT] DATABASE
+//   cuvexa_server_load work WORK [--atomic] [--seconds S] [--users N] [--apart WHAT] [--made-alone] DATABASE
 //       WORK: receipt, deposit (a receipt with its deposit), check1, check5 (created and applied). All users at once make
-//       documents for S seconds, and then cancel them for as long at most. --apart: what each has for himself, account,
+//       documents for S seconds and then, unless they are --made-alone, cancel them for as long at most. --apart: what each has for himself, account,
 //       bank (and an account in it) or branch (and both); without it all work on one account.
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <chrono>
@@ -146,12 +147,13 @@ Desk desk_of(Connection& connection, int user, const std::string& apart) {
         copy_row(connection, "Banco", "Bn_Cve_Banco", "SIERRA", bank, "Bn_Descripcion", "Bn_Descripcion");
     }
     copy_row(connection, "Banco_Cuenta", "Bc_Cve_Banco_Cuenta", "SRR-MXN", desk.account,
-             "Bn_Cve_Banco, Bc_Cuenta_Contable, Mn_Cve_Moneda, Em_Cve_Empresa",
-             "'" + bank + "', Bc_Cuenta_Contable, Mn_Cve_Moneda, Em_Cve_Empresa");
+             "Bn_Cve_Banco, Bc_Descripcion, Bc_Cuenta_Contable, Mn_Cve_Moneda, Em_Cve_Empresa",
+             "'" + bank + "', Bc_Descripcion, Bc_Cuenta_Contable, Mn_Cve_Moneda, Em_Cve_Empresa");
     if (apart == "branch") {
         desk.branch = "S" + number;
-        copy_row(connection, "Sucursal", "Sc_Cve_Sucursal", "MTY", desk.branch, "Em_Cve_Empresa, Sc_Cuenta_Contable",
-                 "Em_Cve_Empresa, Sc_Cuenta_Contable");
+        copy_row(connection, "Sucursal", "Sc_Cve_Sucursal", "MTY", desk.branch,
+                 "Sc_Descripcion, Em_Cve_Empresa, Sc_Cuenta_Contable",
+                 "Sc_Descripcion, Em_Cve_Empresa, Sc_Cuenta_Contable");
     }
     return desk;
 }
@@ -210,26 +212,34 @@ Json at_once(std::vector<std::unique_ptr<User>>& users, double seconds, const st
             {"server_ms", server * 1000 / count}, {"repeated", repeated}};
 }
 
-Json work(const std::string& name, const std::string& database, bool atomic, double seconds, int count,
-          const std::string& apart) {
-    const Work work = work_called(name);
+struct Load {
+    std::string kind, apart;
+    bool atomic = false, made_alone = false;
+    double seconds = 3;
+    int users = 1;
+};
+
+Json work(const Load& load, const std::string& database) {
+    const Work work = work_called(load.kind);
+    // Series begin, and what is prepared is prepared, before the clock starts.
+    const int warm_documents = std::clamp(32 / load.users, 2, 8);
     std::vector<std::unique_ptr<User>> users;
-    for (int i = 0; i < count; ++i) {
-        users.push_back(std::make_unique<User>(database, atomic, i, apart));
+    for (int i = 0; i < load.users; ++i) {
+        users.push_back(std::make_unique<User>(database, load.atomic, i, load.apart));
         User& user = *users.back();
-        // Series begin, and what is prepared is prepared, before the clock starts.
-        for (int warm = 0; warm < 8; ++warm) {
+        for (int warm = 0; warm < warm_documents; ++warm) {
             const std::string folio = work.make(user.session, user.desk);
             if (warm % 2 == 0) continue;
             user.session.done()([&] { return work.cancel(user.session.treasury(), folio); });
         }
     }
     Json told;
-    told["made"] = at_once(users, seconds, [&](User& user) {
+    told["made"] = at_once(users, load.seconds, [&](User& user) {
         user.folios.push_back(work.make(user.session, user.desk));
         return true;
     });
-    told["cancelled"] = at_once(users, seconds, [&](User& user) {
+    if (load.made_alone) return told;
+    told["cancelled"] = at_once(users, load.seconds, [&](User& user) {
         if (user.folios.empty()) return false;
         user.session.done()([&] { return work.cancel(user.session.treasury(), user.folios.front()); });
         user.folios.pop_front();
@@ -245,25 +255,24 @@ int main(int count, char** words) {
     using namespace cuvexa::bench;
     CLI::App program("What a session on PostgreSQL costs, and what many do at once");
     program.require_subcommand(1);
-    bool atomic = false;
-    double seconds = 3;
-    int users = 1;
-    std::string kind, apart;
+    Load load;
     std::vector<std::string> databases;
     CLI::App* const by_ways = program.add_subcommand("ways");
     CLI::App* const at_work = program.add_subcommand("work");
-    at_work->add_option("work", kind)->required()->check(CLI::IsMember({"receipt", "deposit", "check1", "check5"}));
-    at_work->add_option("--users", users)->check(CLI::Range(1, 1000));
-    at_work->add_option("--apart", apart)->check(CLI::IsMember({"account", "bank", "branch"}));
+    at_work->add_option("work", load.kind)
+        ->required()
+        ->check(CLI::IsMember({"receipt", "deposit", "check1", "check5"}));
+    at_work->add_option("--users", load.users)->check(CLI::Range(1, 1000));
+    at_work->add_option("--apart", load.apart)->check(CLI::IsMember({"account", "bank", "branch"}));
+    at_work->add_flag("--made-alone", load.made_alone);
     for (CLI::App* const command : {by_ways, at_work}) {
-        command->add_flag("--atomic", atomic);
-        command->add_option("--seconds", seconds);
+        command->add_flag("--atomic", load.atomic);
+        command->add_option("--seconds", load.seconds);
         command->add_option("databases", databases)->required()->expected(command == by_ways ? 4 : 1);
     }
     CLI11_PARSE(program, count, words);
     try {
-        const Json told = by_ways->parsed() ? ways(databases, atomic, seconds)
-                                            : work(kind, databases[0], atomic, seconds, users, apart);
+        const Json told = by_ways->parsed() ? ways(databases, load.atomic, load.seconds) : work(load, databases[0]);
         std::puts(told.dump().c_str());
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "%s\n", failure.what());
