@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <regex>
 #include <set>
 #include <sstream>
 #include <string>
@@ -54,6 +55,12 @@ bool begins_with_a_dash(const fs::path& path) {
     return std::any_of(path.begin(), path.end(), [](const fs::path& name) { return name.string().starts_with('-'); });
 }
 
+/// Where every part of a pipe counts, a reader that leaves at its first hit makes the writer fail, now and then.
+bool fails_now_and_then(std::string_view script) {
+    static const std::regex leaves_early(R"([^|]\|\s*(head\b|grep\s+-\w*q))");
+    return script.find("pipefail") != std::string_view::npos && std::regex_search(script.begin(), script.end(), leaves_early);
+}
+
 /// Why the house does not keep such a file; empty when it does. A script needs no extension but says what runs it.
 std::string objection(const std::string& path, std::string_view content) {
     const fs::path name = fs::path(path).filename();
@@ -66,7 +73,9 @@ std::string objection(const std::string& path, std::string_view content) {
     if (!is_text(content)) return "neither text nor a picture";
     if (names_of_settings.contains(name.string()) || kinds_of_text.contains(extension)) return "";
     if (is_of_the_packages(path)) return "";
-    if (extension.empty() && content.starts_with("#!")) return "";
+    if (extension.empty() && content.starts_with("#!")) {
+        return fails_now_and_then(content) ? "a pipe whose reader leaves before its writer has ended, under pipefail" : "";
+    }
     return "a kind of file that the house does not have";
 }
 
@@ -143,6 +152,10 @@ TEST(House, the_rule_for_files_objects_to_each_kind_that_does_not_belong) {
     EXPECT_THAT(objection("tests/company", std::string("#!\0", 3)), HasSubstr("neither"));
     EXPECT_THAT(objection("tests/company.db", ""), HasSubstr("kind"));
     EXPECT_THAT(objection("src/core/date.o", ""), HasSubstr("kind"));
+    EXPECT_EQ(objection("run", "#!/bin/sh\nset -eu\nls | grep -q a\n"), "");
+    EXPECT_THAT(objection("run", "#!/bin/bash\nset -eo pipefail\nls | grep -q a\n"), HasSubstr("pipe"));
+    EXPECT_THAT(objection("run", "#!/bin/bash\nset -eo pipefail\nls |\n    head -1\n"), HasSubstr("pipe"));
+    EXPECT_EQ(objection("run", "#!/bin/bash\nset -eo pipefail\nls | grep a || head b\n"), "");
     EXPECT_THAT(objection("notes", "without a first line\n"), HasSubstr("kind"));
 }
 
