@@ -58,7 +58,8 @@ bool begins_with_a_dash(const fs::path& path) {
 /// Where every part of a pipe counts, a reader that leaves at its first hit makes the writer fail, now and then.
 bool fails_now_and_then(std::string_view script) {
     static const std::regex leaves_early(R"([^|]\|\s*(head\b|grep\s+-\w*q))");
-    return script.find("pipefail") != std::string_view::npos && std::regex_search(script.begin(), script.end(), leaves_early);
+    return script.find("pipefail") != std::string_view::npos &&
+           std::regex_search(script.begin(), script.end(), leaves_early);
 }
 
 /// Why the house does not keep such a file; empty when it does. A script needs no extension but says what runs it.
@@ -74,7 +75,8 @@ std::string objection(const std::string& path, std::string_view content) {
     if (names_of_settings.contains(name.string()) || kinds_of_text.contains(extension)) return "";
     if (is_of_the_packages(path)) return "";
     if (extension.empty() && content.starts_with("#!")) {
-        return fails_now_and_then(content) ? "a pipe whose reader leaves before its writer has ended, under pipefail" : "";
+        return fails_now_and_then(content) ? "a pipe whose reader leaves before its writer has ended, under pipefail"
+                                           : "";
     }
     return "a kind of file that the house does not have";
 }
