@@ -31,7 +31,7 @@ target_link_libraries(cuvexa_windows_sample_company PRIVATE cuvexa_options cuvex
 target_link_options(cuvexa_windows_sample_company PRIVATE -municode)
 if(CMAKE_CROSSCOMPILING)
     add_test(NAME windows.registered COMMAND ${CMAKE_CURRENT_LIST_DIR}/registered_test ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
-    set_tests_properties(windows.registered PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 600 LABELS windows)
+    set_tests_properties(windows.registered PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT ${CUVEXA_WINDOWS_SECONDS} LABELS windows)
 endif()
 
 # The files themselves.
@@ -42,6 +42,6 @@ foreach(server cuvexa_dll cuvexa_suite_dll)
         add_test(NAME windows.relink.${name}
             COMMAND ${CMAKE_CURRENT_LIST_DIR}/relink_test ${CMAKE_BINARY_DIR} bin/${name}.dll)
         set_tests_properties(windows.imports.${name} windows.relink.${name} PROPERTIES
-            SKIP_RETURN_CODE 77 TIMEOUT 600 LABELS windows)
+            SKIP_RETURN_CODE 77 TIMEOUT ${CUVEXA_WINDOWS_SECONDS} LABELS windows)
     endif()
 endforeach()

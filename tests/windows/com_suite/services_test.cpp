@@ -1,4 +1,5 @@
 // Every operation of every service, through the published objects and directly: the same answers and the same rows.
+#include <atomic>
 #include <functional>
 #include <thread>
 
@@ -291,11 +292,12 @@ TEST_F(Services, what_is_wrong_with_the_database_is_told_by_the_first_call) {
     EXPECT_EQ(session->GetServerId(), "CENTRAL") << "the next call tries again";
 }
 
-/// Closes the message box of that title once it stands.
+/// Closes the message box of that title once it stands, and gives up when there was none.
 class Closer {
 public:
     explicit Closer(std::wstring title) : title_(std::move(title)), thread_([this] { close(); }) {}
     std::string text() {
+        returned_ = true;
         thread_.join();
         return text_;
     }
@@ -303,7 +305,10 @@ public:
 private:
     void close() {
         HWND box = nullptr;
-        while (!(box = FindWindowW(nullptr, title_.c_str()))) Sleep(10);
+        while (!(box = FindWindowW(nullptr, title_.c_str()))) {
+            if (returned_) return;
+            Sleep(10);
+        }
         wchar_t text[1000] = {};
         for (HWND child = GetWindow(box, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
             wchar_t part[1000] = {};
@@ -311,11 +316,12 @@ private:
             if (wcslen(part) > wcslen(text)) wcscpy(text, part);
         }
         text_ = utf8(text);
-        PostMessageW(box, WM_COMMAND, IDOK, 0);
+        for (; !returned_; Sleep(10)) PostMessageW(box, WM_COMMAND, IDOK, 0);
     }
 
     std::wstring title_;
     std::string text_;
+    std::atomic<bool> returned_ = false;  // from showing it
     std::thread thread_;
 };
 
