@@ -37,6 +37,11 @@ public:
     /// True when this installation is not the central server.
     virtual bool IsReplicaServer() = 0;
 
+    /// The module begins an operation: until it ends, the services may answer from what they read in it. An operation that
+    /// another one calls begins and ends inside it. A suite need not mind.
+    virtual void operation_begins() noexcept {}
+    virtual void operation_ends() noexcept {}
+
     /// Shows the suite's error dialog. `style` 16 is a critical icon; `code` is "ERR-ID:" and seven digits.
     virtual void ReportError(const std::string& description, int style, const std::string& routine,
                              const std::string& title, const std::string& project, const std::string& code) = 0;

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "core/operation.h"
+
 namespace cuvexa {
 
 Module::Module(std::shared_ptr<Suite> suite)
@@ -9,8 +11,9 @@ Module::Module(std::shared_ptr<Suite> suite)
       session_(suite_->session()),
       data_(suite_->data()),
       payment_methods_(suite_->payment_methods()),
-      document_payments_(suite_->document_payments()),
-      server_id_(session_->GetServerId()) {
+      document_payments_(suite_->document_payments()) {
+    const Notice_to_suite notice(*session_);
+    server_id_ = session_->GetServerId();
     parameters_.TES_REDONDEA_IMPORTE_CHEQUE = boolean_parameter("TES_REDONDEA_IMPORTE_CHEQUE");
     parameters_.TES_FORMA_PAGO_CHEQUE = text_parameter("TES_FORMA_PAGO_CHEQUE");
     parameters_.TES_FORMA_PAGO_TRANSFERENCIA = text_parameter("TES_FORMA_PAGO_TRANSFERENCIA");

@@ -29,6 +29,18 @@ inline std::string last_error(DataServices& service) {
     return service.LastErrorText();
 }
 
+/// Tells the suite where an operation begins and ends.
+class Notice_to_suite {
+public:
+    explicit Notice_to_suite(SessionServices& session) : session_(session) { session_.operation_begins(); }
+    ~Notice_to_suite() { session_.operation_ends(); }
+    Notice_to_suite(const Notice_to_suite&) = delete;
+    Notice_to_suite& operator=(const Notice_to_suite&) = delete;
+
+private:
+    SessionServices& session_;
+};
+
 /// One operation in progress. Inside it a failure is an exception; the frame below makes it a Boolean.
 class Operation {
 public:
@@ -131,6 +143,7 @@ private:
 template <class Body>
 bool operation(Module& module, std::string& error, std::string_view tag, Body&& body) {
     error.clear();
+    const Notice_to_suite notice(module.session());
     Operation op(module, error, tag);
     try {
         body(op);

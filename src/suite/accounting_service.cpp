@@ -16,9 +16,7 @@ constexpr std::string_view module_name = "CONTABILIDAD";
 
 bool Accounting::IsPostingEnabled(const std::string& document_code) {
     last_error_.clear();
-    const Rows rows =
-        context_->query("SELECT Ct_Automatica FROM Configuracion_Contable WHERE Ct_Codigo = '{}'", document_code);
-    return !rows.eof() && rows.text("Ct_Automatica") == "SI";
+    return context_->posts_automatically(document_code);
 }
 
 bool Accounting::PostDocument(const std::string& document_code, const std::string& folio, const std::string& company) {

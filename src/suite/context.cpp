@@ -2,16 +2,21 @@
 
 #include <cmath>
 #include <cstdio>
+#include <utility>
 
 #include "core/case.h"
 #include "core/codes.h"
 #include "suite/folio_series.h"
+#include "suite/kept_catalogs.h"
 #include "suite/schema_names.h"
 
 namespace cuvexa::reference {
 namespace {
 
 constexpr std::size_t most_new_folios = 32;
+
+/// The question whose answer says that all settings were read.
+constexpr std::string_view all_settings = "*";
 
 }  // namespace
 
@@ -56,20 +61,77 @@ std::string Context::month_in_sql() const {
     return options_.server_date ? std::to_string(calendar(*options_.server_date).month) : "MONTH(GETDATE())";
 }
 
-std::string Context::look_up(std::string_view column, std::string_view key_column, std::string_view key,
-                             std::string_view table, std::string_view condition) {
-    require_in_schema(table, {column, key_column});
-    std::string more;
-    if (schema_has(table, "Es_Cve_Estado")) more += " AND Es_Cve_Estado <> 'BA'";
-    if (!condition.empty()) more.append(" AND (").append(condition).append(")");
-    const Rows rows =
-        query("SELECT {} FROM {} WHERE {} = '{}'{}", Raw{column}, Raw{table}, Raw{key_column}, key, Raw{more});
-    return rows.eof() ? std::string() : rows.text(column);
+// ---- Settings -------------------------------------------------------------------------------------------------------
+
+void Context::read_settings() {
+    Rows rows = query(
+        "SELECT 'Parametro_Sistema' AS Tabla, Ps_Nombre AS Nombre, Ps_Valor AS Valor{} FROM Parametro_Sistema "
+        "UNION ALL SELECT 'Configuracion_Contable', Ct_Codigo, Ct_Automatica{} FROM Configuracion_Contable "
+        "UNION ALL SELECT 'Servidor_Suite', 'Sv_Servidor_Id', Sv_Servidor_Id{} FROM Servidor_Suite WHERE Sv_Llave = 1 "
+        "UNION ALL SELECT 'Servidor_Suite', 'Sv_Replica', Sv_Replica{} FROM Servidor_Suite WHERE Sv_Llave = 1",
+        Raw{time_column()}, Raw{time_column()}, Raw{time_column()}, Raw{time_column()});
+    memory_.keep({all_settings}, {});
+    for (bool first = true; !rows.eof(); rows.next()) {
+        if (std::exchange(first, false)) time_of(rows);
+        memory_.keep({rows.text("Tabla"), rows.text("Nombre")}, rows.text("Valor"));
+    }
+}
+
+/// None outside an operation, and where the name does not stand letter by letter: the server may find it in another spelling.
+const std::string* Context::setting(std::string_view table, std::string_view name) {
+    if (!memory_.lasts()) return nullptr;
+    if (memory_.answer({all_settings}) == nullptr) read_settings();
+    return memory_.answer({table, name});
 }
 
 std::string Context::parameter(std::string_view name, std::string_view fallback) {
+    if (const std::string* const value = setting("Parametro_Sistema", name)) return *value;
     const Rows rows = query("SELECT Ps_Valor FROM Parametro_Sistema WHERE Ps_Nombre = '{}'", name);
     return rows.eof() ? std::string(fallback) : rows.text("Ps_Valor");
+}
+
+bool Context::posts_automatically(std::string_view document_code) {
+    if (const std::string* const value = setting("Configuracion_Contable", document_code)) return *value == "SI";
+    const Rows rows = query("SELECT Ct_Automatica FROM Configuracion_Contable WHERE Ct_Codigo = '{}'", document_code);
+    return !rows.eof() && rows.text("Ct_Automatica") == "SI";
+}
+
+std::string Context::of_this_server(std::string_view column) {
+    if (const std::string* const value = setting("Servidor_Suite", column)) return *value;
+    const Rows rows = query("SELECT {} FROM Servidor_Suite WHERE Sv_Llave = 1", Raw{column});
+    return rows.eof() ? std::string() : rows.text(column);
+}
+
+// ---- Catalogs -------------------------------------------------------------------------------------------------------
+
+std::string Context::look_up(std::string_view column, std::string_view key_column, std::string_view key,
+                             std::string_view table, std::string_view condition) {
+    require_in_schema(table, {column, key_column});
+    const Kept_catalog* const catalog = condition.empty() && memory_.lasts() ? kept_catalog(table, column) : nullptr;
+    if (catalog != nullptr) return look_up_in(*catalog, column, key_column, key);
+    const Rows rows = active_row(column, key_column, key, table, condition);
+    return rows.eof() ? std::string() : rows.text(column);
+}
+
+/// Reads what operations ask of the row, one after the other, at once.
+std::string Context::look_up_in(const Kept_catalog& catalog, std::string_view column, std::string_view key_column,
+                                std::string_view key) {
+    const std::string by = upper_ascii(key_column), asked = upper_ascii(column);
+    if (const std::string* const known = memory_.answer({catalog.table, by, key, asked})) return *known;
+    const Rows rows = active_row(catalog.list, key_column, key, catalog.table, {});
+    const auto text = [&](std::string_view of) { return rows.eof() ? std::string() : rows.text(of); };
+    for (const std::string_view each : catalog.columns) {
+        if (!each.empty()) memory_.keep({catalog.table, by, key, upper_ascii(each)}, text(each));
+    }
+    return text(column);
+}
+
+Rows Context::active_row(std::string_view columns, std::string_view key_column, std::string_view key,
+                         std::string_view table, std::string_view condition) {
+    std::string more;
+    if (schema_has(table, "Es_Cve_Estado")) more += " AND Es_Cve_Estado <> 'BA'";
+    if (!condition.empty()) more.append(" AND (").append(condition).append(")");
+    return query("SELECT {} FROM {} WHERE {} = '{}'{}", Raw{columns}, Raw{table}, Raw{key_column}, key, Raw{more});
 }
 
 std::string Context::next_folio(const std::string& branch, const std::string& document_code, std::string& why) {

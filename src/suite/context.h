@@ -8,10 +8,13 @@
 #include <utility>
 
 #include "cuvexa/suite/reference_suite.h"
+#include "suite/operation_memory.h"
 #include "suite/server_clock.h"
 #include "suite/statements.h"
 
 namespace cuvexa::reference {
+
+struct Kept_catalog;
 
 /// A business refusal on its way to `LastError`.
 struct Refusal {
@@ -58,6 +61,7 @@ public:
     /// The fixed date, or the date and time of the database server; the embedded engine's are this machine's.
     Date now();
     Server_clock& clock() { return clock_; }
+    Operation_memory& memory() { return memory_; }
     std::string day_text(Date date) const;
     std::string time_text(Date date) const;
     std::string stamp() { return time_text(now()); }
@@ -87,6 +91,12 @@ public:
     /// A system parameter as text, or `fallback` when it is absent.
     std::string parameter(std::string_view name, std::string_view fallback = {});
 
+    /// Whether documents of the code are posted by themselves.
+    bool posts_automatically(std::string_view document_code);
+
+    /// What stands of this server in a column of `Servidor_Suite`; empty when nothing does.
+    std::string of_this_server(std::string_view column);
+
     /// The next folio of a series; empty, with `why` filled, when it is closed.
     std::string next_folio(const std::string& branch, const std::string& document_code, std::string& why);
     /// The same; a closed one is a refusal.
@@ -101,6 +111,12 @@ public:
     bool is_period_closed(Date date, std::string_view module);
 
 private:
+    const std::string* setting(std::string_view table, std::string_view name);
+    void read_settings();
+    Rows active_row(std::string_view columns, std::string_view key_column, std::string_view key, std::string_view table,
+                    std::string_view condition);
+    std::string look_up_in(const Kept_catalog& catalog, std::string_view column, std::string_view key_column,
+                           std::string_view key);
     std::string period_state(Date date, std::string_view module);
     bool register_first(std::string_view document_code, std::string_view folio, std::string_view now);
     bool register_again(std::string_view document_code, std::string_view folio, std::string_view now);
@@ -109,6 +125,7 @@ private:
     Connection& own_;
     Suite_options options_;
     Server_clock clock_;
+    Operation_memory memory_;
 
     /// The last folios that were given: their documents are likely to be registered for the first time.
     std::deque<std::string> new_folios_;

@@ -21,13 +21,13 @@ void Stopwatch::begin() {
 }
 
 double Stopwatch::seconds() const {
-    return std::max(seconds_since(begun_), seconds_since(begun_by_date_));
+    return told_ ? told_() : std::max(seconds_since(begun_), seconds_since(begun_by_date_));
 }
 
 Date Server_clock::now(const Ask& ask) {
     constexpr double precision = 1;
     if (told_) {
-        const double seconds = seconds_ ? seconds_() : since_.seconds();
+        const double seconds = since_.seconds();
         if (seconds < precision) return Date{told_->days + seconds / seconds_per_day};
     }
     told(ask());

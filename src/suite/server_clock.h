@@ -4,6 +4,7 @@
 #include <chrono>
 #include <functional>
 #include <optional>
+#include <utility>
 
 #include "cuvexa/date.h"
 
@@ -12,13 +13,19 @@ namespace cuvexa::reference {
 /// How long ago it was begun.
 class Stopwatch {
 public:
+    using Seconds = std::function<double()>;
+
     void begin();
 
     /// By the clock that only goes on, and by the one that people set: whichever says more. A machine that slept, or whose
     /// time was put forward or back, has waited long.
     double seconds() const;
 
+    /// Where it reads them, for tests.
+    void read_from(Seconds seconds) { told_ = std::move(seconds); }
+
 private:
+    Seconds told_ = {};
     std::chrono::steady_clock::time_point begun_{};
     std::chrono::system_clock::time_point begun_by_date_{};
 };
@@ -35,12 +42,11 @@ public:
     void told(Date date);
 
     /// Where it reads how many seconds ago that was, for tests.
-    void read_from(std::function<double()> seconds) { seconds_ = std::move(seconds); }
+    void read_from(Stopwatch::Seconds seconds) { since_.read_from(std::move(seconds)); }
 
 private:
     std::optional<Date> told_;
     Stopwatch since_;
-    std::function<double()> seconds_ = {};
 };
 
 }  // namespace cuvexa::reference

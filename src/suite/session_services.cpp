@@ -21,13 +21,11 @@ Value Session::GetParameter(const std::string& name, int, const std::string& typ
 }
 
 std::string Session::GetServerId() {
-    const Rows rows = context_->query("SELECT Sv_Servidor_Id FROM Servidor_Suite WHERE Sv_Llave = 1");
-    return rows.eof() ? std::string() : rows.text("Sv_Servidor_Id");
+    return context_->of_this_server("Sv_Servidor_Id");
 }
 
 bool Session::IsReplicaServer() {
-    const Rows rows = context_->query("SELECT Sv_Replica FROM Servidor_Suite WHERE Sv_Llave = 1");
-    return !rows.eof() && reads_true(rows.text("Sv_Replica"));
+    return reads_true(context_->of_this_server("Sv_Replica"));
 }
 
 void Session::ReportError(const std::string& description, int style, const std::string& routine,

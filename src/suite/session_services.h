@@ -19,6 +19,9 @@ public:
     std::string GetServerId() override;
     bool IsReplicaServer() override;
 
+    void operation_begins() noexcept override { context_->memory().begin(); }
+    void operation_ends() noexcept override { context_->memory().end(); }
+
     void ReportError(const std::string& description, int style, const std::string& routine, const std::string& title,
                      const std::string& project, const std::string& code) override;
 

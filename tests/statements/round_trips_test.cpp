@@ -121,6 +121,7 @@ Round_trips round_trips_of(const Work& work) {
     // It has not been asked for the time, and the work takes none.
     auto& clock = company.suite()->context().clock() = {};
     clock.read_from([] { return 0.0; });
+    company.suite()->context().memory().read_from([] { return 0.0; });
     company.mark();
     EXPECT_TRUE(work.call(company)) << work.name << ": " << company.treasury().Error();
     const std::size_t own = company.statements().size();

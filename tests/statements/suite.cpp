@@ -20,6 +20,13 @@ Case asking(std::string title, Preparation given, Ask ask) {
             }};
 }
 
+template <class Ask>
+void in_an_operation(Company& company, Ask ask) {
+    company.suite()->session()->operation_begins();
+    ask();
+    company.suite()->session()->operation_ends();
+}
+
 // ---- Session, data, payment methods ---------------------------------------------------------------------------------
 
 std::vector<Case> session_cases() {
@@ -28,6 +35,14 @@ std::vector<Case> session_cases() {
                [](Company& company) { company.suite()->session()->GetParameter("FIN_MONEDA_LOCAL", 0, "", ""); }),
         asking("GetServerId", {}, [](Company& company) { company.suite()->session()->GetServerId(); }),
         asking("IsReplicaServer", {}, [](Company& company) { company.suite()->session()->IsReplicaServer(); }),
+        asking("GetParameter, in an operation", {},
+               [](Company& company) {
+                   in_an_operation(company, [&] {
+                       company.suite()->session()->GetParameter("FIN_MONEDA_LOCAL", 0, "", "");
+                       company.suite()->session()->GetServerId();
+                       company.suite()->new_accounting()->IsPostingEnabled("CHEQUE");
+                   });
+               }),
     };
 }
 
@@ -50,6 +65,15 @@ std::vector<Case> data_cases() {
                [](Company& company) {
                    company.suite()->data()->LookupValue("Ps_Valor", "Ps_Nombre", "FIN_MONEDA_LOCAL",
                                                         "Parametro_Sistema", "");
+               }),
+        asking("LookupValue, of a row that operations ask for more than once", {},
+               [](Company& company) {
+                   in_an_operation(company, [&] {
+                       const auto data = company.suite()->data();
+                       data->LookupValue("Bt_Tipo", "Bt_Cve_Banco_Tipo_Movimiento", "DEP", "Banco_Tipo_Movimiento");
+                       data->LookupValue("Bt_Descripcion", "Bt_Cve_Banco_Tipo_Movimiento", "DEP",
+                                         "Banco_Tipo_Movimiento");
+                   });
                }),
         asking(
             "GetServerDate, while none is fixed",

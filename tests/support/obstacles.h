@@ -205,6 +205,8 @@ public:
         on_.enter("IsReplicaServer");
         return on_.replica ? *on_.replica : inner_->IsReplicaServer();
     }
+    void operation_begins() noexcept override { inner_->operation_begins(); }
+    void operation_ends() noexcept override { inner_->operation_ends(); }
     void ReportError(const std::string& description, int style, const std::string& routine, const std::string& title,
                      const std::string& project, const std::string& code) override {
         on_.reports_in_full.push_back({description, style, routine, title, project, code});

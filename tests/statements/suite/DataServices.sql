@@ -19,6 +19,12 @@ SELECT Ps_Valor
 FROM Parametro_Sistema
 WHERE Ps_Nombre = 'FIN_MONEDA_LOCAL';
 
+-- ---- LookupValue, of a row that operations ask for more than once
+
+SELECT Bt_Descripcion, Bt_Tipo
+FROM Banco_Tipo_Movimiento
+WHERE Bt_Cve_Banco_Tipo_Movimiento = 'DEP' AND Es_Cve_Estado <> 'BA';
+
 -- ---- GetServerDate, while none is fixed
 
 SELECT GETDATE() AS Ahora;
