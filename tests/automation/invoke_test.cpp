@@ -387,6 +387,43 @@ Member made_up(std::vector<Parameter> parameters, std::function<void(std::span<V
     return member;
 }
 
+/// What the refusal of an argument of that type says when it is given a record that no parameter takes.
+std::string words_of_refusal(const Value_type& type) {
+    Company company;
+    const Object object = find_class("Tesoreria")->create(company.module());
+    Arguments arguments = {Record(tCuenta{})};
+    try {
+        Invoke(*object, made_up({{"a", type, false, false, {}}}, [](std::span<Variant>) {}), arguments);
+    } catch (const Invoke_error& error) {
+        return error.what();
+    }
+    return "taken";
+}
+
+TEST_F(Invocation, a_refusal_says_what_the_argument_must_be) {
+    EXPECT_THAT(words_of_refusal({Type::boolean}), testing::EndsWith("argument a must be a Boolean"));
+    EXPECT_THAT(words_of_refusal({Type::integer16}), testing::EndsWith("argument a must be a 16-bit whole number"));
+    EXPECT_THAT(words_of_refusal({Type::real}), testing::EndsWith("argument a must be a number"));
+    EXPECT_THAT(words_of_refusal({Type::text}), testing::EndsWith("argument a must be a text"));
+    EXPECT_THAT(words_of_refusal({Type::date}), testing::EndsWith("argument a must be a date"));
+    EXPECT_THAT(words_of_refusal(value_type<tRpDetalle>()),
+                testing::EndsWith("argument a must be a record tRpDetalle"));
+    EXPECT_THAT(words_of_refusal({Type::object, nullptr, "clsRpDetalle"}),
+                testing::EndsWith("argument a must be an object clsRpDetalle"));
+    EXPECT_EQ(words_of_refusal(value_type<tCuenta>()), "taken");
+}
+
+TEST_F(Invocation, a_date_becomes_the_number_of_its_days_and_nothing_stands_for_any_object) {
+    Variant seen;
+    const auto see = [&](std::span<Variant> arguments) { seen = arguments[0]; };
+    Arguments day = {march};
+    Invoke(*tesoreria, made_up({{"a", {Type::real}, false, false, {}}}, see), day);
+    EXPECT_EQ(seen, Variant(march.days));
+    Arguments nothing = {Object()};
+    Invoke(*tesoreria, made_up({{"a", {Type::object, nullptr, "clsRpDetalle"}, false, false, {}}}, see), nothing);
+    EXPECT_EQ(seen, Variant(Object()));
+}
+
 TEST_F(Invocation, what_a_member_writes_reaches_by_reference_arguments_only) {
     const Member member = made_up({{"a", {Type::text}, true, false, {}}, {"b", {Type::text}, false, false, {}}},
                                   [](std::span<Variant> arguments) { arguments[0] = arguments[1] = text("written"); });

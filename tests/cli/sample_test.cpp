@@ -38,6 +38,9 @@ TEST_F(Cli_sample, the_same_seed_makes_the_same_company_and_another_another) {
 TEST_F(Cli_sample, what_cannot_be_made_is_refused_before_there_is_a_file) {
     EXPECT_EQ(run("sample --receipts 10 --months 12 --until 2024-03-31 --db company.db").code, 2);
     EXPECT_EQ(run("sample --receipts 10 --until 2023-03-31 --db company.db").code, 2);
+    EXPECT_EQ(run("sample --receipts 10 --until 2028-03-31 --db company.db").code, 2);
+    EXPECT_THAT(run("sample --receipts 10 --until pronto --db company.db").err,
+                testing::HasSubstr("not a date: pronto"));
     EXPECT_FALSE(std::filesystem::exists(folder / "company.db"));
     make_company();
     EXPECT_EQ(run("sample --receipts 10 --db company.db").code, 1) << "what is there is left alone";

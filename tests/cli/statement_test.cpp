@@ -59,6 +59,19 @@ TEST_F(Cli_statement, a_person_reads_balances_that_run) {
               "Saldo final: 1,150.50 (en firme 250.50, en tránsito 900.00)\n");
 }
 
+TEST_F(Cli_statement, a_period_may_be_open_on_either_side) {
+    move({{1, 1000}, {2, 250.5}, {3, -100}});
+    const std::string since = output_of("statement SRR-MXN --from 2024-03-02 --db company.db");
+    EXPECT_THAT(since, HasSubstr("\nDesde el 02/03/2024\nSaldo inicial: 1,000.00"));
+    EXPECT_THAT(since, HasSubstr("\nSaldo final: 1,150.50"));
+    const std::string until = output_of("statement SRR-MXN --to 2024-03-02 --db company.db");
+    EXPECT_THAT(until, HasSubstr("\nHasta el 02/03/2024\nSaldo inicial: 0.00"));
+    EXPECT_THAT(until, HasSubstr("\nSaldo final: 1,250.50"));
+    const auto json = nlohmann::json::parse(output_of("statement SRR-MXN --from 2024-03-02 --json --db company.db"));
+    EXPECT_EQ(json["from"], "2024-03-02");
+    EXPECT_EQ(json["to"], nullptr);
+}
+
 TEST_F(Cli_statement, its_closing_balance_is_what_the_component_and_the_account_say) {
     move({{1, 0.1}, {2, 0.2}, {3, -0.7}, {5, 1234.56}});
     const auto json = nlohmann::json::parse(output_of("statement srr-mxn --json --db company.db"));

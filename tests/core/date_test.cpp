@@ -69,7 +69,11 @@ TEST(Date, a_day_or_time_that_does_not_exist_is_a_type_mismatch) {
     EXPECT_EQ(automation_error_of([] { make_date(2024, 13, 1); }), error_type_mismatch);
     EXPECT_EQ(automation_error_of([] { make_date(2024, 0, 1); }), error_type_mismatch);
     EXPECT_EQ(automation_error_of([] { make_date(2024, 1, 1, 24); }), error_type_mismatch);
+    EXPECT_EQ(automation_error_of([] { make_date(2024, 1, 1, -1); }), error_type_mismatch);
     EXPECT_EQ(automation_error_of([] { make_date(2024, 1, 1, 0, 60); }), error_type_mismatch);
+    EXPECT_EQ(automation_error_of([] { make_date(2024, 1, 1, 0, -1); }), error_type_mismatch);
+    EXPECT_EQ(automation_error_of([] { make_date(2024, 1, 1, 0, 0, 60); }), error_type_mismatch);
+    EXPECT_EQ(automation_error_of([] { make_date(2024, 1, 1, 0, 0, -1); }), error_type_mismatch);
     EXPECT_EQ(automation_error_of([] { make_date(99, 12, 31); }), error_type_mismatch);
     EXPECT_EQ(automation_error_of([] { make_date(10000, 1, 1); }), error_type_mismatch);
 }

@@ -65,6 +65,9 @@ TEST(A_batch, may_not_begin_with_any_word_of_the_language) {
     }
     EXPECT_NE(refusal_of("UPDATE T SET a = 1 WHERE b = 2 SET NOCOUNT ON"), "");
     EXPECT_NE(refusal_of("CREATE TABLE T (a int) DROP TABLE U"), "");
+    EXPECT_NE(refusal_of("CREATE TABLE T (a int) IF x"), "");
+    EXPECT_NE(refusal_of("ALTER TABLE T ADD b int ADD c int"), "");
+    EXPECT_NE(refusal_of("UPDATE T SET a = 1 VALUES (1)"), "");
 }
 
 TEST(A_batch, takes_no_select_behind_values_and_makes_no_table) {
@@ -76,16 +79,27 @@ TEST(A_batch, takes_no_select_behind_values_and_makes_no_table) {
 }
 
 TEST(A_batch, is_not_what_one_statement_may_hold) {
-    for (const char* one :
-         {"SELECT a FROM T UNION ALL SELECT b FROM U", "INSERT INTO T(a) SELECT 'x', 1",
-          "INSERT INTO T(a) SELECT 'x' UNION SELECT 'y'", "UPDATE T SET a = (SELECT b FROM U)",
-          "SELECT T.Delete FROM T", "SELECT [drop], 'delete from T' FROM T WHERE a IN (SELECT 1)",
-          "CREATE TABLE T (a int)", "BEGIN TRANSACTION", "DELETE FROM T WHERE a = 'update'",
-          "UPDATE T SET T.a = 'x' FROM T INNER JOIN U ON U.b = T.b WHERE T.c = 'set'",
-          "SELECT CASE WHEN a = 1 THEN 'end' ELSE 'x' END AS b, CASE b WHEN 1 THEN 2 END FROM T",
-          "ALTER TABLE T ADD b int", "DROP TABLE IF EXISTS T", "CREATE TABLE T (a int) ON PRIMARY",
-          "ALTER TABLE T DROP COLUMN b", "SELECT a FROM T ORDER BY a OFFSET 0 ROWS FETCH NEXT 1 ROWS ONLY",
-          "COMMIT TRANSACTION", "SET LOCK_TIMEOUT 100"}) {
+    for (const char* one : {"SELECT a FROM T UNION ALL SELECT b FROM U",
+                            "INSERT INTO T(a) SELECT 'x', 1",
+                            "INSERT INTO T(a) SELECT 'x' UNION SELECT 'y'",
+                            "UPDATE T SET a = (SELECT b FROM U)",
+                            "SELECT T.Delete FROM T",
+                            "SELECT [drop], 'delete from T' FROM T WHERE a IN (SELECT 1)",
+                            "CREATE TABLE T (a int)",
+                            "BEGIN TRANSACTION",
+                            "DELETE FROM T WHERE a = 'update'",
+                            "UPDATE T SET T.a = 'x' FROM T INNER JOIN U ON U.b = T.b WHERE T.c = 'set'",
+                            "SELECT CASE WHEN a = 1 THEN 'end' ELSE 'x' END AS b, CASE b WHEN 1 THEN 2 END FROM T",
+                            "ALTER TABLE T ADD b int",
+                            "DROP TABLE IF EXISTS T",
+                            "CREATE TABLE T (a int) ON PRIMARY",
+                            "ALTER TABLE T DROP COLUMN b",
+                            "SELECT a FROM T ORDER BY a OFFSET 0 ROWS FETCH NEXT 1 ROWS ONLY",
+                            "COMMIT TRANSACTION",
+                            "SET LOCK_TIMEOUT 100",
+                            "CREATE TABLE T (a int) ON DELETE",
+                            "DROP INDEX IF EXISTS i",
+                            "ALTER TABLE T ALTER COLUMN b int"}) {
         EXPECT_EQ(refusal_of(one), "") << one;
     }
 }

@@ -16,9 +16,22 @@ TEST(Connection_string, a_server_is_told_from_a_file) {
     EXPECT_TRUE(is_connection_string("Driver=FreeTDS;Server=x"));
     EXPECT_TRUE(is_connection_string("DSN=caja"));
     EXPECT_TRUE(is_connection_string("dsn=caja;UID=x"));
+    EXPECT_TRUE(is_connection_string("FILEDSN=caja.dsn"));
+    EXPECT_TRUE(is_connection_string("Driver=FreeTDS"));
     EXPECT_FALSE(is_connection_string("empresa.db"));
     EXPECT_FALSE(is_connection_string("C:/datos/a=b.db"));
     EXPECT_FALSE(is_connection_string(""));
+}
+
+TEST(Connection_string, names_a_driver_by_itself_or_by_a_source) {
+    EXPECT_TRUE(names_a_driver("Server=x;Driver=FreeTDS"));
+    EXPECT_TRUE(names_a_driver("UID=ana;FILEDSN=caja.dsn"));
+    EXPECT_TRUE(names_a_driver("UID=ana;dsn=caja"));
+    EXPECT_FALSE(names_a_driver("Server=x;UID=ana"));
+}
+
+TEST(Connection_string, a_value_that_is_not_closed_stands_as_it_is) {
+    for (const char* const value : {"{", "{a", "a}", "}"}) EXPECT_EQ(plain_value(value), value);
 }
 
 TEST(Connection_string, the_password_is_not_shown_whatever_stands_in_it) {

@@ -45,6 +45,10 @@ TEST(Conninfo, is_shown_without_its_passwords) {
               "host=db1 password = *** user=caja");
     EXPECT_EQ(conninfo_without_password("host=db1 password=con\\ blanco"), "host=db1 password=***");
     EXPECT_EQ(conninfo_without_password("host=db1"), "host=db1");
+    EXPECT_EQ(conninfo_without_password("host=db1 password="), "host=db1 password=***");
+    EXPECT_EQ(conninfo_without_password("host=db1 sslpassword=llave"), "host=db1 sslpassword=***");
+    EXPECT_EQ(conninfo_without_password("postgresql://db1/cuvexa?sslpassword=llave&password"),
+              "postgresql://db1/cuvexa?sslpassword=***&password");
 }
 
 }  // namespace

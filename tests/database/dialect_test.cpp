@@ -1,4 +1,7 @@
 // Each construct of the SQL Server dialect: what it becomes, and that it then means the same.
+#include "database/dialect/postgresql.h"
+#include "database/dialect/sqlite.h"
+#include "database/dialect/translation.h"
 #include "fixture.h"
 #include "support/statement_files.h"
 
@@ -45,6 +48,8 @@ TEST_F(Dialect_on_sqlite, plus_joins_texts_and_adds_numbers) {
                 ElementsAre("01BRISA"));
     EXPECT_THAT(v("SELECT CASE WHEN 1 = 1 THEN 'a' ELSE 'b' END + Clave AS v FROM Cuenta WHERE Clave = 'C1'"),
                 ElementsAre("aC1"));
+    EXPECT_THAT(v("SELECT +Saldo + +1 AS v FROM Cuenta WHERE Clave = 'C1'"), ElementsAre("101"));
+    EXPECT_THAT(v("SELECT 'a' + Cuenta.Clave + Cuenta.Tipo AS v FROM Cuenta WHERE 'c1' = Clave"), ElementsAre("aC101"));
     EXPECT_THAT(v("SELECT Saldo + 1 + Saldo AS v FROM Cuenta WHERE Clave = 'C1' AND Tipo + 0 = 1"), ElementsAre("201"));
     EXPECT_THAT(v("SELECT 'a' + NULL AS v"), ElementsAre("NULL"));
 }
@@ -231,6 +236,12 @@ TEST_F(Dialect_on_sqlite, top_gives_the_first_rows) {
                 ElementsAre("C3"));
 }
 
+TEST_F(Dialect_on_sqlite, top_counts_behind_all_and_is_a_name_elsewhere) {
+    EXPECT_THAT(v("SELECT ALL TOP 1 Clave AS v FROM Cuenta ORDER BY Clave"), ElementsAre("C1"));
+    EXPECT_EQ(db.translate("SELECT Top FROM T"), "SELECT Top FROM T");
+    EXPECT_EQ(db.translate("SELECT a AS Top FROM T"), "SELECT a AS Top FROM T");
+}
+
 TEST_F(Dialect_on_sqlite, output_gives_back_what_was_written) {
     EXPECT_THAT(column(db, "Saldo", "UPDATE Cuenta SET Saldo = Saldo + 1 OUTPUT inserted.Saldo WHERE Clave = 'C1'"),
                 ElementsAre("101"));
@@ -244,7 +255,9 @@ TEST_F(Dialect_on_sqlite, output_gives_back_what_was_written) {
     EXPECT_THAT(v("UPDATE Cuenta SET Cuenta.Saldo = 5 OUTPUT inserted.Clave AS v FROM Cuenta INNER JOIN Banco "
                   "ON Banco.Banco = Cuenta.Banco WHERE Nombre = 'Banco Uno'"),
                 testing::UnorderedElementsAre("C1", "C2"));
+    EXPECT_THAT(column(db, "Saldo", "UPDATE Cuenta SET Saldo = 7 OUTPUT inserted.Saldo"), ElementsAre("7", "7", "7"));
     EXPECT_NE(failure(db, "UPDATE Cuenta SET Saldo = 0 OUTPUT deleted.Saldo WHERE Clave = 'C1'"), "");
+    EXPECT_NE(failure(db, "UPDATE Cuenta SET Saldo = 0 OUTPUT inserted.Clave INTO Banco"), "") << "into a table";
 }
 
 TEST_F(Dialect_on_sqlite, further_functions_have_their_sql_server_meaning) {
@@ -315,6 +328,56 @@ TEST_F(Dialect_on_sqlite, what_is_malformed_fails_with_the_words_of_the_engine) 
     EXPECT_NE(failure(db, "SELECT " + std::string(100000, '(')), "");
     EXPECT_NE(failure(db, "SELECT " + std::string(100000, '(') + "1" + std::string(100000, ')')), "");
     EXPECT_THAT(v("SELECT COUNT(*) AS v FROM Cuenta"), ElementsAre("3"));
+}
+
+/// The text as that engine gets it; empty when it is refused.
+std::string translated(std::string_view text, const dialect::Dialect& dialect) {
+    std::vector<dialect::Token> tokens;
+    try {
+        dialect::tokenize(text, tokens);
+    } catch (const Database_error&) {
+        return {};
+    }
+    return tokens.empty() ? std::string() : dialect::translate(text, tokens, dialect).with_literals();
+}
+
+// What the rules look for may be the last that stands there.
+TEST_F(Dialect_on_sqlite, a_statement_that_is_cut_off_anywhere_is_passed_on_and_begins_as_it_began) {
+    for (
+        const std::string whole : {
+            "SELECT DISTINCT TOP (5) WITH TIES a + 'x' + dbo.T.b AS c, ISNULL(-d, 0) FROM dbo.T AS t WITH (NOLOCK) "
+            "INNER JOIN U ON U.a = t.a AND 'x' <> t.b WHERE EXISTS (SELECT MAX(b) FROM V WHERE b > t.b) AND CAST(c AS "
+            "varchar(10)) = 'x' GROUP BY a HAVING COUNT(*) > 1 ORDER BY 1, b DESC",
+            "SELECT (SELECT TOP 1 a FROM T ORDER BY 1), (SELECT SUM(a) FROM T), (SELECT a, b FROM T), (SELECT 1) UNION "
+            "ALL SELECT CASE a WHEN 1 THEN 'x' ELSE b END, CONVERT(datetime, '2024-03-15') FROM T",
+            "INSERT dbo.T (a, b) OUTPUT inserted.a VALUES ('x' + 'y', (SELECT a FROM T WHERE b = 1))",
+            "INSERT INTO T (f) (SELECT '' UNION SELECT f FROM U)",
+            "INSERT INTO T OUTPUT inserted.a INTO U SELECT a FROM V",
+            "UPDATE t SET t.a = (SELECT s.a FROM U s WHERE s.k = t.k), T.f = '' OUTPUT inserted.a FROM T t LEFT JOIN U "
+            "AS u ON u.k = t.k, V WHERE t.b = -1",
+            "DELETE dbo.T OUTPUT deleted.a WHERE a = 'x'",
+            "CREATE TABLE [dbo].[a\"b] ([c\"d] varchar(3) NOT NULL DEFAULT ('x'), e datetime, f [money], g float, PRIMARY "
+            "KEY CLUSTERED (e)) ON [PRIMARY]",
+            "CREATE UNIQUE NONCLUSTERED INDEX i ON dbo.T (a) INCLUDE (b)",
+            "ALTER TABLE T ADD COLUMN a nvarchar(max) DEFAULT N'x'",
+            "DROP INDEX i ON dbo.T",
+            "BEGIN TRANSACTION",
+        }) {
+        for (std::size_t size = 1; size <= whole.size(); ++size) {
+            const std::string_view text = std::string_view(whole).substr(0, size);
+            for (const dialect::Dialect* each : {&dialect::sqlite, &dialect::postgresql}) {
+                const std::string begun = translated(text, *each);
+                EXPECT_EQ(begun.substr(0, 2), begun.empty() ? "" : text.substr(0, 2)) << text << "\n" << begun;
+            }
+        }
+    }
+}
+
+TEST_F(Dialect_on_sqlite, a_name_may_hold_the_mark_in_which_the_engine_writes_names) {
+    run("CREATE TABLE T ([a\"b] varchar(3))");
+    EXPECT_THAT(failure(db, "INSERT INTO T VALUES ('abcd')"), HasSubstr("admite hasta 3 caracteres"));
+    run("INSERT INTO T VALUES ('abc')");
+    EXPECT_THAT(column(db, "a\"b", "SELECT [a\"b] FROM T"), ElementsAre("abc"));
 }
 
 TEST_F(Dialect_on_sqlite, a_quote_in_a_value_breaks_the_statement_and_smuggles_nothing_in) {

@@ -39,6 +39,10 @@ TEST(Lexer, names_numbers_texts_and_symbols_come_apart) {
                 ElementsAre("SELECT", "[a b]", ".", "\"c\"", ",", "N'x''y'", "+", "1.5E+3", ">=", ".5", "FROM", "t"));
     EXPECT_EQ(only_kind("Año_2"), Token_kind::word);
     EXPECT_EQ(only_kind("[a]]b]"), Token_kind::quoted_name);
+    EXPECT_EQ(only_kind("a$b@c"), Token_kind::word);
+    EXPECT_EQ(only_kind("ªºÀȯ"), Token_kind::word);
+    EXPECT_EQ(only_kind("U"), Token_kind::word);
+    EXPECT_THAT(pieces("U&b|c||'d'!=1"), ElementsAre("U", "&", "b", "|", "c", "||", "'d'", "!=", "1"));
     EXPECT_EQ(only_kind("N'á'"), Token_kind::text);
     EXPECT_EQ(only_kind("1E+15"), Token_kind::number);
     EXPECT_EQ(only_kind("0.1"), Token_kind::number);
@@ -51,7 +55,7 @@ TEST(Lexer, a_negative_number_after_an_operator_is_no_comment) {
 
 TEST(Lexer, a_number_that_runs_into_letters_is_refused) {
     for (const char* text : {"123abc", "0DELETE", "1.DELETE", "1e0DELETE", "0xINSERT", "0x1F", "1.2.3", "1..2", "5_",
-                             "SELECT a FROM T WHERE 'x' = 'x' OR 1=0DELETE T", "1ñ", ".5a"}) {
+                             "SELECT a FROM T WHERE 'x' = 'x' OR 1=0DELETE T", "1ñ", ".5a", "1e", "1e+"}) {
         EXPECT_THAT(refusal(text), HasSubstr("un número mal escrito")) << text;
     }
     for (const char* text : {"1.", "1.5E-3", "1+a", "(1)", "1,2", "IN(1)AND"}) EXPECT_EQ(refusal(text), "") << text;

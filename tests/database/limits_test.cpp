@@ -123,9 +123,11 @@ TEST(Limit_refusal, is_read_from_what_an_engine_says) {
 }
 
 TEST(Limit_refusal, is_none_of_other_failures) {
-    for (const char* const other : {"", "CHECK constraint failed: Saldo", "UNIQUE constraint failed: T.Id", ": admite ",
-                                    "La sucursal: admite poco", "no such column: admite hasta 10 caracteres",
-                                    "String or binary data would be truncated."}) {
+    for (const char* const other :
+         {"", "CHECK constraint failed: Saldo", "UNIQUE constraint failed: T.Id", ": admite ",
+          "La sucursal: admite poco", "no such column: admite hasta 10 caracteres",
+          "CHECK constraint failed: : admite hasta 10 caracteres", "CHECK constraint failed: Texto: admite poco",
+          "String or binary data would be truncated.", "String or binary data would be truncated in table 'T'."}) {
         EXPECT_EQ(limit_refusal(other), std::nullopt) << other;
     }
 }

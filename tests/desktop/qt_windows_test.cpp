@@ -8,6 +8,16 @@
 #include <QPushButton>
 #include <QTableWidget>
 
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <map>
+
 #include "desktop/offscreen.h"
 #include "desktop/qt/display.h"
 #include "desktop/qt/form_window.h"
@@ -346,6 +356,28 @@ TEST(Qt_windows, the_error_dialog_shows_text_code_and_critical_icon_and_closes_w
     }
 }
 
+TEST(Qt_windows, the_error_dialog_shows_the_icon_of_its_style_and_the_title_that_is_given) {
+    Offscreen screen;
+    const std::map<int, QMessageBox::Icon> icons = {{16, QMessageBox::Critical},
+                                                    {32, QMessageBox::Question},
+                                                    {48, QMessageBox::Warning},
+                                                    {64, QMessageBox::Information},
+                                                    {0, QMessageBox::NoIcon}};
+    for (const auto& style : icons) {
+        screen.run({sees([&](QWidget& top) {
+                        const auto* box = qobject_cast<QMessageBox*>(&top);
+                        ASSERT_NE(box, nullptr);
+                        EXPECT_EQ(box->icon(), style.second) << style.first;
+                        EXPECT_EQ(box->windowTitle(), "Bancos");
+                        EXPECT_EQ(box->informativeText(), "Load()") << "no code";
+                    }),
+                    key(Qt::Key_Escape)},
+                   [&] {
+                       screen.toolkit->show_error({"No", style.first, "Load()", "Bancos", "Cuvexa", ""});
+                   });
+    }
+}
+
 class Failing_form : public Form {
 public:
     explicit Failing_form(Module& module) : Form(module, "frmFalla", "Falla") {
@@ -374,15 +406,16 @@ TEST(Qt_windows, the_end_of_the_modal_loop_from_outside_cancels) {
 class Display : public ::testing::Test {
 protected:
     void SetUp() override {
-        for (const auto* name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"}) {
+        for (const auto* name : names) {
             if (const char* value = std::getenv(name)) kept_[name] = value;
             ::unsetenv(name);
         }
     }
     void TearDown() override {
-        for (const auto* name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"}) ::unsetenv(name);
+        for (const auto* name : names) ::unsetenv(name);
         for (const auto& [name, value] : kept_) ::setenv(name.c_str(), value.c_str(), 1);
     }
+    static constexpr std::array names{"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY", "XDG_RUNTIME_DIR"};
     std::map<std::string, std::string> kept_;
 };
 
@@ -395,6 +428,39 @@ TEST_F(Display, one_that_nobody_serves_is_an_obstacle) {
     EXPECT_EQ(qt::missing_display(), "la pantalla :9876.0 no responde.");
     ::setenv("DISPLAY", "disparate", 1);
     EXPECT_EQ(qt::missing_display(), "la pantalla disparate no responde.");
+}
+
+TEST_F(Display, of_another_machine_is_believed_and_of_this_one_tried) {
+    ::setenv("DISPLAY", "otra:0", 1);
+    EXPECT_EQ(qt::missing_display(), "");
+    ::setenv("DISPLAY", "unix:9876", 1);
+    EXPECT_EQ(qt::missing_display(), "la pantalla unix:9876 no responde.");
+}
+
+TEST_F(Display, of_wayland_answers_at_its_socket) {
+    std::string folder = (std::filesystem::temp_directory_path() / "cuvexa-wayland-XXXXXX").string();
+    ASSERT_NE(::mkdtemp(folder.data()), nullptr);
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    std::snprintf(address.sun_path, sizeof address.sun_path, "%s/wayland-7", folder.c_str());
+    const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    ASSERT_EQ(::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    ASSERT_EQ(::listen(socket, 5), 0);
+    ::setenv("XDG_RUNTIME_DIR", folder.c_str(), 1);
+    const auto missing = [](const std::string& display) {
+        ::setenv("WAYLAND_DISPLAY", display.c_str(), 1);
+        return qt::missing_display();
+    };
+    EXPECT_EQ(missing("wayland-7"), "");
+    EXPECT_EQ(missing(folder + "/wayland-7"), "");
+    EXPECT_EQ(missing("wayland-8"), "la pantalla wayland-8 no responde.");
+    EXPECT_EQ(missing(folder + "/wayland-8"), "la pantalla " + folder + "/wayland-8 no responde.");
+    const std::string too_long(200, 'w');
+    EXPECT_EQ(missing(too_long), "la pantalla " + too_long + " no responde.");
+    ::setenv("QT_QPA_PLATFORM", "wayland", 1);
+    EXPECT_EQ(missing("wayland-7"), "");
+    ::close(socket);
+    std::filesystem::remove_all(folder);
 }
 
 TEST_F(Display, the_platform_without_screen_needs_none) {

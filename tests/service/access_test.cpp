@@ -108,6 +108,22 @@ TEST_F(Service_access, who_signed_in_by_a_browser_carries_a_cookie_that_no_other
     EXPECT_EQ(client.Post("/rpc", cookie, create(1).dump(), "text/plain")->status, 401)
         << "a form of another site can send this";
     EXPECT_EQ(client.Post("/session", {}, "", "application/json")->status, 401);
+    EXPECT_EQ(client.Post("/session", cookie, "", "application/json")->status, 400) << "a cookie makes no cookie";
+    const auto longer = httplib::Headers{{"Cookie", "cuvexa_tokens=" + bearer + "; cuvexa_token"}};
+    EXPECT_EQ(client.Get("/metrics", longer)->status, 401) << "another cookie";
+    const auto left = client.Delete("/session", cookie, "", "application/json");
+    EXPECT_EQ(left->status, 204);
+    EXPECT_THAT(left->get_header_value("Set-Cookie"), HasSubstr("cuvexa_token=;"));
+    EXPECT_THAT(left->get_header_value("Set-Cookie"), HasSubstr("; Max-Age=0"));
+}
+
+TEST_F(Service_access, two_headers_with_tokens_are_none) {
+    start();
+    const std::string one = "Authorization: Bearer " + bearer + "\r\n";
+    EXPECT_THAT(said_to("GET /metrics HTTP/1.1\r\n" + one + "Connection: close\r\n\r\n"),
+                testing::StartsWith("HTTP/1.1 200 "));
+    EXPECT_THAT(said_to("GET /metrics HTTP/1.1\r\n" + one + one + "Connection: close\r\n\r\n"),
+                testing::StartsWith("HTTP/1.1 401 "));
 }
 
 TEST(Service_attempts, are_counted_per_address_and_forgotten_after_their_span) {
@@ -118,6 +134,18 @@ TEST(Service_attempts, are_counted_per_address_and_forgotten_after_their_span) {
     EXPECT_TRUE(attempts.fail("10.0.0.1", begin + std::chrono::seconds(59)));
     EXPECT_FALSE(attempts.fail("10.0.0.2", begin));
     EXPECT_FALSE(attempts.fail("10.0.0.1", begin + std::chrono::seconds(60)));
+}
+
+TEST(Service_attempts, of_many_addresses_those_whose_span_is_not_over_are_still_known) {
+    service::Attempts attempts(1, std::chrono::seconds(60));
+    const auto begin = service::Clock::now();
+    for (int i = 1; i <= 10'000; ++i) {
+        attempts.fail("10.0.0." + std::to_string(i), begin + std::chrono::seconds(i <= 5'000 ? 0 : 30));
+    }
+    const auto later = begin + std::chrono::seconds(60);
+    EXPECT_FALSE(attempts.fail("192.168.0.1", later));
+    EXPECT_FALSE(attempts.fail("10.0.0.1", later));
+    EXPECT_TRUE(attempts.fail("10.0.0.10000", later));
 }
 
 TEST_F(Service_access, a_file_of_tokens_holds_no_token_and_is_its_owners_alone) {
@@ -133,10 +161,15 @@ TEST_F(Service_access, a_name_is_given_once_and_a_broken_file_is_refused) {
     EXPECT_THROW(token({"ana"}), service::Token_error);
     EXPECT_THROW(token({""}), service::Token_error);
     EXPECT_THROW(token({"two\nlines"}), service::Token_error);
+    EXPECT_THROW(token({"deleted\x7F"}), service::Token_error);
+    EXPECT_THROW(service::Token_file((folder / "nowhere" / "tokens.json").string()).add({"eva"}), service::Token_error);
     EXPECT_THROW(token({std::string(61, 'x')}), service::Token_error);
     EXPECT_THROW(service::Token_file(options.tokens).remove("nobody"), service::Token_error);
     EXPECT_THAT(service::Token_file(options.tokens).list(), ElementsAre(service::Token{"ana"}));
-    for (const char* broken : {"", "[]", "{\"tokens\":[{}]}", "{\"tokens\":5}"}) {
+    for (const char* broken :
+         {"", "[]", "{}", "{\"tokens\":[{}]}", "{\"tokens\":5}", "{\"tokens\":[5]}", "{\"tokens\":[{\"name\":5}]}",
+          R"({"tokens":[{"name":"a"}]})", R"({"tokens":[{"name":"a","id":"b"}]})",
+          R"({"tokens":[{"name":"a","id":"b","salt":"c"}]})"}) {
         std::ofstream(options.tokens) << broken;
         EXPECT_THROW(service::Tokens{options.tokens}, service::Token_error) << broken;
     }

@@ -32,6 +32,7 @@ TEST_F(Service_http, what_is_no_request_is_refused_and_the_connection_closed) {
     EXPECT_THAT(said_to("BREW /rpc HTTP/1.1\r\n\r\n"), StartsWith("HTTP/1.1 400 "));
     EXPECT_THAT(said_to("PUT /rpc HTTP/1.1\r\nContent-Length: 2\r\n\r\n{}"), StartsWith("HTTP/1.1 405 "));
     EXPECT_THAT(said_to("GET /a%0ab HTTP/1.1\r\nConnection: close\r\n\r\n"), StartsWith("HTTP/1.1 400 "));
+    EXPECT_THAT(said_to("GET /a%7fb HTTP/1.1\r\nConnection: close\r\n\r\n"), StartsWith("HTTP/1.1 400 "));
     EXPECT_THAT(said_to(std::string("\0\xff\r\n\r\n", 6)), StartsWith("HTTP/1.1 400 "));
     EXPECT_EQ(said_to("GET / HT"), "") << "a head that does not come whole is cut off";
     EXPECT_EQ(get("/healthz")->status, 200);
@@ -45,10 +46,17 @@ TEST_F(Service_http, a_body_whose_length_can_be_read_in_two_ways_is_refused) {
     EXPECT_THAT(both, StartsWith("HTTP/1.1 400 "));
     EXPECT_EQ(both.find("HTTP/1.1", 1), std::string::npos) << "nothing behind it is read as a request";
     EXPECT_THAT(said_to(head("Content-Length: 2\r\nContent-Length: 3\r\n") + "{}"), StartsWith("HTTP/1.1 400 "));
+    EXPECT_THAT(said_to(head("Transfer-Encoding: chunked\r\nTransfer-Encoding: chunked\r\n") + "0\r\n\r\n"),
+                StartsWith("HTTP/1.1 400 "));
     EXPECT_THAT(said_to(head("Content-Length: x\r\n") + "{}"), StartsWith("HTTP/1.1 400 "));
+    EXPECT_THAT(said_to(head("Content-Length: 2x\r\n") + "{}"), StartsWith("HTTP/1.1 400 "));
     EXPECT_THAT(said_to(head("Content-Length: -1\r\n") + "{}"), StartsWith("HTTP/1.1 400 "));
     EXPECT_THAT(said_to(head("Transfer-Encoding: gzip, chunked\r\n") + "{}"), StartsWith("HTTP/1.1 501 "));
     EXPECT_THAT(said_to("GET /healthz HTTP/1.1\r\nContent-Length: 26\r\n\r\n" + smuggled), StartsWith("HTTP/1.1 400 "));
+    EXPECT_THAT(said_to("GET /healthz HTTP/1.1\r\nTransfer-Encoding: chunked\r\n\r\n0\r\n\r\n"),
+                StartsWith("HTTP/1.1 400 "));
+    EXPECT_THAT(said_to(head("Content-Length: 2\r\nContent-Type: multipart/form-data; boundary=x\r\n") + "{}"),
+                StartsWith("HTTP/1.1 415 "));
     EXPECT_THAT(said_to(head("Content-Length: 2\r\nContent-Encoding: gzip\r\n") + "{}"), StartsWith("HTTP/1.1 415 "));
     EXPECT_THAT(said_to(head("Connection: close\r\n")), StartsWith("HTTP/1.1 411 "));
 }
@@ -133,6 +141,8 @@ TEST_F(Service_http, no_value_of_a_request_becomes_a_header_of_its_answer) {
 TEST_F(Service_http, without_tls_only_this_machine_is_listened_to) {
     options.host = "0.0.0.0";
     EXPECT_THROW(start(), std::runtime_error);
+    options.host = "127.nonsense";
+    EXPECT_THROW(start(), std::runtime_error);
     options.host = "127.0.0.1";
     options.certificate = options.key = (folder / "nothing.pem").string();
     EXPECT_THROW(start(), std::runtime_error);
@@ -149,6 +159,8 @@ TEST(Service_form, steps_and_lists_are_read_as_they_stand) {
     using testing::ElementsAre;
     EXPECT_THAT(service::steps_of("/norte/rpc"), ElementsAre("norte", "rpc"));
     EXPECT_THAT(service::steps_of("//rpc"), ElementsAre("", "rpc"));
+    EXPECT_THAT(service::steps_of("rpc"), ElementsAre("rpc"));
+    EXPECT_THAT(service::steps_of(""), ElementsAre());
     EXPECT_TRUE(service::lists("return=minimal, Statement-by-Statement;x=1", "statement-by-statement"));
     EXPECT_FALSE(service::lists("statement-by-statements", "statement-by-statement"));
 }
@@ -188,6 +200,30 @@ protected:
         start();
     }
 };
+
+TEST_F(Service_tls, a_certificate_and_a_key_that_are_not_of_one_another_do_not_serve) {
+    stop();
+    const service::Service_options good = options;
+    options.key.clear();
+    EXPECT_THROW(start(), std::runtime_error);
+    options = good;
+    options.certificate.clear();
+    EXPECT_THROW(start(), std::runtime_error);
+    options = good;
+    options.key = (folder / "other.pem").string();
+    write_certificate((folder / "other-cert.pem").string(), options.key);
+    EXPECT_THROW(start(), std::runtime_error);
+    options = good;
+    start();
+}
+
+TEST_F(Service_tls, its_cookie_is_for_connections_like_it_alone) {
+    httplib::SSLClient client("127.0.0.1", running->port());
+    client.enable_server_certificate_verification(false);
+    const auto signed_in = client.Post("/session", {{"Authorization", "Bearer " + bearer}}, "", "application/json");
+    ASSERT_TRUE(signed_in);
+    EXPECT_THAT(signed_in->get_header_value("Set-Cookie"), HasSubstr("; SameSite=Strict; Secure"));
+}
 
 TEST_F(Service_tls, requests_and_long_answers_go_through_it) {
     httplib::SSLClient client("127.0.0.1", running->port());

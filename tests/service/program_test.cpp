@@ -46,7 +46,20 @@ TEST_F(Service_program, refuses_at_its_start_what_cannot_be_served) {
     EXPECT_EQ(code, 1);
     EXPECT_THAT(output_of("serve --listen 0.0.0.0:0" + db + tokens, code), HasSubstr("Sin TLS"));
     EXPECT_EQ(code, 1);
-    EXPECT_THAT(output_of("serve --listen nonsense" + db + tokens, code), HasSubstr("No es una dirección"));
+    for (const char* address :
+         {"nonsense", "localhost:", "localhost:x", "localhost:123456", "localhost:65536", ":8080"}) {
+        EXPECT_THAT(output_of("serve --listen " + std::string(address) + db + tokens, code),
+                    HasSubstr("No es una dirección: " + std::string(address)));
+        EXPECT_EQ(code, 1);
+    }
+    EXPECT_THAT(output_of("serve --listen [2001:db8::1]:80" + db + tokens, code), HasSubstr("no en 2001:db8::1"))
+        << "the brackets are the address's, not the host's";
+    EXPECT_EQ(code, 1);
+    const std::string companies = (folder / "companies.json").string();
+    std::ofstream(companies) << R"({"norte": "nowhere/norte.db"})";
+    EXPECT_THAT(output_of("serve --companies " + companies + tokens, code), HasSubstr("nowhere/norte.db"));
+    EXPECT_EQ(code, 1);
+    EXPECT_THAT(output_of("serve --companies nowhere.json" + tokens, code), HasSubstr("archivo de empresas"));
     EXPECT_EQ(code, 1);
 }
 
@@ -61,6 +74,7 @@ TEST_F(Service_program, makes_lists_and_removes_tokens) {
     EXPECT_EQ(*owner, (service::Token{"eva", "norte", true}));
     EXPECT_EQ(Json::parse(output_of("token list --json" + tokens, code)),
               Json::parse(R"([{"name":"eva","company":"norte","right":"read"}])"));
+    EXPECT_THAT(output_of("token list" + tokens, code), testing::ContainsRegex("eva +norte +read\n"));
     EXPECT_EQ(output_of("token remove eva" + tokens, code), "");
     EXPECT_EQ(code, 0);
     EXPECT_THAT(output_of("token remove eva" + tokens, code), HasSubstr("No existe el token: eva"));
@@ -71,7 +85,13 @@ TEST_F(Service_program, a_file_of_companies_gives_each_its_paths) {
     const std::string file = (folder / "companies.json").string();
     std::ofstream(file) << Json{{"norte", (folder / "company.db").string()}};
     EXPECT_EQ(service::companies_in(file).at("norte"), (folder / "company.db").string());
-    for (const char* broken : {"[]", "{}", R"({"a b":"x"})", R"({"a":5})", R"({"a/b":"x"})", "x"}) {
+    std::ofstream(file) << R"({"aZ-_09az": "x"})";
+    EXPECT_EQ(service::companies_in(file).at("aZ-_09az"), "x");
+    const std::string long_name = R"({")" + std::string(61, 'a') + R"(":"x"})";
+    for (const std::string& broken :
+         {std::string("[]"), std::string("{}"), std::string(R"({"a b":"x"})"), std::string(R"({"a":5})"),
+          std::string(R"({"a/b":"x"})"), std::string("x"), std::string(R"({"":"x"})"), std::string(R"({"[":"x"})"),
+          std::string(R"({"`":"x"})"), std::string(R"({"ñ":"x"})"), std::string(R"({":":"x"})"), long_name}) {
         std::ofstream(file) << broken;
         EXPECT_THROW(service::companies_in(file), Company_error) << broken;
     }

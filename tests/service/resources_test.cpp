@@ -111,10 +111,21 @@ TEST_F(Service_resources, a_query_that_is_not_understood_is_refused_in_words) {
     EXPECT_EQ(refusal("/receipts", {{"from", "2024-03-02"}, {"to", "2024-03-01"}}), "400 to is before from");
     EXPECT_EQ(refusal("/receipts", {{"limit", "0"}}), "400 limit is no number from 1 to 1000: 0");
     EXPECT_EQ(refusal("/receipts", {{"limit", "1x"}}), "400 limit is no number from 1 to 1000: 1x");
+    EXPECT_EQ(refusal("/receipts", {{"limit", "x"}}), "400 limit is no number from 1 to 1000: x");
+    EXPECT_EQ(refusal("/receipts", {{"limit", "1001"}}), "400 limit is no number from 1 to 1000: 1001");
+    EXPECT_EQ(refusal("/receipts", {{"from", "20240301"}}), "400 from is no day: 20240301");
     EXPECT_EQ(refusal("/receipts", {{"after", "x"}}), "400 after is not what a page gave as next");
+    for (const char* after : {"5", "[]", "[1]"}) {
+        EXPECT_EQ(refusal("/receipts", {{"after", after}}), "400 after is not what a page gave as next");
+    }
     EXPECT_EQ(refusal("/receipts", {{"after", R"(["a"])"}}), "400 after is no place of this list in this order");
     EXPECT_EQ(refusal("/receipts", {{"order", "x"}}), "400 order is date or folio: x");
     EXPECT_EQ(refusal("/receipts", {{"amount", "inf"}}), "400 amount is no number: inf");
+    EXPECT_EQ(refusal("/receipts", {{"amount", "x"}}), "400 amount is no number: x");
+    EXPECT_EQ(refusal("/receipts", {{"amount", "1x"}}), "400 amount is no number: 1x");
+    EXPECT_EQ(refusal("/receipts", {{"text", "a\x7F"}}), "400 text is no text in UTF-8, or holds control characters");
+    EXPECT_EQ(refusal("/receipts", {{"text", "a\xFF"}}), "400 text is no text in UTF-8, or holds control characters");
+    EXPECT_EQ(refusal("/balances", {{"to", "2024-01-01"}}), "400 from and to are both needed");
     EXPECT_EQ(refusal("/receipts", {{"text", "a\nb"}}), "400 text is no text in UTF-8, or holds control characters");
     EXPECT_EQ(refusal("/accounts", {{"from", "2024-01-01"}}), "400 these rows have no date: from and to do not fit");
     EXPECT_EQ(refusal("/movements", {{"branch", "MTY"}}), "400 these rows have no branch");
@@ -239,6 +250,13 @@ TEST_F(Service_resources, balances_by_day_are_there_for_one_account_and_for_all)
     }
 }
 
+TEST_F(Service_resources, an_account_that_is_not_there_has_neither_statement_nor_balances) {
+    for (const char* what : {"statement", "balances"}) {
+        EXPECT_EQ(ask("/accounts/NO-SUCH/" + std::string(what), {{"from", "2024-01-01"}, {"to", "2024-01-31"}})->status,
+                  404);
+    }
+}
+
 TEST_F(Service_resources, a_document_has_a_page) {
     deposit_receipt(10);
     const Json page = read("/receipts/rp-mty-00000001");
@@ -285,6 +303,8 @@ TEST_F(Service_resources, what_has_not_changed_is_not_sent_again) {
     EXPECT_EQ(same->status, 304);
     EXPECT_EQ(same->body, "");
     EXPECT_EQ(same->get_header_value("ETag"), tag);
+    EXPECT_EQ(get("/accounts", {{"If-None-Match", "\"x\", W/" + tag}})->status, 304);
+    EXPECT_EQ(get("/accounts", {{"If-None-Match", "*"}})->status, 304);
     deposit_receipt(10);
     EXPECT_EQ(get("/accounts", {{"If-None-Match", tag}})->status, 200);
     EXPECT_NE(get("/accounts", {{"Accept", "text/csv"}})->get_header_value("ETag"), tag);
