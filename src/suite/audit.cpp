@@ -7,13 +7,8 @@
 #include "suite/audit_rules.h"
 
 namespace cuvexa {
-namespace {
 
-using reference::Audit_rule;
-
-/// All rules, in the order in which they are checked.
-std::vector<Audit_rule> all_rules() {
-    using namespace reference;
+std::vector<reference::Audit_rule> reference::all_rules() {
     std::vector<Audit_rule> all;
     for (const auto family : {number_rules(), balance_rules(), deposit_rules(), check_rules(), expense_rules(),
                               receipt_rules(), request_rules(), movement_rules(), ledger_rules(), voucher_rules()}) {
@@ -21,6 +16,11 @@ std::vector<Audit_rule> all_rules() {
     }
     return all;
 }
+
+namespace {
+
+using reference::all_rules;
+using reference::Audit_rule;
 
 /// The amount with two decimals, as the operator reads it.
 std::string money(double amount) {

@@ -4,9 +4,13 @@
 namespace cuvexa::reference {
 namespace {
 
+constexpr const char* cancel_and_capture =
+    "Cancélelo con Cancelar_Recibo_Caja, con sus pagos; si ha de valer, captúrelo de nuevo. Si nombra un depósito en el "
+    "que no está, vacíe antes ese folio en sus renglones; si parte de él ya está cancelada, ponga los demás "
+    "en 'CA'.";
+
 constexpr Audit_rule receipts[] = {
-    {"recibo-cerrado-a-medias", "Recibo de caja", "importe del recibo", nullptr,
-     "Cancélelo con Cancelar_Recibo_Caja, con sus pagos; si ha de valer, captúrelo de nuevo.",
+    {"recibo-cerrado-a-medias", "Recibo de caja", "importe del recibo", nullptr, cancel_and_capture,
      "SELECT Recibo_Pago.Rp_Folio AS Documento, SUM(Recibo_Pago.Rp_Importe) AS Primero "
      "FROM Recibo_Pago "
      "WHERE Recibo_Pago.Es_Cve_Estado <> 'CA' AND "
@@ -26,8 +30,7 @@ constexpr Audit_rule receipts[] = {
      "ORDER BY Recibo_Pago.Rp_Folio"},
     // Those that a closing applies: payments and advance of a customer, payables of a supplier.
     {"recibo-y-aplicacion-difieren", "Recibo de caja", "importe del recibo",
-     "pagos, anticipos y cuentas por pagar vivos",
-     "Cancélelo con Cancelar_Recibo_Caja, con sus pagos; si ha de valer, captúrelo de nuevo.",
+     "pagos, anticipos y cuentas por pagar vivos", cancel_and_capture,
      "SELECT Recibo_Pago.Rp_Folio AS Documento, SUM(Recibo_Pago.Rp_Importe) AS Primero, "
      "   (SELECT ISNULL(SUM(Pc_Importe_Pago),0) FROM Pago_Cxc WHERE Pc_Documento = Recibo_Pago.Rp_Folio AND "
      "      Pc_Tabla = 'RECIBO_PAGO' AND Pago_Cxc.Es_Cve_Estado <> 'CA') + "
@@ -49,8 +52,7 @@ constexpr Audit_rule receipts[] = {
      "      Cxp_Tabla = 'RECIBO_PAGO' AND Cuenta_x_Pagar.Es_Cve_Estado <> 'CA')) >= 0.005 "
      "ORDER BY Recibo_Pago.Rp_Folio"},
     // A closing makes one receivable per payment method of that customer.
-    {"recibo-y-cuentas-por-cobrar-difieren", "Recibo de caja", nullptr, nullptr,
-     "Cancélelo con Cancelar_Recibo_Caja, con sus pagos; si ha de valer, captúrelo de nuevo.",
+    {"recibo-y-cuentas-por-cobrar-difieren", "Recibo de caja", nullptr, nullptr, cancel_and_capture,
      "SELECT Cuenta_x_Cobrar.Cxc_Documento AS Documento, "
      "   'sus cuentas por cobrar vivas no son las de sus formas de pago' AS Detalle "
      "FROM Cuenta_x_Cobrar "

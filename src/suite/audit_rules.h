@@ -2,6 +2,7 @@
 #pragma once
 
 #include <span>
+#include <vector>
 
 namespace cuvexa::reference {
 
@@ -26,5 +27,8 @@ std::span<const Audit_rule> receipt_rules();
 std::span<const Audit_rule> request_rules();
 std::span<const Audit_rule> ledger_rules();
 std::span<const Audit_rule> voucher_rules();
+
+/// All of them, in the order in which they are checked.
+std::vector<Audit_rule> all_rules();
 
 }  // namespace cuvexa::reference

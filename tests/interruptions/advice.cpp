@@ -2,10 +2,13 @@
 // hand where it names a column.
 #include "interruptions/advice.h"
 
+#include <algorithm>
+#include <cstring>
 #include <functional>
 #include <map>
 
 #include "core/rows.h"
+#include "suite/audit_rules.h"
 
 namespace cuvexa::tests {
 namespace {
@@ -34,6 +37,16 @@ Advice by_hand(const std::string& statement) {
 bool cancel_receipt(const Desk& desk, const std::string& folio) {
     return desk.treasury.Cancelar_Recibo_Caja(before_mark(folio, '/'), true, true);
 }
+/// A caller may have captured it with the folio of a deposit that nobody made, or that is another's.
+bool cancel_whatever_it_names(const Desk& desk, const std::string& folio) {
+    desk.connection.execute("UPDATE Recibo_Pago SET Rp_Folio_Deposito = '' WHERE Rp_Folio = '" + folio +
+                            "' AND Es_Cve_Estado NOT IN ('DP', 'AD')");
+    if (cancel_receipt(desk, folio)) return true;
+    const std::string lines = "Recibo_Pago WHERE Rp_Folio = '" + folio + "' AND Es_Cve_Estado = 'CA'";
+    if (desk.text("SELECT COUNT(*) AS Valor FROM " + lines) == "0") return false;
+    desk.connection.execute("UPDATE Recibo_Pago SET Es_Cve_Estado = 'CA' WHERE Rp_Folio = '" + folio + "'");
+    return true;
+}
 bool cancel_deposit(const Desk& desk, const std::string& folio) {
     return desk.treasury.Cancelar_Deposito(before_mark(folio, '/'));
 }
@@ -43,8 +56,26 @@ bool cancel_movement(const Desk& desk, const std::string& folio) {
 bool cancel_check(const Desk& desk, const std::string& folio) {
     return desk.treasury.Cancelar_Cheque(folio);
 }
+bool cancel_payment(const Desk& desk, const std::string& payment) {
+    return desk.suite.new_accounts_receivable()->CancelPayment(before_mark(payment, ':'), after_mark(payment, ':'));
+}
+
+/// Does what the refusal says: a receivable that was paid since has its payments cancelled.
+bool cancel_named_payments(const Desk& desk, const std::string& refusal) {
+    const std::string receivable = "La cuenta por cobrar: ", paid = ", tiene pagos aplicados; cancele antes sus pagos";
+    const auto begin = refusal.find(receivable), end = refusal.find(paid);
+    if (begin == std::string::npos || end == std::string::npos) return false;
+    const std::string folio = refusal.substr(begin + receivable.size(), end - begin - receivable.size());
+    const auto payments = desk.texts("SELECT Cxc_Folio + ':' + Pc_ID AS Valor FROM Pago_Cxc WHERE Cxc_Folio = '" +
+                                     folio + "' AND Es_Cve_Estado <> 'CA'");
+    return std::all_of(payments.begin(), payments.end(),
+                       [&](const std::string& payment) { return cancel_payment(desk, payment); });
+}
+
 bool take_application_back(const Desk& desk, const std::string& folio) {
-    return desk.treasury.Cancelar_Aplicacion_Cheque(before_mark(folio, '/'));
+    const std::string check = before_mark(folio, '/');
+    if (desk.treasury.Cancelar_Aplicacion_Cheque(check)) return true;
+    return cancel_named_payments(desk, desk.treasury.Error()) && desk.treasury.Cancelar_Aplicacion_Cheque(check);
 }
 
 bool give_movement(const Desk& desk, const std::string& folio) {
@@ -91,10 +122,6 @@ bool cancel_document(const Desk& desk, const std::string& folio) {
     if (folio.starts_with("DP-")) return cancel_deposit(desk, folio);
     if (folio.starts_with("CH-")) return cancel_check(desk, folio);
     return cancel_with_document(desk, folio);
-}
-
-bool cancel_payment(const Desk& desk, const std::string& payment) {
-    return desk.suite.new_accounts_receivable()->CancelPayment(before_mark(payment, ':'), after_mark(payment, ':'));
 }
 
 bool cancel_what_a_closing_left(const Desk& desk, const std::string& receipt) {
@@ -156,9 +183,9 @@ const std::map<std::string, Advice>& advices() {
         {"recibo-sin-deposito",
          by_hand("UPDATE Recibo_Pago SET Es_Cve_Estado = CASE Es_Cve_Estado WHEN 'AD' THEN 'AP' ELSE 'AC' END, "
                  "Rp_Folio_Deposito = '', Rp_Deposito_ID = '' WHERE Rp_Folio + '/' + Rp_Id = '?'")},
-        {"recibo-cerrado-a-medias", cancel_receipt},
-        {"recibo-y-aplicacion-difieren", cancel_receipt},
-        {"recibo-y-cuentas-por-cobrar-difieren", cancel_receipt},
+        {"recibo-cerrado-a-medias", cancel_whatever_it_names},
+        {"recibo-y-aplicacion-difieren", cancel_whatever_it_names},
+        {"recibo-y-cuentas-por-cobrar-difieren", cancel_whatever_it_names},
         {"aplicacion-de-recibo-cancelado", cancel_what_a_closing_left},
         {"solicitud-cancelada-a-medias",
          [](const Desk& desk, const std::string& folio) { return desk.treasury.Cancelar_Solicitud_Cheque(folio); }},
@@ -191,12 +218,20 @@ std::string told(const std::vector<Finding>& findings) {
     return text;
 }
 
+/// What stands behind the kind of the document; a folio may have blanks, as its branch has.
+std::string folio_of(const Finding& finding) {
+    for (const reference::Audit_rule& rule : reference::all_rules()) {
+        if (rule.name != finding.check || rule.document == nullptr) continue;
+        return finding.document.substr(std::strlen(rule.document) + 1);
+    }
+    return finding.document.substr(finding.document.rfind(' ') + 1);
+}
+
 /// Gives "" or why it could not be followed.
 std::string follow(const Desk& desk, const Finding& finding) {
     const auto advice = advices().find(finding.check);
     if (advice == advices().end()) return "nobody knows how to follow the advice of " + finding.check;
-    const std::string folio = finding.document.substr(finding.document.rfind(' ') + 1);
-    return advice->second(desk, folio) ? "" : desk.treasury.Error();
+    return advice->second(desk, folio_of(finding)) ? "" : desk.treasury.Error();
 }
 
 }  // namespace
