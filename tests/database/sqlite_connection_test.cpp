@@ -39,6 +39,22 @@ TEST_F(Sqlite, a_value_comes_back_with_the_type_of_its_column) {
     EXPECT_TRUE(is_null(rows->field("Texto")));
 }
 
+TEST_F(Sqlite, a_file_that_is_damaged_is_told_as_that) {
+    const Database_file file;
+    {
+        Sqlite_connection whole = file.open();
+        whole.execute("CREATE TABLE T (Id int PRIMARY KEY, Texto varchar(100))");
+        for (int i = 0; i < 200; ++i) {
+            whole.execute("INSERT INTO T VALUES (" + std::to_string(i) + ", '" + std::string(90, 'x') + "')");
+        }
+    }
+    std::fstream damaged(file.path(), std::ios::in | std::ios::out | std::ios::binary);
+    damaged.seekp(4096);  // the first page stays, and with it what tells a database
+    damaged << std::string(3 * 4096, '\x7f') << std::flush;
+    Sqlite_connection connection = file.open();
+    EXPECT_THAT(failure(connection, "SELECT Texto FROM T"), StartsWith("El archivo de la base de datos está dañado ("));
+}
+
 TEST_F(Sqlite, a_column_is_found_whatever_the_case_and_the_first_of_several_wins) {
     db.execute("INSERT INTO T VALUES (1, 'a', 0, NULL)");
     db.execute("INSERT INTO T VALUES (2, 'b', 0, NULL)");

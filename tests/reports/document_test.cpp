@@ -165,6 +165,20 @@ TEST_F(Reports_document, a_request_leads_to_the_check_that_pays_it) {
     expect_links_both_ways("requests", request);
 }
 
+TEST_F(Reports_document, a_request_tells_who_authorized_it) {
+    company.set_parameter("TES_AUTORIZAR_SOLICITUD_CHEQUE", "1");
+    company.treasury().SchEncabezado(Company::request_header());
+    ASSERT_TRUE(company.treasury().Add_Solicitud_Cheque()) << company.treasury().Error();
+    const std::string request = company.treasury().SchEncabezado().Sch_Folio;
+    EXPECT_THAT(life(page("requests", request)), ElementsAre("Captura PXA"));
+    company.connection().execute("UPDATE Solicitud_Cheque SET Oper_Alta = 'ANA', Fecha_Alta = '2024-03-14T09:00:00'");
+    ASSERT_TRUE(company.treasury().Autorizar_Solicitud_Cheque(request)) << company.treasury().Error();
+    const Document authorized = page("requests", request);
+    EXPECT_THAT(life(authorized), ElementsAre("Captura", "Autorización AC"));
+    EXPECT_EQ(authorized.life[0].who, "ANA");
+    EXPECT_EQ(authorized.life[1].who, "CAJA1");
+}
+
 TEST_F(Reports_document, what_is_not_there_has_no_page) {
     EXPECT_FALSE(read_document({company.connection()}, *reports::find_view("receipts"), "RP-MTY-00000001"));
     EXPECT_FALSE(read_document({company.connection()}, *reports::find_view("receipts"), "' OR '1'='1"));

@@ -163,6 +163,9 @@ TEST_F(Service_access, a_name_is_given_once_and_a_broken_file_is_refused) {
     EXPECT_THROW(token({"two\nlines"}), service::Token_error);
     EXPECT_THROW(token({"deleted\x7F"}), service::Token_error);
     EXPECT_THROW(service::Token_file((folder / "nowhere" / "tokens.json").string()).add({"eva"}), service::Token_error);
+    std::filesystem::create_directory(options.tokens + ".nuevo");
+    EXPECT_THROW(token({"eva"}), service::Token_error) << "it is written beside, and put in place whole";
+    std::filesystem::remove(options.tokens + ".nuevo");
     EXPECT_THROW(token({std::string(61, 'x')}), service::Token_error);
     EXPECT_THROW(service::Token_file(options.tokens).remove("nobody"), service::Token_error);
     EXPECT_THAT(service::Token_file(options.tokens).list(), ElementsAre(service::Token{"ana"}));

@@ -121,6 +121,9 @@ TEST_F(Service_unit, what_is_no_request_is_told_so) {
     EXPECT_EQ(Json::parse(post_as(bearer, "[]")->body)["error"]["code"], -32600);
     EXPECT_EQ(post_as(bearer, "[]")->status, 400);
     EXPECT_EQ(Json::parse(post_as(bearer, "5")->body)["error"]["code"], -32600);
+    EXPECT_EQ(Json::parse(
+                  post_as(bearer, R"({"jsonrpc":"2.0","id":1,"method":"x","params":[1e999]})")->body)["error"]["code"],
+              -32700);
     Json quiet = create(1);
     quiet.erase("id");
     const auto answered = post(quiet);
@@ -203,6 +206,37 @@ TEST_F(Service_unit, more_than_may_be_at_work_are_told_to_come_again) {
     EXPECT_EQ(get("/healthz")->status, 200) << "whether it is alive is told all the same";
 }
 
+TEST_F(Service_unit, who_finds_no_session_in_time_is_told_to_come_again_and_the_service_is_not_ready) {
+    options.connections = 0;
+    options.time = std::chrono::milliseconds(1);
+    start();
+    for (const auto& refused : {get("/accounts"), get("/requests-done/k"), post(receipt())}) {
+        ASSERT_TRUE(refused);
+        EXPECT_EQ(refused->status, 503);
+        EXPECT_EQ(refused->get_header_value("Retry-After"), "1");
+        EXPECT_THAT(refused->body, HasSubstr("too many requests at once; nothing was done"));
+    }
+    EXPECT_EQ(get("/readyz")->status, 503);
+}
+
+TEST_F(Service_unit, a_database_that_is_gone_is_told_and_found_again) {
+    start();
+    const std::filesystem::path file = folder / "company.db";
+    std::filesystem::rename(file, folder / "elsewhere.db");
+    for (const auto& refused : {get("/accounts"), post(receipt())}) {
+        ASSERT_TRUE(refused);
+        EXPECT_EQ(refused->status, 503);
+        EXPECT_THAT(refused->body, HasSubstr("the database does not open; nothing was done"));
+        EXPECT_THAT(refused->body, Not(HasSubstr("company.db"))) << "the log tells where it is looked for";
+    }
+    EXPECT_EQ(get("/readyz")->status, 503);
+    std::filesystem::rename(folder / "elsewhere.db", file);
+    EXPECT_EQ(get("/accounts")->status, 200);
+    EXPECT_EQ(get("/readyz")->status, 200);
+    stop();
+    EXPECT_THAT(log.str(), HasSubstr("company.db"));
+}
+
 TEST_F(Service_unit, the_log_and_the_metrics_tell_what_was_called_and_no_values) {
     start();
     post(batch_of(receipt(4711.25), deposit("NO-SUCH")));
@@ -239,6 +273,7 @@ TEST(Service_watched_connection, knows_a_lost_connection_from_a_full_disk_and_fr
     EXPECT_FALSE(lost.found_disk_full());
     lost.watch(service::Clock::time_point::max());
     EXPECT_FALSE(lost.was_lost()) << "each request begins anew";
+    EXPECT_FALSE(lost.is_alive());
 
     Failing<Database_error> failing;
     service::Watched_connection full(failing);
