@@ -2,12 +2,12 @@
 
 #include <cmath>
 #include <cstdio>
-#include <utility>
 
 #include "core/case.h"
 #include "core/codes.h"
 #include "suite/folio_series.h"
 #include "suite/kept_catalogs.h"
+#include "suite/kept_settings.h"
 #include "suite/schema_names.h"
 
 namespace cuvexa::reference {
@@ -15,8 +15,8 @@ namespace {
 
 constexpr std::size_t most_new_folios = 32;
 
-/// The question whose answer says that all settings were read.
-constexpr std::string_view all_settings = "*";
+/// Stands before the first of settings that were read together: one that is absent is not looked for again.
+constexpr std::string_view was_read = "*";
 
 }  // namespace
 
@@ -63,41 +63,88 @@ std::string Context::month_in_sql() const {
 
 // ---- Settings -------------------------------------------------------------------------------------------------------
 
-void Context::read_settings() {
-    Rows rows = query(
-        "SELECT 'Parametro_Sistema' AS Tabla, Ps_Nombre AS Nombre, Ps_Valor AS Valor{} FROM Parametro_Sistema "
-        "UNION ALL SELECT 'Configuracion_Contable', Ct_Codigo, Ct_Automatica{} FROM Configuracion_Contable "
-        "UNION ALL SELECT 'Servidor_Suite', 'Sv_Servidor_Id', Sv_Servidor_Id{} FROM Servidor_Suite WHERE Sv_Llave = 1 "
-        "UNION ALL SELECT 'Servidor_Suite', 'Sv_Replica', Sv_Replica{} FROM Servidor_Suite WHERE Sv_Llave = 1",
-        Raw{time_column()}, Raw{time_column()}, Raw{time_column()}, Raw{time_column()});
-    memory_.keep({all_settings}, {});
-    for (bool first = true; !rows.eof(); rows.next()) {
-        if (std::exchange(first, false)) time_of(rows);
-        memory_.keep({rows.text("Tabla"), rows.text("Nombre")}, rows.text("Valor"));
+/// Reads what is asked for in the same operations by one statement, with the time.
+void Context::read_with(const Setting& asked) {
+    if (is_due(start_settings, asked)) {
+        keep(start_settings,
+             query("SELECT (SELECT Sv_Servidor_Id FROM Servidor_Suite WHERE Sv_Llave = 1) AS Sv_Servidor_Id, "
+                   "(SELECT Ps_Valor FROM Parametro_Sistema WHERE Ps_Nombre = 'TES_REDONDEA_IMPORTE_CHEQUE') AS "
+                   "TES_REDONDEA_IMPORTE_CHEQUE, "
+                   "(SELECT Ps_Valor FROM Parametro_Sistema WHERE Ps_Nombre = 'TES_FORMA_PAGO_CHEQUE') AS "
+                   "TES_FORMA_PAGO_CHEQUE, "
+                   "(SELECT Ps_Valor FROM Parametro_Sistema WHERE Ps_Nombre = 'TES_FORMA_PAGO_TRANSFERENCIA') AS "
+                   "TES_FORMA_PAGO_TRANSFERENCIA, "
+                   "(SELECT Ps_Valor FROM Parametro_Sistema WHERE Ps_Nombre = 'FIN_MONEDA_LOCAL') AS FIN_MONEDA_LOCAL, "
+                   "(SELECT Ps_Valor FROM Parametro_Sistema WHERE Ps_Nombre = 'GEN_FORZAR_TIEMPO_REAL') AS "
+                   "GEN_FORZAR_TIEMPO_REAL, "
+                   "(SELECT Ps_Valor FROM Parametro_Sistema WHERE Ps_Nombre = 'TES_AUTORIZAR_SOLICITUD_CHEQUE') AS "
+                   "TES_AUTORIZAR_SOLICITUD_CHEQUE{}",
+                   Raw{time_column()}));
+    } else if (is_due(capture_settings, asked)) {
+        keep(capture_settings,
+             query("SELECT (SELECT Sv_Replica FROM Servidor_Suite WHERE Sv_Llave = 1) AS Sv_Replica, "
+                   "(SELECT Ps_Valor FROM Parametro_Sistema WHERE Ps_Nombre = 'GEN_VALIDAR_PERIODO_OPERATIVO') AS "
+                   "GEN_VALIDAR_PERIODO_OPERATIVO{}",
+                   Raw{time_column()}));
+    } else if (is_due(deposit_settings, asked)) {
+        keep(
+            deposit_settings,
+            query(
+                "SELECT (SELECT Ps_Valor FROM Parametro_Sistema WHERE Ps_Nombre = 'TES_MOVIMIENTO_DEPOSITO') AS "
+                "TES_MOVIMIENTO_DEPOSITO, "
+                "(SELECT Ct_Automatica FROM Configuracion_Contable WHERE Ct_Codigo = 'DEPOSITO_PAGO') AS DEPOSITO_PAGO, "
+                "(SELECT Ct_Automatica FROM Configuracion_Contable WHERE Ct_Codigo = 'BANCO_MOVIMIENTO') AS "
+                "BANCO_MOVIMIENTO{}",
+                Raw{time_column()}));
+    } else if (is_due(check_settings, asked)) {
+        keep(check_settings,
+             query("SELECT (SELECT Ps_Valor FROM Parametro_Sistema WHERE Ps_Nombre = 'TES_MOVIMIENTO_CHEQUE') AS "
+                   "TES_MOVIMIENTO_CHEQUE, "
+                   "(SELECT Ps_Valor FROM Parametro_Sistema WHERE Ps_Nombre = 'TES_MOVIMIENTO_TRANSFERENCIA') AS "
+                   "TES_MOVIMIENTO_TRANSFERENCIA, "
+                   "(SELECT Ct_Automatica FROM Configuracion_Contable WHERE Ct_Codigo = 'CHEQUE') AS CHEQUE, "
+                   "(SELECT Ct_Automatica FROM Configuracion_Contable WHERE Ct_Codigo = 'BANCO_MOVIMIENTO') AS "
+                   "BANCO_MOVIMIENTO{}",
+                   Raw{time_column()}));
     }
 }
 
-/// None outside an operation, and where the name does not stand letter by letter: the server may find it in another spelling.
-const std::string* Context::setting(std::string_view table, std::string_view name) {
+void Context::keep(std::span<const Setting> settings, const Rows& row) {
+    time_of(row);
+    for (const Setting& each : settings) {
+        const Value value = row.value(each.name);
+        if (!is_null(value)) memory_.keep({each.kind, each.name}, to_text(value));
+    }
+    memory_.keep({was_read, settings.front().name}, {});
+}
+
+/// Whether it is one of them, and they were not read.
+bool Context::is_due(std::span<const Setting> settings, const Setting& asked) const {
+    return lists(settings, asked) && memory_.answer({was_read, settings.front().name}) == nullptr;
+}
+
+/// None outside an operation, and for what is not among those that are read together, or absent.
+const std::string* Context::setting(const Setting& asked) {
     if (!memory_.lasts()) return nullptr;
-    if (memory_.answer({all_settings}) == nullptr) read_settings();
-    return memory_.answer({table, name});
+    if (const std::string* const known = memory_.answer({asked.kind, asked.name})) return known;
+    read_with(asked);
+    return memory_.answer({asked.kind, asked.name});
 }
 
 std::string Context::parameter(std::string_view name, std::string_view fallback) {
-    if (const std::string* const value = setting("Parametro_Sistema", name)) return *value;
+    if (const std::string* const value = setting({Setting::parameter, name})) return *value;
     const Rows rows = query("SELECT Ps_Valor FROM Parametro_Sistema WHERE Ps_Nombre = '{}'", name);
     return rows.eof() ? std::string(fallback) : rows.text("Ps_Valor");
 }
 
 bool Context::posts_automatically(std::string_view document_code) {
-    if (const std::string* const value = setting("Configuracion_Contable", document_code)) return *value == "SI";
+    if (const std::string* const value = setting({Setting::posting, document_code})) return *value == "SI";
     const Rows rows = query("SELECT Ct_Automatica FROM Configuracion_Contable WHERE Ct_Codigo = '{}'", document_code);
     return !rows.eof() && rows.text("Ct_Automatica") == "SI";
 }
 
 std::string Context::of_this_server(std::string_view column) {
-    if (const std::string* const value = setting("Servidor_Suite", column)) return *value;
+    if (const std::string* const value = setting({Setting::server, column})) return *value;
     const Rows rows = query("SELECT {} FROM Servidor_Suite WHERE Sv_Llave = 1", Raw{column});
     return rows.eof() ? std::string() : rows.text(column);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <deque>
+#include <span>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -15,6 +16,7 @@
 namespace cuvexa::reference {
 
 struct Kept_catalog;
+struct Setting;
 
 /// A business refusal on its way to `LastError`.
 struct Refusal {
@@ -111,8 +113,10 @@ public:
     bool is_period_closed(Date date, std::string_view module);
 
 private:
-    const std::string* setting(std::string_view table, std::string_view name);
-    void read_settings();
+    const std::string* setting(const Setting& asked);
+    void read_with(const Setting& asked);
+    bool is_due(std::span<const Setting> settings, const Setting& asked) const;
+    void keep(std::span<const Setting> settings, const Rows& row);
     Rows active_row(std::string_view columns, std::string_view key_column, std::string_view key, std::string_view table,
                     std::string_view condition);
     std::string look_up_in(const Kept_catalog& catalog, std::string_view column, std::string_view key_column,

@@ -1,5 +1,7 @@
 #include "suite/operation_memory.h"
 
+#include <algorithm>
+
 namespace cuvexa::reference {
 namespace {
 
@@ -22,13 +24,15 @@ bool Operation_memory::lasts() {
 }
 
 const std::string* Operation_memory::answer(Question question) const {
-    const auto found = answers_.find(key_of(question));
-    return found == answers_.end() ? nullptr : &found->second;
+    const std::string key = key_of(question);
+    const auto found =
+        std::find_if(answers_.begin(), answers_.end(), [&](const Answer& each) { return each.question == key; });
+    return found == answers_.end() ? nullptr : &found->text;
 }
 
-void Operation_memory::keep(Question question, std::string answer) {
+void Operation_memory::keep(Question question, std::string text) {
     if (answers_.empty()) since_.begin();
-    answers_.insert_or_assign(key_of(question), std::move(answer));
+    answers_.push_back({key_of(question), std::move(text)});
 }
 
 }  // namespace cuvexa::reference

@@ -2,10 +2,10 @@
 #pragma once
 
 #include <initializer_list>
-#include <map>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "suite/server_clock.h"
 
@@ -28,14 +28,17 @@ public:
 
     /// None when it was not kept.
     const std::string* answer(Question question) const;
-    void keep(Question question, std::string answer);
+    void keep(Question question, std::string text);
 
     /// Where it reads how many seconds old it is, for tests.
     void read_from(Stopwatch::Seconds seconds) { since_.read_from(std::move(seconds)); }
 
 private:
     int depth_ = 0;
-    std::map<std::string, std::string, std::less<>> answers_;
+    struct Answer {
+        std::string question, text;
+    };
+    std::vector<Answer> answers_;  ///< some thirty: sooner looked through than put in order
     Stopwatch since_;
 };
 

@@ -38,8 +38,9 @@ std::vector<Case> session_cases() {
         asking("GetParameter, in an operation", {},
                [](Company& company) {
                    in_an_operation(company, [&] {
-                       company.suite()->session()->GetParameter("FIN_MONEDA_LOCAL", 0, "", "");
                        company.suite()->session()->GetServerId();
+                       company.suite()->session()->IsReplicaServer();
+                       company.suite()->session()->GetParameter("TES_MOVIMIENTO_DEPOSITO", 0, "", "");
                        company.suite()->new_accounting()->IsPostingEnabled("CHEQUE");
                    });
                }),

@@ -52,18 +52,36 @@ private:
     double seconds_ = 0;
 };
 
-TEST_F(Operation_memory, all_settings_and_the_time_are_one_statement) {
+TEST_F(Operation_memory, settings_that_are_asked_for_one_after_the_other_are_one_statement_with_the_time) {
     suite.set_server_date(std::nullopt);
     begin();
     EXPECT_EQ(statements_of([&] {
-                  EXPECT_EQ(parameter("FIN_MONEDA_LOCAL"), "MXN");
                   EXPECT_EQ(parameter("TES_MOVIMIENTO_DEPOSITO"), "DEP");
-                  EXPECT_FALSE(posts("CHEQUE"));
-                  EXPECT_EQ(session().GetServerId(), "CENTRAL");
-                  EXPECT_FALSE(session().IsReplicaServer());
+                  EXPECT_FALSE(posts("DEPOSITO_PAGO"));
+                  EXPECT_FALSE(posts("BANCO_MOVIMIENTO"));
                   EXPECT_GE(suite.data()->GetServerDate(), local_today());
               }),
               1u);
+    EXPECT_EQ(statements_of([&] {
+                  EXPECT_FALSE(session().IsReplicaServer());
+                  EXPECT_NE(parameter("GEN_VALIDAR_PERIODO_OPERATIVO"), "absent");
+                  EXPECT_EQ(parameter("TES_MOVIMIENTO_CHEQUE"), "CHQ");
+                  EXPECT_EQ(parameter("TES_MOVIMIENTO_TRANSFERENCIA"), "TRF");
+                  EXPECT_FALSE(posts("CHEQUE"));
+              }),
+              2u);
+    end();
+}
+
+TEST_F(Operation_memory, what_is_absent_is_looked_for_by_itself) {
+    sql("DELETE FROM Parametro_Sistema WHERE Ps_Nombre = 'TES_MOVIMIENTO_CHEQUE'");
+    begin();
+    EXPECT_EQ(statements_of([&] {
+                  EXPECT_EQ(parameter("TES_MOVIMIENTO_CHEQUE"), "absent");
+                  EXPECT_EQ(parameter("TES_MOVIMIENTO_TRANSFERENCIA"), "TRF");
+                  EXPECT_EQ(parameter("TES_MOVIMIENTO_CHEQUE"), "absent");
+              }),
+              3u);
     end();
 }
 
@@ -156,7 +174,7 @@ TEST_F(Operation_memory, a_failure_is_not_kept) {
 TEST_F(Operation_memory, members_and_the_start_of_a_module_say_where_they_begin_and_end) {
     company.wire().clear();
     Module module(company.suite());
-    EXPECT_EQ(company.wire().count(), 1u) << "parameters and server";
+    EXPECT_EQ(company.wire().count(), 2u) << "the server and six parameters, and what stands with the seventh";
     sql("UPDATE Parametro_Sistema SET Ps_Valor = 'SI' WHERE Ps_Nombre = 'GEN_VALIDAR_PERIODO_OPERATIVO'");
     sql("UPDATE Periodo_Operativo SET Po_Estado = 'CERRADO'");
     EXPECT_THAT(captured(), HasSubstr("está cerrado"));
