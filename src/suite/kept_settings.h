@@ -6,6 +6,8 @@
 #include <span>
 #include <string_view>
 
+#include "core/codes.h"
+
 namespace cuvexa::reference {
 
 struct Setting {
@@ -36,20 +38,20 @@ inline constexpr std::array capture_settings{
 /// When receipts are deposited, or are not after all.
 inline constexpr std::array deposit_settings{
     Setting{Setting::parameter, "TES_MOVIMIENTO_DEPOSITO"},
-    Setting{Setting::posting, "DEPOSITO_PAGO"},
-    Setting{Setting::posting, "BANCO_MOVIMIENTO"},
+    Setting{Setting::posting, document::deposit},
+    Setting{Setting::posting, document::bank_movement},
 };
 
 /// When a check is created or cancelled.
 inline constexpr std::array check_settings{
     Setting{Setting::parameter, "TES_MOVIMIENTO_CHEQUE"},
     Setting{Setting::parameter, "TES_MOVIMIENTO_TRANSFERENCIA"},
-    Setting{Setting::posting, "CHEQUE"},
-    Setting{Setting::posting, "BANCO_MOVIMIENTO"},
+    Setting{Setting::posting, document::check},
+    Setting{Setting::posting, document::bank_movement},
 };
 
 /// Asked for by itself it says nothing of what comes, and is read alone.
-inline constexpr Setting common_setting{Setting::posting, "BANCO_MOVIMIENTO"};
+inline constexpr Setting common_setting{Setting::posting, document::bank_movement};
 
 inline bool lists(std::span<const Setting> settings, const Setting& one) {
     return one != common_setting && std::find(settings.begin(), settings.end(), one) != settings.end();

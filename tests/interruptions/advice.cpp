@@ -53,7 +53,12 @@ bool cancel_deposit(const Desk& desk, const std::string& folio) {
 bool cancel_movement(const Desk& desk, const std::string& folio) {
     return desk.treasury.Cancelar_Movimiento_Bancos(folio);
 }
+/// A caller may have named a payable with an apostrophe, which then stands in the way of every statement about it.
 bool cancel_check(const Desk& desk, const std::string& folio) {
+    if (desk.treasury.Cancelar_Cheque(folio)) return true;
+    if (desk.treasury.Error().find("lleva un apóstrofo") == std::string::npos) return false;
+    desk.connection.execute("UPDATE Cheque_x_Aplicar SET Cxp_Folio = '' WHERE Ch_Folio = '" + folio +
+                            "' AND Cxp_Folio LIKE '%''%'");
     return desk.treasury.Cancelar_Cheque(folio);
 }
 bool cancel_payment(const Desk& desk, const std::string& payment) {
