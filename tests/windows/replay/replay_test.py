@@ -4,7 +4,8 @@
 
 Every script runs on a fresh sample company three times: in the program for this machine, and in the library of WINDOWS_BIN over
 its own reference suite and over the one that CuvexaSuite.dll publishes. The answers must be the same byte for byte, the
-databases row by row, the statements text by text.
+databases row by row, the statements text by text; but for the look-ups of the published suite, which nobody tells where
+an operation begins: it reads one by one what the other reads together.
 
 The scripts: the first session of the examples, a row of refusals written here, and random sequences of the property tests.
 """
@@ -12,6 +13,7 @@ The scripts: the first session of the examples, a row of refusals written here, 
 import json
 import os
 import pathlib
+import re
 import shutil
 import sqlite3
 import subprocess
@@ -22,6 +24,8 @@ SKIP = 1 if os.environ.get("CUVEXA_TEST_MUST_RUN") else 77
 SEEDS = (1, 2, 3)
 SERVER_DATE = "2024-03-15T10:20:30"
 USER = "MARÍA"
+LOOKED_UP = {"parametro_sistema", "servidor_suite", "configuracion_contable", "banco_tipo_movimiento", "cliente", "proveedor",
+             "sucursal", "tipo_cheque"}
 
 
 def request(number, method, **params):
@@ -80,6 +84,14 @@ def statements(trace):
     return [json.loads(line).get("text", line) for line in trace.read_text(encoding="utf-8").splitlines()]
 
 
+def without_look_ups(texts):
+    def looks_up(text):
+        tables = {table.lower() for table in re.findall(r"\bFROM (\w+)", text)}
+        return text.startswith("SELECT ") and bool(tables) and tables <= LOOKED_UP
+
+    return [text for text in texts if not looks_up(text)]
+
+
 def dump(database):
     with sqlite3.connect(database) as connection:
         return list(connection.iterdump())
@@ -121,6 +133,8 @@ class Replay:
                         lambda database, trace: [self.with_wine, self.windows / "cuvexa_windows_replay.exe"], self.environment)
 
     def compare(self, name, door, expected, found):
+        if door == "CuvexaSuite":
+            expected, found = ((answers, without_look_ups(texts), rows) for answers, texts, rows in (expected, found))
         for what, ours, theirs in zip(("answers", "statements", "rows"), expected, found):
             if ours == theirs:
                 continue
