@@ -22,7 +22,7 @@ target_link_libraries(cuvexa_simulator_tests PRIVATE cuvexa_simulator GTest::gte
 if(TARGET cuvexa)
     add_dependencies(cuvexa_simulator_tests cuvexa)
 endif()
-gtest_discover_tests(cuvexa_simulator_tests DISCOVERY_TIMEOUT 60)
+cuvexa_run_tests_of(cuvexa_simulator_tests)
 
 # Some 15 seconds each where the component is optimized; elsewhere a tenth of the calls.
 set(calls 3000)
