@@ -15,7 +15,7 @@ namespace cuvexa::reference {
 /// Only for what no operation changes.
 class Operation_memory {
 public:
-    /// What was asked for: a table, and in it a key, a column.
+    /// What was asked for: a table, a key and a column of it; or a kind of setting and its name.
     using Question = std::initializer_list<std::string_view>;
 
     /// An operation that another one calls is part of it.
@@ -38,7 +38,7 @@ private:
     struct Answer {
         std::string question, text;
     };
-    std::vector<Answer> answers_;  ///< some thirty: sooner looked through than put in order
+    std::vector<Answer> answers_;  ///< few: sooner looked through than put in order
     Stopwatch since_;
 };
 
