@@ -1,5 +1,6 @@
 #include "suite/context.h"
 
+#include <array>
 #include <cmath>
 #include <cstdio>
 
@@ -17,6 +18,25 @@ constexpr std::size_t most_new_folios = 32;
 
 /// Stands before the first of settings that were read together: one that is absent is not looked for again.
 constexpr std::string_view was_read = "*";
+
+std::string column_of(const Setting& setting) {
+    if (setting.kind == Setting::parameter) {
+        return sql("(SELECT Ps_Valor FROM Parametro_Sistema WHERE Ps_Nombre = '{}') AS {}", setting.name,
+                   Raw{setting.name});
+    }
+    if (setting.kind == Setting::posting) {
+        return sql("(SELECT Ct_Automatica FROM Configuracion_Contable WHERE Ct_Codigo = '{}') AS {}", setting.name,
+                   Raw{setting.name});
+    }
+    return sql("(SELECT {} FROM Servidor_Suite WHERE Sv_Llave = 1) AS {}", Raw{setting.name}, Raw{setting.name});
+}
+
+/// Each setting as a column of its name, empty where it is absent.
+std::string columns_of(std::span<const Setting> settings) {
+    std::string columns;
+    for (const Setting& each : settings) columns.append(columns.empty() ? "" : ", ").append(column_of(each));
+    return columns;
+}
 
 }  // namespace
 
@@ -65,47 +85,16 @@ std::string Context::month_in_sql() const {
 
 /// Reads what is asked for in the same operations by one statement, with the time.
 void Context::read_with(const Setting& asked) {
-    if (is_due(start_settings, asked)) {
-        keep(start_settings,
-             query("SELECT (SELECT Sv_Servidor_Id FROM Servidor_Suite WHERE Sv_Llave = 1) AS Sv_Servidor_Id, "
-                   "(SELECT Ps_Valor FROM Parametro_Sistema WHERE Ps_Nombre = 'TES_REDONDEA_IMPORTE_CHEQUE') AS "
-                   "TES_REDONDEA_IMPORTE_CHEQUE, "
-                   "(SELECT Ps_Valor FROM Parametro_Sistema WHERE Ps_Nombre = 'TES_FORMA_PAGO_CHEQUE') AS "
-                   "TES_FORMA_PAGO_CHEQUE, "
-                   "(SELECT Ps_Valor FROM Parametro_Sistema WHERE Ps_Nombre = 'TES_FORMA_PAGO_TRANSFERENCIA') AS "
-                   "TES_FORMA_PAGO_TRANSFERENCIA, "
-                   "(SELECT Ps_Valor FROM Parametro_Sistema WHERE Ps_Nombre = 'FIN_MONEDA_LOCAL') AS FIN_MONEDA_LOCAL, "
-                   "(SELECT Ps_Valor FROM Parametro_Sistema WHERE Ps_Nombre = 'GEN_FORZAR_TIEMPO_REAL') AS "
-                   "GEN_FORZAR_TIEMPO_REAL, "
-                   "(SELECT Ps_Valor FROM Parametro_Sistema WHERE Ps_Nombre = 'TES_AUTORIZAR_SOLICITUD_CHEQUE') AS "
-                   "TES_AUTORIZAR_SOLICITUD_CHEQUE{}",
-                   Raw{time_column()}));
-    } else if (is_due(capture_settings, asked)) {
-        keep(capture_settings,
-             query("SELECT (SELECT Sv_Replica FROM Servidor_Suite WHERE Sv_Llave = 1) AS Sv_Replica, "
-                   "(SELECT Ps_Valor FROM Parametro_Sistema WHERE Ps_Nombre = 'GEN_VALIDAR_PERIODO_OPERATIVO') AS "
-                   "GEN_VALIDAR_PERIODO_OPERATIVO{}",
-                   Raw{time_column()}));
-    } else if (is_due(deposit_settings, asked)) {
-        keep(
-            deposit_settings,
-            query(
-                "SELECT (SELECT Ps_Valor FROM Parametro_Sistema WHERE Ps_Nombre = 'TES_MOVIMIENTO_DEPOSITO') AS "
-                "TES_MOVIMIENTO_DEPOSITO, "
-                "(SELECT Ct_Automatica FROM Configuracion_Contable WHERE Ct_Codigo = 'DEPOSITO_PAGO') AS DEPOSITO_PAGO, "
-                "(SELECT Ct_Automatica FROM Configuracion_Contable WHERE Ct_Codigo = 'BANCO_MOVIMIENTO') AS "
-                "BANCO_MOVIMIENTO{}",
-                Raw{time_column()}));
-    } else if (is_due(check_settings, asked)) {
-        keep(check_settings,
-             query("SELECT (SELECT Ps_Valor FROM Parametro_Sistema WHERE Ps_Nombre = 'TES_MOVIMIENTO_CHEQUE') AS "
-                   "TES_MOVIMIENTO_CHEQUE, "
-                   "(SELECT Ps_Valor FROM Parametro_Sistema WHERE Ps_Nombre = 'TES_MOVIMIENTO_TRANSFERENCIA') AS "
-                   "TES_MOVIMIENTO_TRANSFERENCIA, "
-                   "(SELECT Ct_Automatica FROM Configuracion_Contable WHERE Ct_Codigo = 'CHEQUE') AS CHEQUE, "
-                   "(SELECT Ct_Automatica FROM Configuracion_Contable WHERE Ct_Codigo = 'BANCO_MOVIMIENTO') AS "
-                   "BANCO_MOVIMIENTO{}",
-                   Raw{time_column()}));
+    struct Together {
+        std::span<const Setting> settings;
+        std::string columns;
+    };
+    static const std::array all{
+        Together{start_settings, columns_of(start_settings)}, Together{capture_settings, columns_of(capture_settings)},
+        Together{deposit_settings, columns_of(deposit_settings)}, Together{check_settings, columns_of(check_settings)}};
+    for (const Together& together : all) {
+        if (!is_due(together.settings, asked)) continue;
+        return keep(together.settings, query("SELECT {}{}", Raw{together.columns}, Raw{time_column()}));
     }
 }
 
